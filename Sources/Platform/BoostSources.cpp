@@ -1,0 +1,3 @@
+// The compiled parts of Boost, from its headers; built only where its libraries cannot be linked.
+
+#include <boost/url/src.hpp>

@@ -1,0 +1,92 @@
+#pragma once
+
+#include <array>
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
+
+namespace Rellinor {
+
+/// 64 bytes at a time, compared in parallel: a set of bytes becomes a word with one bit for each, the
+/// first byte's bit lowest. This one works on any machine, eight bytes to a step.
+class PortableByteBlock {
+public:
+    static constexpr std::size_t size = 64;
+
+    /// @param bytes  64 of them
+    explicit PortableByteBlock(const char* bytes) noexcept {
+        std::memcpy(_words.data(), bytes, size);
+        if constexpr (std::endian::native == std::endian::big) {
+            for (std::uint64_t& word : _words) {
+                word = __builtin_bswap64(word);
+            }
+        }
+    }
+
+    /// Which bytes are the character.
+    [[nodiscard]] std::uint64_t equalTo(char character) const noexcept {
+        const std::uint64_t wanted = ones * static_cast<unsigned char>(character);
+        std::uint64_t mask = 0;
+        for (std::size_t index = 0; index < _words.size(); ++index) {
+            const std::uint64_t difference = _words[index] ^ wanted;
+            // The high bit of each byte that differs in no bit.
+            const std::uint64_t equal =
+                ~(((difference & ~highBits) + ~highBits) | difference | ~highBits);
+            // The multiplication gathers the eight of them in the topmost byte.
+            mask |= ((equal >> 7U) * 0x0102040810204080U >> 56U) << (8 * index);
+        }
+        return mask;
+    }
+
+private:
+    static constexpr std::uint64_t ones = 0x0101010101010101U;
+    static constexpr std::uint64_t highBits = 0x80U * ones;
+
+    std::array<std::uint64_t, 8> _words;
+};
+
+#if defined(__SSE2__)
+
+/// The same on x86-64, sixteen bytes to a step.
+class SSE2ByteBlock {
+public:
+    static constexpr std::size_t size = 64;
+
+    /// @param bytes  64 of them
+    explicit SSE2ByteBlock(const char* bytes) noexcept {
+        std::memcpy(_parts.data(), bytes, size);
+    }
+
+    /// Which bytes are the character.
+    [[nodiscard]] std::uint64_t equalTo(char character) const noexcept {
+        const __m128i wanted = ::_mm_set1_epi8(character);
+        std::uint64_t mask = 0;
+        for (std::size_t index = 0; index < _parts.size(); ++index) {
+            const int equal = ::_mm_movemask_epi8(::_mm_cmpeq_epi8(_parts[index].bytes, wanted));
+            mask |= std::uint64_t{static_cast<std::uint16_t>(equal)} << (16 * index);
+        }
+        return mask;
+    }
+
+private:
+    struct Part {
+        __m128i bytes;
+    };
+
+    std::array<Part, 4> _parts;
+};
+
+using ByteBlock = SSE2ByteBlock;
+
+#else
+
+using ByteBlock = PortableByteBlock;
+
+#endif
+
+} // namespace Rellinor

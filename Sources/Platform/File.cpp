@@ -1,0 +1,86 @@
+#include "Platform/File.hpp"
+
+#include <algorithm>
+#include <cerrno>
+#include <string>
+#include <utility>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace Rellinor {
+
+namespace {
+
+class FileDescriptor {
+public:
+    explicit FileDescriptor(int descriptor) noexcept : _descriptor(descriptor) {}
+
+    FileDescriptor(const FileDescriptor&) = delete;
+    FileDescriptor& operator=(const FileDescriptor&) = delete;
+
+    ~FileDescriptor() {
+        if (isOpen()) {
+            ::close(_descriptor);
+        }
+    }
+
+    [[nodiscard]] bool isOpen() const noexcept { return _descriptor >= 0; }
+
+    [[nodiscard]] int get() const noexcept { return _descriptor; }
+
+private:
+    int _descriptor;
+};
+
+/// The longest read that every platform accepts in one call is a little under 2 GiB.
+constexpr std::size_t longestRead = std::size_t{1} << 30U;
+
+/// Reads up to `target.size()` bytes; 0 at the end of the file, negative on failure.
+ssize_t readSome(const FileDescriptor& file, std::span<char> target) noexcept {
+    ssize_t count = 0;
+    do {
+        count = ::read(file.get(), target.data(), std::min(target.size(), longestRead));
+    } while (count < 0 && errno == EINTR);
+    return count;
+}
+
+void grow(FileContents& contents) {
+    FileContents larger{.buffer = WipedBuffer(contents.buffer.size() * 2), .size = contents.size};
+    std::ranges::copy(contents.bytes(), larger.bytes().begin());
+    std::swap(contents, larger);
+}
+
+} // namespace
+
+std::optional<FileContents> readFile(std::string_view path) {
+    if (path.contains('\0')) {
+        return std::nullopt; // cut at its NUL, the path would name another file
+    }
+    // Without O_NONBLOCK, opening a pipe would wait for its writer.
+    const FileDescriptor file(
+        ::open(std::string(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)); // NOLINT(*-vararg)
+    struct stat status{};
+    if (!file.isOpen() || ::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode)) {
+        return std::nullopt;
+    }
+
+    // One byte more than the file holds, so that its end shows without growing the buffer.
+    FileContents contents{.buffer = WipedBuffer(static_cast<std::size_t>(status.st_size) + 1)};
+    for (;;) {
+        if (contents.size == contents.buffer.size()) {
+            grow(contents);
+        }
+        const ssize_t count = readSome(file, contents.buffer.bytes().subspan(contents.size));
+        if (count < 0) {
+            return std::nullopt;
+        }
+        if (count == 0) {
+            return contents;
+        }
+        contents.size += static_cast<std::size_t>(count);
+    }
+}
+
+} // namespace Rellinor

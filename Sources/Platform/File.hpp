@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <span>
+#include <string_view>
+
+#include "Platform/WipedBuffer.hpp"
+
+namespace Rellinor {
+
+/// The bytes of a file, as they were read.
+struct FileContents {
+    WipedBuffer buffer;
+    std::size_t size = 0; ///< how much of the buffer the file filled
+
+    [[nodiscard]] std::span<char> bytes() noexcept { return buffer.bytes().first(size); }
+};
+
+/// Reads the whole regular file at `path`, following links.
+///
+/// Absent if there is none, or it is a folder, device, pipe or socket, or it may not or cannot be
+/// read to its end. Never waits for a writer. The file may change its size meanwhile; what is read
+/// up to its end then counts.
+///
+/// @throws std::bad_alloc
+[[nodiscard]] std::optional<FileContents> readFile(std::string_view path);
+
+} // namespace Rellinor

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include <Rellinor/Export.hpp>
+
+namespace Rellinor {
+
+/// Where a file or folder is.
+class RELLINOR_PUBLIC URL {
+public:
+    /// The location of the file or folder at `path`, which need not exist.
+    ///
+    /// A relative path is taken from the current folder at the time of the call. Nothing is looked
+    /// up, resolved or shortened: "." and "..", links and repeated slashes stay as they are.
+    ///
+    /// @throws std::filesystem::filesystem_error  `path` is relative and there is no current folder
+    [[nodiscard]] static URL fileURLWithPath(std::string_view path);
+
+    /// The path, decoded, without a trailing slash (but "/" stays).
+    [[nodiscard]] std::string_view path() const noexcept;
+
+    /// The URL as a text, for example "file:///Users/ann/a%20b.csv". Every byte of the path except
+    /// ASCII letters, digits and `! $ & ' ( ) * + , - . / : = @ _ ~` is percent-encoded.
+    [[nodiscard]] std::string absoluteString() const;
+
+private:
+    explicit URL(std::string path) noexcept;
+
+    std::string _path;
+};
+
+} // namespace Rellinor

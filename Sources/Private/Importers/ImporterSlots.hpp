@@ -1,0 +1,15 @@
+#pragma once
+
+#include <optional>
+
+#include "Private/Importers/LastPass/LastPassImporter.hpp"
+
+namespace Rellinor {
+
+/// The importers of a `RecordsImporter`. Each is created at the first import from its source, stays
+/// to the end, and so carries its state from one import to the next.
+struct ImporterSlots {
+    std::optional<LastPassImporter> lastPassImporter;
+};
+
+} // namespace Rellinor

@@ -1,0 +1,83 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+#include "Platform/Fault.hpp"
+
+namespace Rellinor {
+
+/// The columns of a LastPass export.
+enum class LastPassRecordKey : std::uint8_t {
+    url,
+    username,
+    password,
+    extra,
+    name,
+    grouping,
+    favorite,
+};
+
+/// All columns, in their order.
+inline constexpr std::array allLastPassRecordKeys = {
+    LastPassRecordKey::url,   LastPassRecordKey::username, LastPassRecordKey::password,
+    LastPassRecordKey::extra, LastPassRecordKey::name,     LastPassRecordKey::grouping,
+    LastPassRecordKey::favorite,
+};
+
+/// The name of a column as it stands in the file.
+[[nodiscard]] constexpr std::string_view rawValue(LastPassRecordKey key) noexcept {
+    switch (key) {
+        using enum LastPassRecordKey;
+    case url:
+        return "url";
+    case username:
+        return "username";
+    case password:
+        return "password";
+    case extra:
+        return "extra";
+    case name:
+        return "name";
+    case grouping:
+        return "grouping";
+    case favorite:
+        return "fav";
+    }
+    fault();
+}
+
+/// The kinds of row in a LastPass export.
+enum class LastPassRecordType : std::uint8_t {
+    login,
+    secureNote,
+};
+
+/// The columns that decide whether a login carries anything.
+inline constexpr std::array telltaleLoginColumns = {
+    LastPassRecordKey::url,
+    LastPassRecordKey::username,
+    LastPassRecordKey::password,
+    LastPassRecordKey::name,
+};
+
+/// The columns that decide whether a secure note carries anything.
+inline constexpr std::array telltaleSecureNoteColumns = {
+    LastPassRecordKey::name,
+    LastPassRecordKey::extra,
+};
+
+/// The columns that decide whether a row of a kind carries anything.
+[[nodiscard]] constexpr std::span<const LastPassRecordKey> keys(LastPassRecordType type) noexcept {
+    switch (type) {
+    case LastPassRecordType::login:
+        return telltaleLoginColumns;
+    case LastPassRecordType::secureNote:
+        return telltaleSecureNoteColumns;
+    }
+    fault();
+}
+
+} // namespace Rellinor

@@ -1,0 +1,34 @@
+#include "Private/Importers/ThrownError.hpp"
+
+#include <new>
+#include <utility>
+
+#include "Private/Extensions/String.hpp"
+
+namespace Rellinor {
+
+namespace {
+
+constexpr NSError unexpected(UnexpectedError error) noexcept {
+    return {"Rellinor.UnexpectedError", std::to_underlying(error)};
+}
+
+} // namespace
+
+NSError thrownError() noexcept {
+    try {
+        throw;
+    } catch (const NSError& error) {
+        return error;
+    } catch (const LibraryError& error) {
+        return {error.domain(), error.code()};
+    } catch (const TextError&) {
+        return {"Rellinor.TextError", 1}; // Quirk: the message text is lost on purpose.
+    } catch (const std::bad_alloc&) {
+        return unexpected(UnexpectedError::outOfMemory);
+    } catch (...) {
+        return unexpected(UnexpectedError::other);
+    }
+}
+
+} // namespace Rellinor

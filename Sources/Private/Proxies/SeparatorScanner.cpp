@@ -1,0 +1,42 @@
+#include "Private/Proxies/SeparatorScanner.hpp"
+
+#include <array>
+#include <cstring>
+
+#include "Platform/ByteBlock.hpp"
+
+namespace Rellinor {
+
+namespace {
+
+/// For each bit, the parity of the bits up to and including it.
+constexpr std::uint64_t prefixParity(std::uint64_t bits) noexcept {
+    for (unsigned shift = 1; shift < 64; shift *= 2) {
+        bits ^= bits << shift;
+    }
+    return bits;
+}
+
+/// The block that a text begins with, filled up with NULs, which separate nothing, at its end.
+ByteBlock firstBlock(std::string_view text) noexcept {
+    if (text.size() >= ByteBlock::size) {
+        return ByteBlock(text.data());
+    }
+    std::array<char, ByteBlock::size> padded{};
+    std::memcpy(padded.data(), text.data(), text.size());
+    return ByteBlock(padded.data());
+}
+
+} // namespace
+
+void SeparatorScanner::scanNextBlock() noexcept {
+    static_assert(blockSize == ByteBlock::size);
+
+    const ByteBlock block = firstBlock(_text.substr(_nextBlock));
+    const std::uint64_t insideQuotes = prefixParity(block.equalTo('"')) ^ _insideQuotes;
+    _separators = (block.equalTo(',') | block.equalTo('\n')) & ~insideQuotes;
+    _insideQuotes = std::uint64_t{0} - (insideQuotes >> (blockSize - 1));
+    _nextBlock += blockSize;
+}
+
+} // namespace Rellinor

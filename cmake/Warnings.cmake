@@ -1,0 +1,28 @@
+# Warnings for our own targets. They never reach a consumer: link Rellinor::Warnings privately.
+
+option(RELLINOR_WARNINGS_AS_ERRORS "Turn warnings of our own code into errors" ${PROJECT_IS_TOP_LEVEL})
+
+add_library(RellinorWarnings INTERFACE)
+add_library(Rellinor::Warnings ALIAS RellinorWarnings)
+
+target_compile_options(RellinorWarnings INTERFACE
+    -Wall
+    -Wextra
+    -Wpedantic
+    -Wcast-align
+    -Wcast-qual
+    -Wconversion
+    -Wdouble-promotion
+    -Wformat=2
+    -Wimplicit-fallthrough
+    -Wnon-virtual-dtor
+    -Wnull-dereference
+    -Wold-style-cast
+    -Woverloaded-virtual
+    -Wshadow
+    -Wsign-conversion
+    -Wundef
+    -Wunused
+    $<$<CXX_COMPILER_ID:GNU>:-Wduplicated-branches -Wduplicated-cond -Wlogical-op -Wuseless-cast>
+    $<$<CXX_COMPILER_ID:Clang,AppleClang>:-Wextra-semi -Wnewline-eof -Wunreachable-code>
+    $<$<BOOL:${RELLINOR_WARNINGS_AS_ERRORS}>:-Werror>)
