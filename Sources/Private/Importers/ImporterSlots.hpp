@@ -2,6 +2,8 @@
 
 #include <optional>
 
+#include <Rellinor/RecordsImporting.hpp>
+
 #include "Private/Importers/LastPass/LastPassImporter.hpp"
 
 namespace Rellinor {
@@ -10,6 +12,9 @@ namespace Rellinor {
 /// to the end, and so carries its state from one import to the next.
 struct ImporterSlots {
     std::optional<LastPassImporter> lastPassImporter;
+
+    /// Imports with the importer of `source`.
+    void records(const URL& url, ImportSource source, const RecordsCompletion& onComplete);
 };
 
 } // namespace Rellinor

@@ -42,10 +42,11 @@ public:
     [[nodiscard]] CSVKeyedRecords
     keyedRecords(std::span<const CSVHeader> expectedHeaders) override;
 
-private:
-    /// Rewrites a text in place so that rows can be cut from it; returns how much of it is left.
+    /// Rewrites escaped quotes and line ends of a text in place, so that a `CSVCursor` can cut rows
+    /// from it; returns how much of it is left.
     [[nodiscard]] static std::string_view parseFileData(std::span<char> text) noexcept;
 
+private:
     URL _fileURL;
     ImportMemory& _memory;
     std::optional<std::span<char>> _fileData;

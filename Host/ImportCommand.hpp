@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdint>
+#include <iosfwd>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <Rellinor/Models/ImportSource.hpp>
+
+namespace Rellinor::Host {
+
+/// How the records are shown.
+enum class Format : std::uint8_t {
+    summary,
+    table,
+    json,
+};
+
+/// The format of that name; absent if there is none.
+[[nodiscard]] std::optional<Format> formatNamed(std::string_view name);
+
+/// What the command line asks of an import.
+struct ImportOptions {
+    ImportSource source = ImportSource::lastPass;
+    Format format = Format::summary;
+    bool reveal = false;
+    bool keepImporter = false;
+    std::vector<std::string> paths;
+};
+
+/// Imports every path in order, and shows the records on `out` and one line for each failure on
+/// `errors`. Returns the exit status.
+[[nodiscard]] int import(const ImportOptions& options, std::ostream& out, std::ostream& errors);
+
+} // namespace Rellinor::Host

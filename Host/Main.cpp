@@ -1,0 +1,99 @@
+// The command-line host: reads the command line and calls the command.
+
+#include <cstdlib>
+#include <exception>
+#include <iostream>
+#include <string>
+#include <string_view>
+
+#include <CLI/CLI.hpp>
+
+#include "Host/DisplayText.hpp"
+#include "Host/ExitStatus.hpp"
+#include "Host/ImportCommand.hpp"
+#include "Host/Source.hpp"
+
+namespace {
+
+using namespace Rellinor::Host; // NOLINT(google-build-using-namespace)
+
+/// Fails unless `parsed` knows the word; the message says where to look.
+CLI::Validator knownTo(auto parsed, const std::string& hint) {
+    return {[parsed, hint](const std::string& word) {
+                return parsed(word) ? std::string() : "\"" + word + "\" is not known; " + hint;
+            },
+            ""};
+}
+
+/// The words of the command line that stand for something else.
+struct Words {
+    std::string source;
+    std::string format = "summary";
+};
+
+void addImport(CLI::App& app, ImportOptions& options, Words& words) {
+    CLI::App* command = app.add_subcommand("import", "Import files and show what they hold");
+    command->add_option("--source", words.source, "The product that wrote the files")
+        ->required()
+        ->type_name("SOURCE")
+        ->check(knownTo(sourceNamed, "rellinor sources lists the sources"));
+    command
+        ->add_option("--format", words.format,
+                     "summary: counts for each path; table: aligned, for people; "
+                     "json: one line for each path")
+        ->type_name("FORMAT")
+        ->capture_default_str()
+        ->check(knownTo(formatNamed, "the formats are summary, table and json"));
+    command->add_flag("--reveal", options.reveal,
+                      "Show passwords, card numbers, CVV and PIN instead of masking them");
+    command->add_flag("--keep-importer", options.keepImporter,
+                      "Use one importer for all paths instead of a fresh one for each");
+    command->add_option("PATH", options.paths, "The files to import")
+        ->required()
+        ->type_name("");
+}
+
+int run(int argc, char* argv[]) {
+    CLI::App app("Imports what other password managers and browsers hold", "rellinor");
+    app.set_version_flag("--version", "rellinor " RELLINOR_VERSION);
+    app.require_subcommand(1);
+    ImportOptions options;
+    Words words;
+    addImport(app, options, words);
+    app.add_subcommand("sources", "List the sources");
+    app.failure_message([](const CLI::App* /*app*/, const CLI::Error& error) {
+        return "rellinor: " + displayText(error.what()) + " (rellinor --help tells more)\n";
+    });
+
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? ExitStatus::success : ExitStatus::wrongUsage;
+    }
+
+    if (app.got_subcommand("sources")) {
+        listSources(std::cout);
+    }
+    int status = ExitStatus::success;
+    if (app.got_subcommand("import")) {
+        options.source = *sourceNamed(words.source);
+        options.format = *formatNamed(words.format);
+        status = import(options, std::cout, std::cerr);
+    }
+    if (!std::cout.flush()) {
+        std::cerr << "rellinor: the output could not be written\n";
+        return ExitStatus::unwritableOutput;
+    }
+    return status;
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    try {
+        return run(argc, argv);
+    } catch (const std::exception& exception) {
+        std::cerr << "rellinor: " << displayText(exception.what()) << '\n';
+        return ExitStatus::wrongUsage;
+    }
+}
