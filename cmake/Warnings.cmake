@@ -16,7 +16,6 @@ target_compile_options(RellinorWarnings INTERFACE
     -Wformat=2
     -Wimplicit-fallthrough
     -Wnon-virtual-dtor
-    -Wnull-dereference
     -Wold-style-cast
     -Woverloaded-virtual
     -Wshadow

@@ -1,0 +1,281 @@
+// The command-line host, run as a process.
+
+#include <algorithm>
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "Tests/Support/Process.hpp"
+#include "Tests/Support/TemporaryFolder.hpp"
+
+namespace Rellinor::Tests {
+
+namespace {
+
+constexpr std::string_view header = "url,username,password,extra,name,grouping,fav\n";
+
+Ended rellinor(std::vector<std::string> arguments) {
+    return run(RELLINOR_TOOL, std::move(arguments));
+}
+
+std::ptrdiff_t linesIn(std::string_view text) {
+    return std::ranges::count(text, '\n');
+}
+
+class HostTest : public testing::Test {
+protected:
+    std::string lastPassExport(std::string_view rows, std::string_view name = "export.csv") const {
+        return _folder.file(name, std::string(header) + std::string(rows));
+    }
+
+    [[nodiscard]] const TemporaryFolder& folder() const { return _folder; }
+
+    /// The import of `path` fails, with one line of error and nothing else.
+    static void expectFailure(const std::string& path) {
+        for (const std::string format : {"summary", "table", "json"}) {
+            const Ended ended =
+                rellinor({"import", "--source", "lastPass", "--format", format, path});
+            EXPECT_EQ(ended.status, 1) << path;
+            EXPECT_EQ(ended.errors,
+                      "rellinor: " + path +
+                          ": not imported as lastPass: The operation couldn\u2019t be completed. "
+                          "(Rellinor.TextError error 1.)\n");
+            EXPECT_EQ(ended.out, format == "json"
+                                     ? "{\"error\":{\"domain\":\"Rellinor.TextError\",\"code\":1}}\n"
+                                     : "");
+        }
+    }
+
+private:
+    TemporaryFolder _folder;
+};
+
+// import
+
+TEST_F(HostTest, showsTheCountsByDefault) {
+    const std::string path = lastPassExport("https://a.example,ann,one,,Mail,,0\n"
+                                            "https://b.example,bob,two,,Bank,,0\n"
+                                            "http://sn,,,text,Wi-Fi,,0\n");
+    const Ended ended = rellinor({"import", "--source", "lastPass", path});
+    EXPECT_EQ(ended.status, 0);
+    EXPECT_EQ(ended.out, path + ": 2 passwords, 1 note, 0 cards\n");
+    EXPECT_EQ(ended.errors, "");
+}
+
+TEST_F(HostTest, knowsTheSourceInAnyCase) {
+    const std::string path = lastPassExport("");
+    for (const std::string source : {"lastPass", "lastpass", "LASTPASS"}) {
+        EXPECT_EQ(rellinor({"import", "--source", source, path}).status, 0) << source;
+    }
+}
+
+TEST_F(HostTest, writesEveryFieldAsJSONAndMasksPasswords) {
+    const std::string path = lastPassExport("https://a.example,ann,one,,Mail,,0\n"
+                                            "http://sn,,,\"two\nlines\",\"\"\"Wi-Fi\"\"\",,0\n");
+    const Ended ended =
+        rellinor({"import", "--source", "lastPass", "--format", "json", path});
+    EXPECT_EQ(ended.status, 0);
+    EXPECT_EQ(ended.out,
+              R"({"passwords":[{"username":"ann","password":"********","url":"https://a.example",)"
+              R"("service":"Mail","color":null,"note":null,"pwdChange":null}],)"
+              R"("notes":[{"color":null,"title":"\"\"Wi-Fi\"\"","content":"two\nlines"}],)"
+              R"("cards":[]})"
+              "\n");
+}
+
+TEST_F(HostTest, revealsPasswordsOnlyWhenAsked) {
+    const std::string path = lastPassExport("https://a.example,ann,s3cret,,Mail,,0\n");
+    for (const std::string format : {"summary", "table", "json"}) {
+        const std::vector<std::string> arguments = {"import",   "--source", "lastPass",
+                                                    "--format", format,     path};
+        EXPECT_FALSE(rellinor(arguments).out.contains("s3cret")) << format;
+        std::vector<std::string> revealing = arguments;
+        revealing.insert(revealing.begin() + 1, "--reveal");
+        EXPECT_EQ(rellinor(revealing).out.contains("s3cret"), format != "summary") << format;
+    }
+}
+
+TEST_F(HostTest, doesNotTellTheLengthOfAPassword) {
+    const std::string one = lastPassExport("https://a.example,ann,1,,Mail,,0\n", "one.csv");
+    const std::string two = lastPassExport("https://a.example,ann,12345678901,,Mail,,0\n", "two.csv");
+    const auto json = [](const std::string& path) {
+        return rellinor({"import", "--source", "lastPass", "--format", "json", path}).out;
+    };
+    EXPECT_EQ(json(one), json(two));
+}
+
+TEST_F(HostTest, alignsATableByDisplayWidth) {
+    const std::string path = lastPassExport("https://a.example,ann,one,,漢字,,0\n"
+                                            "https://b.example,bob,two,,Grüße,,0\n"
+                                            "http://sn,,,\"a\nb\",Wi-Fi,,0\n");
+    const Ended ended =
+        rellinor({"import", "--source", "lastPass", "--format", "table", path});
+    EXPECT_EQ(ended.status, 0);
+    EXPECT_EQ(ended.out, path + "\n"
+                                "\n"
+                                "Passwords (2)\n"
+                                "  SERVICE  USERNAME  PASSWORD  URL                NOTE\n"
+                                "  -------  --------  --------  -----------------  ----\n"
+                                "  漢字     ann       ********  https://a.example  -\n"
+                                "  Grüße    bob       ********  https://b.example  -\n"
+                                "\n"
+                                "Notes (1)\n"
+                                "  TITLE  CONTENT\n"
+                                "  -----  -------\n"
+                                "  Wi-Fi  a␊b\n"
+                                "\n");
+}
+
+TEST_F(HostTest, saysSoInATableWithoutRecords) {
+    const std::string path = lastPassExport("");
+    EXPECT_EQ(rellinor({"import", "--source", "lastPass", "--format", "table", path}).out,
+              path + "\n\nno records\n\n");
+}
+
+TEST_F(HostTest, sendsNoControlCharacterToTheTerminal) {
+    const std::string path = lastPassExport("https://a.example,\x1B[31mann,one,,Ma\ail,,0\n");
+    EXPECT_FALSE(
+        rellinor({"import", "--source", "lastPass", "--format", "table", path}).out.contains('\x1B'));
+}
+
+TEST_F(HostTest, importsSeveralPathsInOrderAndGoesOnAfterAFailure) {
+    const std::string first = lastPassExport("https://a.example,ann,one,,Mail,,0\n", "first.csv");
+    const std::string second = lastPassExport("http://sn,,,text,Wi-Fi,,0\n", "second.csv");
+    for (const bool keep : {false, true}) {
+        std::vector<std::string> arguments = {"import", "--source",           "lastPass",
+                                              first,    folder() / "missing", second};
+        if (keep) {
+            arguments.insert(arguments.begin() + 1, "--keep-importer");
+        }
+        const Ended ended = rellinor(arguments);
+        EXPECT_EQ(ended.status, 1);
+        EXPECT_EQ(ended.out, first + ": 1 password, 0 notes, 0 cards\n" + second +
+                                 ": 0 passwords, 1 note, 0 cards\n");
+        EXPECT_EQ(linesIn(ended.errors), 1);
+    }
+}
+
+TEST_F(HostTest, writesOneLineOfJSONForEachPathInOrder) {
+    const std::string path = lastPassExport("");
+    const Ended ended = rellinor({"import", "--source", "lastPass", "--format", "json", path,
+                                  folder() / "missing", path});
+    const std::string empty = "{\"passwords\":[],\"notes\":[],\"cards\":[]}\n";
+    EXPECT_EQ(ended.status, 1);
+    EXPECT_EQ(ended.out,
+              empty + "{\"error\":{\"domain\":\"Rellinor.TextError\",\"code\":1}}\n" + empty);
+}
+
+// Bad input
+
+TEST_F(HostTest, failsClearlyForAMissingFile) {
+    expectFailure(folder() / "missing");
+}
+
+TEST_F(HostTest, failsClearlyForAFolder) {
+    expectFailure(folder().path());
+}
+
+TEST_F(HostTest, failsClearlyForAnEmptyFile) {
+    expectFailure(folder().file("empty", ""));
+}
+
+TEST_F(HostTest, failsClearlyForABlankFile) {
+    expectFailure(folder().file("blank", " \n\t\n\n"));
+}
+
+TEST_F(HostTest, failsClearlyForALatin1File) {
+    expectFailure(lastPassExport("https://a.example,caf\xE9,one,,Mail,,0\n"));
+}
+
+TEST_F(HostTest, failsClearlyForEightColumns) {
+    expectFailure(folder().file("eight", "url,username,password,extra,name,grouping,fav,totp\n"));
+}
+
+TEST_F(HostTest, namesAnOddPathOnOneLine) {
+    const Ended ended = rellinor({"import", "--source", "lastPass", folder() / "a\nb\x1B"});
+    EXPECT_EQ(ended.status, 1);
+    EXPECT_EQ(linesIn(ended.errors), 1);
+    EXPECT_TRUE(ended.errors.contains("a␊b␛")) << ended.errors;
+}
+
+TEST_F(HostTest, sayThatASourceIsNotAvailableYet) {
+    const Ended ended = rellinor({"import", "--source", "chrome", lastPassExport("")});
+    EXPECT_EQ(ended.status, 1);
+    EXPECT_TRUE(ended.errors.contains("Rellinor.UnavailableSourceError")) << ended.errors;
+}
+
+// Wrong usage
+
+TEST_F(HostTest, rejectsWrongUsage) {
+    const std::string path = lastPassExport("");
+    const std::vector<std::vector<std::string>> wrong = {
+        {},
+        {"import"},
+        {"import", path},
+        {"import", "--source", "lastPass"},
+        {"import", "--source", "unknown", path},
+        {"import", "--source", "lastPass", "--format", "xml", path},
+        {"import", "--source", "lastPass", "--unknown", path},
+        {"unknown"},
+        {"--unknown"},
+    };
+    for (const auto& arguments : wrong) {
+        const Ended ended = rellinor(arguments);
+        EXPECT_EQ(ended.status, 2) << testing::PrintToString(arguments);
+        EXPECT_EQ(ended.out, "") << testing::PrintToString(arguments);
+        EXPECT_EQ(linesIn(ended.errors), 1) << ended.errors;
+        EXPECT_TRUE(ended.errors.starts_with("rellinor: ")) << ended.errors;
+    }
+}
+
+TEST_F(HostTest, saysSoIfTheOutputCannotBeWritten) {
+    if (!std::filesystem::exists("/dev/full")) {
+        GTEST_SKIP() << "there is no full device here";
+    }
+    const Ended ended =
+        run(RELLINOR_TOOL, {"import", "--source", "lastPass", lastPassExport("")}, "/dev/full");
+    EXPECT_EQ(ended.status, 2);
+    EXPECT_EQ(ended.errors, "rellinor: the output could not be written\n");
+}
+
+// The rest
+
+TEST_F(HostTest, listsTheSourcesInTheirOrder) {
+    const Ended ended = rellinor({"sources"});
+    EXPECT_EQ(ended.status, 0);
+    std::size_t from = 0;
+    for (const std::string_view source : {"chrome ", "lastPass ", "dashlane ", "onePassword ",
+                                          "tirel ", "keePass ", "keePassXC ", "firefox "}) {
+        const std::size_t found = ended.out.find(source, from);
+        EXPECT_NE(found, std::string::npos) << source << "is missing, or not in its place";
+        from = found;
+    }
+    EXPECT_EQ(linesIn(ended.out), 8);
+}
+
+TEST_F(HostTest, tellsItsVersionAndItsUsage) {
+    const Ended version = rellinor({"--version"});
+    EXPECT_EQ(version.status, 0);
+    EXPECT_TRUE(version.out.starts_with("rellinor ")) << version.out;
+
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{"--help"}, std::vector<std::string>{"import", "--help"}}) {
+        const Ended help = rellinor(arguments);
+        EXPECT_EQ(help.status, 0);
+        EXPECT_TRUE(help.out.contains("Usage: rellinor")) << help.out;
+    }
+}
+
+TEST_F(HostTest, importsTheSampleExport) {
+    const Ended ended = rellinor(
+        {"import", "--source", "lastPass", RELLINOR_EXAMPLES "/LastPass/export.csv"});
+    EXPECT_EQ(ended.status, 0);
+    EXPECT_EQ(ended.out, RELLINOR_EXAMPLES "/LastPass/export.csv: 12 passwords, 4 notes, 0 cards\n");
+}
+
+} // namespace
+
+} // namespace Rellinor::Tests

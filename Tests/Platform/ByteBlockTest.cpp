@@ -1,0 +1,55 @@
+#include "Platform/ByteBlock.hpp"
+
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "Tests/Support/RandomText.hpp"
+
+namespace Rellinor::Tests {
+
+namespace {
+
+template <typename Block>
+class ByteBlockTest : public testing::Test {};
+
+using Blocks = testing::Types<PortableByteBlock, ByteBlock>;
+TYPED_TEST_SUITE(ByteBlockTest, Blocks);
+
+std::uint64_t bitsOneByOne(const std::string& bytes, char character) {
+    std::uint64_t bits = 0;
+    for (std::size_t index = 0; index < bytes.size(); ++index) {
+        bits |= std::uint64_t{bytes[index] == character} << index;
+    }
+    return bits;
+}
+
+TYPED_TEST(ByteBlockTest, findsEveryByteValueAtEveryPlace) {
+    for (int value = 0; value < 256; ++value) {
+        const char character = static_cast<char>(value);
+        for (std::size_t place = 0; place < 64; ++place) {
+            std::string bytes(64, static_cast<char>(value + 1));
+            bytes[place] = character;
+            EXPECT_EQ(TypeParam(bytes.data()).equalTo(character), std::uint64_t{1} << place)
+                << "byte " << value << " at " << place;
+        }
+    }
+}
+
+TYPED_TEST(ByteBlockTest, agreesWithALoopOverRandomBytes) {
+    RandomText random(7);
+    for (int round = 0; round < 2000; ++round) {
+        std::string bytes(64, '\0');
+        for (char& byte : bytes) {
+            // Few values, among them neighbours and such as differ in the high bit alone.
+            byte = std::string_view("\"#!\xA2,\n\0\xFF", 8)[random.below(8)];
+        }
+        for (const char character : {'"', ',', '\n', '\0', '\xA2'}) {
+            EXPECT_EQ(TypeParam(bytes.data()).equalTo(character), bitsOneByOne(bytes, character));
+        }
+    }
+}
+
+} // namespace
+
+} // namespace Rellinor::Tests

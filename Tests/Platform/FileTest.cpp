@@ -1,0 +1,123 @@
+#include "Platform/File.hpp"
+
+#include <algorithm>
+#include <filesystem>
+#include <string>
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include "Tests/Support/TemporaryFolder.hpp"
+
+namespace Rellinor::Tests {
+
+namespace {
+
+std::optional<std::string> textAt(const std::string& path) {
+    auto contents = readFile(path);
+    if (!contents) {
+        return std::nullopt;
+    }
+    const auto bytes = contents->bytes();
+    return std::string(bytes.begin(), bytes.end());
+}
+
+TEST(FileTest, readsAWholeFile) {
+    const TemporaryFolder folder;
+    std::string text(3'000'000, 'x');
+    text[2'999'999] = 'y';
+    EXPECT_EQ(textAt(folder.file("file", text)), text);
+}
+
+TEST(FileTest, readsAnEmptyFileAsEmpty) {
+    const TemporaryFolder folder;
+    EXPECT_EQ(textAt(folder.file("file", "")), "");
+}
+
+TEST(FileTest, followsLinks) {
+    const TemporaryFolder folder;
+    std::filesystem::create_symlink(folder.file("file", "text"), folder / "link");
+    EXPECT_EQ(textAt(folder / "link"), "text");
+}
+
+TEST(FileTest, readsOnWhenTheFileIsLargerThanItSaid) {
+    if (!std::filesystem::exists("/proc/self/stat")) {
+        GTEST_SKIP() << "no file here tells a size of zero and holds something";
+    }
+    const auto text = textAt("/proc/self/stat"); // tells a size of zero
+    ASSERT_TRUE(text);
+    EXPECT_FALSE(text->empty());
+}
+
+TEST(FileTest, isAbsentForAMissingFile) {
+    EXPECT_EQ(textAt(TemporaryFolder() / "missing"), std::nullopt);
+}
+
+TEST(FileTest, isAbsentForAFolder) {
+    EXPECT_EQ(textAt(TemporaryFolder().path()), std::nullopt);
+}
+
+TEST(FileTest, isAbsentForADevice) {
+    EXPECT_EQ(textAt("/dev/null"), std::nullopt);
+    EXPECT_EQ(textAt("/dev/zero"), std::nullopt);
+}
+
+TEST(FileTest, isAbsentForAPipeAndDoesNotWaitForItsWriter) {
+    const TemporaryFolder folder;
+    const std::string path = folder / "pipe";
+    ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
+    EXPECT_EQ(textAt(path), std::nullopt);
+}
+
+TEST(FileTest, isAbsentForASocket) {
+    const TemporaryFolder folder;
+    const std::string path = folder / "socket";
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    std::ranges::copy(path, address.sun_path);
+    const int socket = ::socket(AF_UNIX, SOCK_STREAM, 0);
+    ASSERT_EQ(::bind(socket, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+    EXPECT_EQ(textAt(path), std::nullopt);
+    ::close(socket);
+}
+
+TEST(FileTest, isAbsentForADanglingOrLoopingLink) {
+    const TemporaryFolder folder;
+    std::filesystem::create_symlink(folder / "missing", folder / "dangling");
+    std::filesystem::create_symlink(folder / "loop", folder / "loop");
+    EXPECT_EQ(textAt(folder / "dangling"), std::nullopt);
+    EXPECT_EQ(textAt(folder / "loop"), std::nullopt);
+}
+
+TEST(FileTest, isAbsentForAFileThatMayNotBeRead) {
+    const TemporaryFolder folder;
+    const std::string path = folder.file("file", "text");
+    std::filesystem::permissions(path, std::filesystem::perms::none);
+    const uid_t user = ::geteuid();
+    const uid_t nobody = 65534;
+    if (user == 0) { // root may read anything
+        std::filesystem::permissions(folder.path(), std::filesystem::perms::all);
+        ASSERT_EQ(::seteuid(nobody), 0);
+    }
+    EXPECT_EQ(textAt(path), std::nullopt);
+    if (user == 0) {
+        ASSERT_EQ(::seteuid(user), 0);
+    }
+}
+
+TEST(FileTest, doesNotCutAPathAtItsNUL) {
+    const TemporaryFolder folder;
+    const std::string path = folder.file("file", "text");
+    EXPECT_EQ(textAt(path + '\0' + "more"), std::nullopt);
+}
+
+TEST(FileTest, isAbsentForAnEmptyPath) {
+    EXPECT_EQ(textAt(""), std::nullopt);
+}
+
+} // namespace
+
+} // namespace Rellinor::Tests

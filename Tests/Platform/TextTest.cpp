@@ -1,0 +1,112 @@
+#include "Platform/Text.hpp"
+
+#include <string>
+#include <string_view>
+
+#include <gtest/gtest.h>
+
+namespace Rellinor::Tests {
+
+namespace {
+
+using namespace std::string_view_literals;
+
+// Each alone, and behind and before enough ASCII to reach every way of skipping it.
+bool isUTF8Everywhere(std::string_view bytes) {
+    bool everywhere = isUTF8(bytes);
+    for (std::size_t length = 1; length < 20; ++length) {
+        std::string text(length, 'a');
+        text += bytes;
+        everywhere = everywhere && isUTF8(text);
+        text += std::string(length, 'z');
+        everywhere = everywhere && isUTF8(text);
+    }
+    return everywhere;
+}
+
+bool isUTF8Nowhere(std::string_view bytes) {
+    bool somewhere = isUTF8(bytes);
+    for (std::size_t length = 1; length < 20; ++length) {
+        std::string text(length, 'a');
+        text += bytes;
+        somewhere = somewhere || isUTF8(text);
+        text += std::string(length, 'z');
+        somewhere = somewhere || isUTF8(text);
+    }
+    return !somewhere;
+}
+
+TEST(TextTest, acceptsUTF8) {
+    for (const std::string_view good : {
+             ""sv, "abc"sv, "\0"sv, "\x7F"sv, "\u0080"sv, "é"sv, "\u07FF"sv, "\u0800"sv,
+             "\uD7FF"sv, "\uE000"sv, "\uFEFF"sv, "\uFFFE"sv, "\uFFFF"sv, "\U00010000"sv, "😀"sv,
+             "\U0010FFFF"sv, "漢字かな交じり文"sv}) {
+        EXPECT_TRUE(isUTF8Everywhere(good)) << testing::PrintToString(good);
+    }
+}
+
+TEST(TextTest, rejectsWhatIsNotUTF8) {
+    for (const std::string_view bad : {
+             "\x80"sv,             // a continuation alone
+             "\xBF"sv,
+             "\xC3"sv,             // cut short
+             "\xC3\x28"sv,
+             "\xE2\x82"sv,
+             "\xF0\x9F\x98"sv,
+             "\xC0\x80"sv,         // overlong
+             "\xC1\xBF"sv,
+             "\xE0\x80\x80"sv,
+             "\xE0\x9F\xBF"sv,
+             "\xF0\x80\x80\x80"sv,
+             "\xF0\x8F\xBF\xBF"sv,
+             "\xED\xA0\x80"sv,     // surrogates
+             "\xED\xBF\xBF"sv,
+             "\xF4\x90\x80\x80"sv, // above U+10FFFF
+             "\xF5\x80\x80\x80"sv,
+             "\xFE"sv,
+             "\xFF"sv,
+             "caf\xE9"sv,          // Latin-1
+         }) {
+        EXPECT_TRUE(isUTF8Nowhere(bad)) << testing::PrintToString(bad);
+    }
+}
+
+std::optional<std::string> decoded(std::string bytes) {
+    return decodedText(bytes).transform(
+        [](std::span<char> text) { return std::string(text.begin(), text.end()); });
+}
+
+TEST(TextTest, dropsOneByteOrderMark) {
+    EXPECT_EQ(decoded("\uFEFFa"), "a");
+    EXPECT_EQ(decoded("\uFEFF\uFEFFa"), "\uFEFFa");
+    EXPECT_EQ(decoded("\uFEFF"), "");
+    EXPECT_EQ(decoded("a\uFEFF"), "a\uFEFF");
+    EXPECT_EQ(decoded(""), "");
+}
+
+TEST(TextTest, doesNotDecodeOtherEncodings) {
+    EXPECT_EQ(decoded("caf\xE9"), std::nullopt);
+    EXPECT_EQ(decoded("\xFF\xFE"
+                      "a"),
+              std::nullopt);
+}
+
+TEST(TextTest, knowsBlankTexts) {
+    for (const std::string_view blank :
+         {""sv, " "sv, "\t"sv, " \t \t"sv, "\u00A0"sv, "\u1680"sv, "\u2000\u200A"sv, "\u202F"sv,
+          "\u205F"sv, "\u3000"sv, " \u3000\t"sv}) {
+        EXPECT_TRUE(isBlank(blank)) << testing::PrintToString(blank);
+    }
+}
+
+TEST(TextTest, takesNothingElseForBlank) {
+    for (const std::string_view text :
+         {"a"sv, " a"sv, "a "sv, "\0"sv, "\r"sv, "\n"sv, "\v"sv, "\f"sv, "\u0085"sv, "\u200B"sv,
+          "\u2028"sv, "\u2029"sv, "\u2060"sv, "\uFEFF"sv, "\u180E"sv, "é"sv, " \u3000é"sv}) {
+        EXPECT_FALSE(isBlank(text)) << testing::PrintToString(text);
+    }
+}
+
+} // namespace
+
+} // namespace Rellinor::Tests

@@ -1,0 +1,290 @@
+#include "Private/Importers/Importer.hpp"
+
+#include <filesystem>
+#include <functional>
+#include <new>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "Private/Extensions/String.hpp"
+#include "Tests/Support/Records.hpp"
+
+namespace Rellinor::Tests {
+
+namespace {
+
+/// What a record of the importer under test claims to be and whether it can be built.
+struct RawKind {
+    std::string name = {};
+    bool password = false;
+    bool note = false;
+    bool card = false;
+    bool broken = false;
+};
+
+class TestImporter final : public Importer<TestImporter> {
+public:
+    using RawRecord = RawKind;
+
+    std::function<std::vector<RawKind>()> readRecords;
+
+    std::vector<RawKind> read(const URL& /*url*/, ImportMemory& /*memory*/) const {
+        return readRecords();
+    }
+
+    static bool isPassword(const RawKind& record) { return record.password; }
+
+    static bool isNote(const RawKind& record) { return record.note; }
+
+    static bool isCard(const RawKind& record) { return record.card; }
+
+    Built<ImportedPassword> buildPassword(const RawKind& record) {
+        if (record.broken) {
+            return std::unexpected("broken");
+        }
+        return ImportedPassword(kept(record), "", "", std::nullopt, std::nullopt, std::nullopt,
+                                std::nullopt);
+    }
+
+    Built<ImportedNote> buildNote(const RawKind& record) {
+        if (record.broken) {
+            return std::unexpected("broken");
+        }
+        return ImportedNote(std::nullopt, kept(record), "");
+    }
+
+    Built<ImportedCard> buildCard(const RawKind& record) {
+        if (record.broken) {
+            return std::unexpected("broken");
+        }
+        return ImportedCard("", kept(record), "", "", "", "", 0, 0, 0);
+    }
+
+private:
+    std::string_view kept(const RawKind& record) {
+        return *_names.emplace_back(std::make_unique<std::string>(record.name));
+    }
+
+    std::vector<std::unique_ptr<std::string>> _names;
+};
+
+Outcome import(std::function<std::vector<RawKind>()> readRecords) {
+    TestImporter importer;
+    importer.readRecords = std::move(readRecords);
+    std::optional<Outcome> outcome;
+    importer.records(URL::fileURLWithPath("/"), [&](const RecordsResult& result) {
+        EXPECT_FALSE(outcome) << "the completion was called twice";
+        outcome = copyOf(result);
+    });
+    EXPECT_TRUE(outcome) << "the completion was not called";
+    return outcome.value_or(Outcome{});
+}
+
+Outcome import(const std::vector<RawKind>& records) {
+    return import([&] { return records; });
+}
+
+template <typename Thrown>
+Outcome importThrowing(const Thrown& thrown) {
+    return import([&]() -> std::vector<RawKind> { throw thrown; });
+}
+
+std::vector<std::string> titles(const std::vector<Note>& notes) {
+    std::vector<std::string> titles;
+    for (const Note& note : notes) {
+        titles.push_back(note.title);
+    }
+    return titles;
+}
+
+TEST(ImporterTest, buildsEachKindInFileOrder) {
+    const Outcome outcome = import({
+        {.name = "n1", .note = true},
+        {.name = "p1", .password = true},
+        {.name = "c1", .card = true},
+        {.name = "n2", .note = true},
+        {.name = "p2", .password = true},
+        {.name = "c2", .card = true},
+        {.name = "n3", .note = true},
+    });
+    EXPECT_EQ(outcome.error, std::nullopt);
+    ASSERT_EQ(outcome.passwords.size(), 2);
+    EXPECT_EQ(outcome.passwords[0].username, "p1");
+    EXPECT_EQ(outcome.passwords[1].username, "p2");
+    EXPECT_EQ(titles(outcome.notes), (std::vector<std::string>{"n1", "n2", "n3"}));
+    ASSERT_EQ(outcome.cards.size(), 2);
+    EXPECT_EQ(outcome.cards[0].custName, "c1");
+    EXPECT_EQ(outcome.cards[1].custName, "c2");
+}
+
+TEST(ImporterTest, asksThePredicatesInTheOrderPasswordNoteCard) {
+    const Outcome outcome = import({
+        {.name = "all", .password = true, .note = true, .card = true},
+        {.name = "two", .note = true, .card = true},
+    });
+    EXPECT_EQ(outcome.passwords.size(), 1);
+    EXPECT_EQ(titles(outcome.notes), (std::vector<std::string>{"two"}));
+    EXPECT_TRUE(outcome.cards.empty());
+}
+
+TEST(ImporterTest, dropsARecordThatSatisfiesNoPredicate) {
+    EXPECT_EQ(import({{.name = "nothing"}}), Outcome{});
+}
+
+TEST(ImporterTest, dropsARecordThatCannotBeBuiltAndNeverTriesAnotherKind) {
+    const Outcome outcome = import({
+        {.name = "broken", .password = true, .note = true, .card = true, .broken = true},
+        {.name = "good", .note = true},
+    });
+    EXPECT_TRUE(outcome.passwords.empty());
+    EXPECT_EQ(titles(outcome.notes), (std::vector<std::string>{"good"}));
+    EXPECT_TRUE(outcome.cards.empty());
+}
+
+TEST(ImporterTest, succeedsWithEmptyListsIfEveryRecordFailsToBuild) {
+    EXPECT_EQ(import({{.password = true, .broken = true},
+                      {.note = true, .broken = true},
+                      {.card = true, .broken = true}}),
+              Outcome{});
+}
+
+TEST(ImporterTest, succeedsWithEmptyListsIfThereIsNoRecord) {
+    EXPECT_EQ(import(std::vector<RawKind>{}), Outcome{});
+}
+
+class SilentImporter final : public Importer<SilentImporter> {
+public:
+    using RawRecord = int;
+
+    static std::vector<int> read(const URL& /*url*/, ImportMemory& /*memory*/) { return {1}; }
+
+    static Built<ImportedPassword> buildPassword(int /*record*/) {
+        return ImportedPassword("", "", "", std::nullopt, std::nullopt, std::nullopt, std::nullopt);
+    }
+};
+
+TEST(ImporterTest, takesEveryRecordForAPasswordByDefault) {
+    SilentImporter importer;
+    EXPECT_TRUE(importer.isPassword(1));
+    EXPECT_FALSE(importer.isNote(1));
+    EXPECT_FALSE(importer.isCard(1));
+    importer.records(URL::fileURLWithPath("/"), [](const RecordsResult& result) {
+        EXPECT_EQ(copyOf(result), (Outcome{.passwords = {{}}}));
+    });
+}
+
+/// Says that its records are notes but cannot build any: a defect of the importer.
+class FaultyImporter final : public Importer<FaultyImporter> {
+public:
+    using RawRecord = int;
+
+    static std::vector<int> read(const URL& /*url*/, ImportMemory& /*memory*/) { return {1}; }
+
+    static bool isPassword(int /*record*/) { return false; }
+
+    static bool isNote(int /*record*/) { return true; }
+};
+
+TEST(ImporterTest, stopsAnImporterThatTellsAKindItCannotBuild) {
+    FaultyImporter importer;
+    EXPECT_DEATH(importer.records(URL::fileURLWithPath("/"), [](const RecordsResult&) {}), "^$");
+}
+
+// Errors
+
+enum class Mood : std::uint8_t { calm, cross };
+
+class MoodError final : public LibraryError {
+public:
+    explicit MoodError(Mood mood) : _mood(mood) {}
+
+    [[nodiscard]] std::string_view domain() const noexcept override { return "Rellinor.MoodError"; }
+
+    [[nodiscard]] std::int64_t code() const noexcept override {
+        return static_cast<std::int64_t>(_mood);
+    }
+
+private:
+    Mood _mood;
+};
+
+TEST(ImporterTest, passesAnNSErrorAsItIs) {
+    EXPECT_EQ(importThrowing(NSError("Elsewhere", 42)), (Outcome{.error = NSError("Elsewhere", 42)}));
+}
+
+TEST(ImporterTest, givesALibraryErrorItsDomainAndCode) {
+    EXPECT_EQ(importThrowing(MoodError(Mood::calm)).error, NSError("Rellinor.MoodError", 0));
+    EXPECT_EQ(importThrowing(MoodError(Mood::cross)).error, NSError("Rellinor.MoodError", 1));
+}
+
+TEST(ImporterTest, losesTheWordsOfAPlainText) {
+    EXPECT_EQ(importThrowing(TextError("a text")), failedWithText());
+    EXPECT_EQ(importThrowing(TextError("another")), failedWithText());
+    EXPECT_EQ(importThrowing(TextError("a text")).error->localizedDescription(),
+              "The operation couldn\u2019t be completed. (Rellinor.TextError error 1.)");
+}
+
+TEST(ImporterTest, reportsLackOfMemory) {
+    EXPECT_EQ(importThrowing(std::bad_alloc()).error, NSError("Rellinor.UnexpectedError", 0));
+}
+
+TEST(ImporterTest, reportsAnyOtherException) {
+    EXPECT_EQ(importThrowing(std::runtime_error("x")).error, NSError("Rellinor.UnexpectedError", 1));
+    EXPECT_EQ(importThrowing(5).error, NSError("Rellinor.UnexpectedError", 1));
+}
+
+// The completion
+
+TEST(ImporterTest, callsTheCompletionOnTheSameThreadBeforeItReturns) {
+    TestImporter importer;
+    importer.readRecords = [] { return std::vector<RawKind>{{.password = true}}; };
+    std::optional<std::thread::id> thread;
+    importer.records(URL::fileURLWithPath("/"),
+                     [&](const RecordsResult&) { thread = std::this_thread::get_id(); });
+    EXPECT_EQ(thread, std::this_thread::get_id());
+}
+
+TEST(ImporterTest, letsThroughWhatTheCompletionThrowsAndDoesNotCallItAgain) {
+    TestImporter importer;
+    importer.readRecords = [] { return std::vector<RawKind>{}; };
+    int calls = 0;
+    const auto complete = [&](const RecordsResult& result) {
+        ++calls;
+        EXPECT_TRUE(result);
+        throw std::runtime_error("the host's own");
+    };
+    EXPECT_THROW(importer.records(URL::fileURLWithPath("/"), complete), std::runtime_error);
+    EXPECT_EQ(calls, 1);
+}
+
+TEST(ImporterTest, letsThroughWhatTheCompletionThrowsAfterAFailure) {
+    TestImporter importer;
+    importer.readRecords = []() -> std::vector<RawKind> { throw TextError("unreadable"); };
+    int calls = 0;
+    const auto complete = [&](const RecordsResult& result) {
+        ++calls;
+        throw result.error();
+    };
+    EXPECT_THROW(importer.records(URL::fileURLWithPath("/"), complete), NSError);
+    EXPECT_EQ(calls, 1);
+}
+
+TEST(ImporterTest, leavesASingleRecordValidWhenAllElseIsGone) {
+    std::shared_ptr<const ImportedPasswordInfoProviding> survivor;
+    {
+        SilentImporter importer;
+        importer.records(URL::fileURLWithPath("/"), [&](RecordsResult result) {
+            survivor = std::move(result->passwords.front());
+        });
+    }
+    EXPECT_EQ(copyOf(*survivor), Password{});
+}
+
+} // namespace
+
+} // namespace Rellinor::Tests

@@ -1,0 +1,66 @@
+#include "Tests/Support/Allocations.hpp"
+
+#include <algorithm>
+#include <cstdlib>
+#include <new>
+#include <span>
+
+// The whole test program allocates through these, so that tests can watch the heap.
+
+namespace {
+
+// NOLINTBEGIN(*-avoid-non-const-global-variables)
+std::size_t allocations = 0;
+std::size_t smallestWatched = 0; // 0: nothing is watched
+std::size_t piecesOfZeros = 0;
+std::size_t piecesOfOthers = 0;
+// NOLINTEND(*-avoid-non-const-global-variables)
+
+void watch(const void* memory, std::size_t size) noexcept {
+    if (smallestWatched == 0 || size < smallestWatched) {
+        return;
+    }
+    const std::span bytes(static_cast<const unsigned char*>(memory), size);
+    const bool zeros = std::ranges::all_of(bytes, [](unsigned char byte) { return byte == 0; });
+    ++(zeros ? piecesOfZeros : piecesOfOthers);
+}
+
+} // namespace
+
+// NOLINTBEGIN(*-no-malloc,*-owning-memory,misc-new-delete-overloads)
+void* operator new(std::size_t size) {
+    ++allocations;
+    if (void* memory = std::malloc(std::max<std::size_t>(size, 1))) {
+        return memory;
+    }
+    throw std::bad_alloc();
+}
+
+void operator delete(void* memory) noexcept {
+    std::free(memory);
+}
+
+void operator delete(void* memory, std::size_t size) noexcept {
+    watch(memory, size);
+    std::free(memory);
+}
+// NOLINTEND(*-no-malloc,*-owning-memory,misc-new-delete-overloads)
+
+namespace Rellinor::Tests {
+
+std::size_t allocationsOf(const std::function<void()>& work) {
+    const std::size_t before = allocations;
+    work();
+    return allocations - before;
+}
+
+bool givesBackZeros(std::size_t smallest, const std::function<void()>& work) {
+    piecesOfZeros = 0;
+    piecesOfOthers = 0;
+    smallestWatched = smallest;
+    work();
+    smallestWatched = 0;
+    return piecesOfZeros > 0 && piecesOfOthers == 0;
+}
+
+} // namespace Rellinor::Tests
