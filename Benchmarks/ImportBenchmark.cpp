@@ -79,8 +79,7 @@ void lastPass(benchmark::State& state) {
     const std::string text = lastPassExport(static_cast<std::size_t>(state.range(0)));
     const TemporaryFile file(text);
     const std::size_t delivered = deliveredBytes(imported(file.path()));
-    const std::size_t peak =
-        peakMemoryOf([&] { benchmark::DoNotOptimize(imported(file.path())); });
+    const std::size_t peak = peakMemoryOf([&] { benchmark::DoNotOptimize(imported(file.path())); });
 
     std::vector<double> imports;
     std::vector<double> ratios;
@@ -88,8 +87,7 @@ void lastPass(benchmark::State& state) {
         const double floor =
             secondsOf([&] { benchmark::DoNotOptimize(floorOf(file.path(), delivered)); });
         // Letting the records go is part of the work, as freeing the copy is part of the floor.
-        const double import =
-            secondsOf([&] { benchmark::DoNotOptimize(imported(file.path())); });
+        const double import = secondsOf([&] { benchmark::DoNotOptimize(imported(file.path())); });
         imports.push_back(import);
         ratios.push_back(import / floor);
         state.SetIterationTime(import);
@@ -102,12 +100,8 @@ void lastPass(benchmark::State& state) {
     state.counters["peak/file"] = static_cast<double>(peak) / bytes;
 }
 
-BENCHMARK(lastPass)
-    ->Arg(1000)
-    ->Arg(10000)
-    ->Arg(400000)
-    ->UseManualTime()
-    ->Unit(benchmark::kMillisecond);
+BENCHMARK(lastPass)->Arg(1000)->Arg(10000)->Arg(400000)->UseManualTime()->Unit(
+    benchmark::kMillisecond);
 
 } // namespace
 

@@ -9,8 +9,8 @@ namespace Rellinor::Benchmarks {
 namespace {
 
 constexpr std::array<std::string_view, 16> words = {
-    "amber", "birch",  "cobalt", "dune",  "ember", "fjord", "grüner", "harbor",
-    "iris",  "juniper", "kettle", "lagoon", "maple", "nimbus", "opal",  "prairie",
+    "amber", "birch",   "cobalt", "dune",   "ember", "fjord",  "grüner", "harbor",
+    "iris",  "juniper", "kettle", "lagoon", "maple", "nimbus", "opal",   "prairie",
 };
 constexpr std::string_view secretCharacters =
     "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789!#$%&()*+-./:;<=>?@[]^_{|}~";

@@ -13,8 +13,8 @@ namespace Rellinor::Host {
 /// How many columns of a terminal a displayable text takes.
 [[nodiscard]] std::size_t displayWidth(std::string_view text);
 
-/// The text if it is at most `width` columns wide; otherwise its beginning and an ellipsis, together
-/// at most that wide.
+/// The text if it is at most `width` columns wide; otherwise its beginning and an ellipsis,
+/// together at most that wide.
 ///
 /// @param width  at least 1
 [[nodiscard]] std::string shortened(std::string_view text, std::size_t width);

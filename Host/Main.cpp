@@ -48,9 +48,7 @@ void addImport(CLI::App& app, ImportOptions& options, Words& words) {
                       "Show passwords, card numbers, CVV and PIN instead of masking them");
     command->add_flag("--keep-importer", options.keepImporter,
                       "Use one importer for all paths instead of a fresh one for each");
-    command->add_option("PATH", options.paths, "The files to import")
-        ->required()
-        ->type_name("");
+    command->add_option("PATH", options.paths, "The files to import")->required()->type_name("");
 }
 
 int run(int argc, char* argv[]) {

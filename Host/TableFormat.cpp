@@ -37,8 +37,7 @@ std::string cell(const std::optional<Value>& optional) {
 
 Row row(const ImportedPasswordInfoProviding& password, Secrets secrets) {
     return {cell(password.service()), cell(password.username()),
-            cell(shown(password.password(), secrets)), cell(password.url()),
-            cell(password.note())};
+            cell(shown(password.password(), secrets)), cell(password.url()), cell(password.note())};
 }
 
 Row row(const ImportedNoteInfoProviding& note, Secrets /*secrets*/) {

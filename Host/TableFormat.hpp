@@ -4,8 +4,8 @@
 
 namespace Rellinor::Host {
 
-/// Aligned columns for people: a heading for each path, and under it a table for each kind of record
-/// that it holds. Long texts are shortened, and no control character reaches the terminal.
+/// Aligned columns for people: a heading for each path, and under it a table for each kind of
+/// record that it holds. Long texts are shortened, and no control character reaches the terminal.
 class TableFormat final : public RecordsFormat {
 public:
     explicit TableFormat(Secrets secrets) noexcept : _secrets(secrets) {}

@@ -12,8 +12,8 @@
 
 namespace Rellinor {
 
-/// 64 bytes at a time, compared in parallel: a set of bytes becomes a word with one bit for each, the
-/// first byte's bit lowest. This one works on any machine, eight bytes to a step.
+/// 64 bytes at a time, compared in parallel: a set of bytes becomes a word with one bit for each,
+/// the first byte's bit lowest. This one works on any machine, eight bytes to a step.
 class PortableByteBlock {
 public:
     static constexpr std::size_t size = 64;
@@ -58,9 +58,7 @@ public:
     static constexpr std::size_t size = 64;
 
     /// @param bytes  64 of them
-    explicit SSE2ByteBlock(const char* bytes) noexcept {
-        std::memcpy(_parts.data(), bytes, size);
-    }
+    explicit SSE2ByteBlock(const char* bytes) noexcept { std::memcpy(_parts.data(), bytes, size); }
 
     /// Which bytes are the character.
     [[nodiscard]] std::uint64_t equalTo(char character) const noexcept {

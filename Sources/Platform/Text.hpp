@@ -6,8 +6,8 @@
 
 namespace Rellinor {
 
-/// Whether `bytes` are strict UTF-8: no overlong form, no surrogate, nothing above U+10FFFF. NUL and
-/// noncharacters pass.
+/// Whether `bytes` are strict UTF-8: no overlong form, no surrogate, nothing above U+10FFFF. NUL
+/// and noncharacters pass.
 [[nodiscard]] bool isUTF8(std::string_view bytes) noexcept;
 
 /// The text that `bytes` spell in UTF-8, in place, without one leading byte-order mark. Absent if

@@ -35,6 +35,12 @@ bool hasHost(std::string_view text, std::string_view host) noexcept {
     if (!url.has_value()) {
         return false;
     }
+    // The grammar has nothing but a path behind an authority; the parser lets other text pass
+    // there.
+    const std::string_view path = url->encoded_path();
+    if (!path.empty() && !path.starts_with('/')) {
+        return false;
+    }
     const boost::urls::pct_string_view encoded = url->encoded_host();
     return *encoded == boost::urls::string_view(host.data(), host.size());
 }

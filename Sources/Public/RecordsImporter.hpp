@@ -8,8 +8,8 @@ namespace Rellinor {
 
 /// Imports records; the one entry into the library.
 ///
-/// Making one reads nothing. It creates what a source needs at the first import from that source and
-/// keeps it, so a host that imports several files keeps one `RecordsImporter`.
+/// Making one reads nothing. It creates what a source needs at the first import from that source
+/// and keeps it, so a host that imports several files keeps one `RecordsImporter`.
 ///
 /// Not safe for use from two threads at once; one for each thread is safe.
 class RELLINOR_PUBLIC RecordsImporter final : public RecordsImporting {

@@ -26,15 +26,16 @@ public:
 
     /// Imports everything that the file or folder at `url` holds.
     ///
-    /// Bad input never throws: it arrives as the error of the result. A single record that cannot be
-    /// built is left out, and the import succeeds without it.
+    /// Bad input never throws: it arrives as the error of the result. A single record that cannot
+    /// be built is left out, and the import succeeds without it.
     ///
     /// The work is done on the calling thread, and `onComplete` is called exactly once before this
     /// returns. Time and memory grow linearly with the size of the input.
     ///
     /// @param url         the export file; the profile folder for `ImportSource::firefox`
     /// @param source      the product that wrote it
-    /// @param onComplete  receives the result; must hold a function. What it throws passes through to
+    /// @param onComplete  receives the result; must hold a function. What it throws passes through
+    /// to
     ///                    the caller, and it is not called again.
     virtual void records(const URL& url, ImportSource source,
                          const RecordsCompletion& onComplete) = 0;

@@ -10,7 +10,8 @@ namespace Rellinor::Host {
 namespace {
 
 TEST(DisplayTextTest, keepsWhatCanBeSeen) {
-    EXPECT_EQ(displayText("Grüße, 漢字 👨‍👩‍👧 e\u0301"), "Grüße, 漢字 👨‍👩‍👧 e\u0301");
+    EXPECT_EQ(displayText("Grüße, 漢字 👨‍👩‍👧 e\u0301"),
+              "Grüße, 漢字 👨‍👩‍👧 e\u0301");
 }
 
 TEST(DisplayTextTest, makesControlCharactersVisible) {

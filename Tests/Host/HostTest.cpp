@@ -43,9 +43,10 @@ protected:
                       "rellinor: " + path +
                           ": not imported as lastPass: The operation couldn\u2019t be completed. "
                           "(Rellinor.TextError error 1.)\n");
-            EXPECT_EQ(ended.out, format == "json"
-                                     ? "{\"error\":{\"domain\":\"Rellinor.TextError\",\"code\":1}}\n"
-                                     : "");
+            EXPECT_EQ(ended.out,
+                      format == "json"
+                          ? "{\"error\":{\"domain\":\"Rellinor.TextError\",\"code\":1}}\n"
+                          : "");
         }
     }
 
@@ -75,8 +76,7 @@ TEST_F(HostTest, knowsTheSourceInAnyCase) {
 TEST_F(HostTest, writesEveryFieldAsJSONAndMasksPasswords) {
     const std::string path = lastPassExport("https://a.example,ann,one,,Mail,,0\n"
                                             "http://sn,,,\"two\nlines\",\"\"\"Wi-Fi\"\"\",,0\n");
-    const Ended ended =
-        rellinor({"import", "--source", "lastPass", "--format", "json", path});
+    const Ended ended = rellinor({"import", "--source", "lastPass", "--format", "json", path});
     EXPECT_EQ(ended.status, 0);
     EXPECT_EQ(ended.out,
               R"({"passwords":[{"username":"ann","password":"********","url":"https://a.example",)"
@@ -100,7 +100,8 @@ TEST_F(HostTest, revealsPasswordsOnlyWhenAsked) {
 
 TEST_F(HostTest, doesNotTellTheLengthOfAPassword) {
     const std::string one = lastPassExport("https://a.example,ann,1,,Mail,,0\n", "one.csv");
-    const std::string two = lastPassExport("https://a.example,ann,12345678901,,Mail,,0\n", "two.csv");
+    const std::string two =
+        lastPassExport("https://a.example,ann,12345678901,,Mail,,0\n", "two.csv");
     const auto json = [](const std::string& path) {
         return rellinor({"import", "--source", "lastPass", "--format", "json", path}).out;
     };
@@ -111,8 +112,7 @@ TEST_F(HostTest, alignsATableByDisplayWidth) {
     const std::string path = lastPassExport("https://a.example,ann,one,,漢字,,0\n"
                                             "https://b.example,bob,two,,Grüße,,0\n"
                                             "http://sn,,,\"a\nb\",Wi-Fi,,0\n");
-    const Ended ended =
-        rellinor({"import", "--source", "lastPass", "--format", "table", path});
+    const Ended ended = rellinor({"import", "--source", "lastPass", "--format", "table", path});
     EXPECT_EQ(ended.status, 0);
     EXPECT_EQ(ended.out, path + "\n"
                                 "\n"
@@ -137,8 +137,8 @@ TEST_F(HostTest, saysSoInATableWithoutRecords) {
 
 TEST_F(HostTest, sendsNoControlCharacterToTheTerminal) {
     const std::string path = lastPassExport("https://a.example,\x1B[31mann,one,,Ma\ail,,0\n");
-    EXPECT_FALSE(
-        rellinor({"import", "--source", "lastPass", "--format", "table", path}).out.contains('\x1B'));
+    EXPECT_FALSE(rellinor({"import", "--source", "lastPass", "--format", "table", path})
+                     .out.contains('\x1B'));
 }
 
 TEST_F(HostTest, importsSeveralPathsInOrderAndGoesOnAfterAFailure) {
@@ -160,8 +160,8 @@ TEST_F(HostTest, importsSeveralPathsInOrderAndGoesOnAfterAFailure) {
 
 TEST_F(HostTest, writesOneLineOfJSONForEachPathInOrder) {
     const std::string path = lastPassExport("");
-    const Ended ended = rellinor({"import", "--source", "lastPass", "--format", "json", path,
-                                  folder() / "missing", path});
+    const Ended ended = rellinor(
+        {"import", "--source", "lastPass", "--format", "json", path, folder() / "missing", path});
     const std::string empty = "{\"passwords\":[],\"notes\":[],\"cards\":[]}\n";
     EXPECT_EQ(ended.status, 1);
     EXPECT_EQ(ended.out,
@@ -270,10 +270,11 @@ TEST_F(HostTest, tellsItsVersionAndItsUsage) {
 }
 
 TEST_F(HostTest, importsTheSampleExport) {
-    const Ended ended = rellinor(
-        {"import", "--source", "lastPass", RELLINOR_EXAMPLES "/LastPass/export.csv"});
+    const Ended ended =
+        rellinor({"import", "--source", "lastPass", RELLINOR_EXAMPLES "/LastPass/export.csv"});
     EXPECT_EQ(ended.status, 0);
-    EXPECT_EQ(ended.out, RELLINOR_EXAMPLES "/LastPass/export.csv: 12 passwords, 4 notes, 0 cards\n");
+    EXPECT_EQ(ended.out,
+              RELLINOR_EXAMPLES "/LastPass/export.csv: 12 passwords, 4 notes, 0 cards\n");
 }
 
 } // namespace

@@ -37,35 +37,35 @@ bool isUTF8Nowhere(std::string_view bytes) {
 }
 
 TEST(TextTest, acceptsUTF8) {
-    for (const std::string_view good : {
-             ""sv, "abc"sv, "\0"sv, "\x7F"sv, "\u0080"sv, "é"sv, "\u07FF"sv, "\u0800"sv,
-             "\uD7FF"sv, "\uE000"sv, "\uFEFF"sv, "\uFFFE"sv, "\uFFFF"sv, "\U00010000"sv, "😀"sv,
-             "\U0010FFFF"sv, "漢字かな交じり文"sv}) {
+    for (const std::string_view good :
+         {""sv, "abc"sv, "\0"sv, "\x7F"sv, "\u0080"sv, "é"sv, "\u07FF"sv, "\u0800"sv, "\uD7FF"sv,
+          "\uE000"sv, "\uFEFF"sv, "\uFFFE"sv, "\uFFFF"sv, "\U00010000"sv, "😀"sv, "\U0010FFFF"sv,
+          "漢字かな交じり文"sv}) {
         EXPECT_TRUE(isUTF8Everywhere(good)) << testing::PrintToString(good);
     }
 }
 
 TEST(TextTest, rejectsWhatIsNotUTF8) {
     for (const std::string_view bad : {
-             "\x80"sv,             // a continuation alone
+             "\x80"sv, // a continuation alone
              "\xBF"sv,
-             "\xC3"sv,             // cut short
+             "\xC3"sv, // cut short
              "\xC3\x28"sv,
              "\xE2\x82"sv,
              "\xF0\x9F\x98"sv,
-             "\xC0\x80"sv,         // overlong
+             "\xC0\x80"sv, // overlong
              "\xC1\xBF"sv,
              "\xE0\x80\x80"sv,
              "\xE0\x9F\xBF"sv,
              "\xF0\x80\x80\x80"sv,
              "\xF0\x8F\xBF\xBF"sv,
-             "\xED\xA0\x80"sv,     // surrogates
+             "\xED\xA0\x80"sv, // surrogates
              "\xED\xBF\xBF"sv,
              "\xF4\x90\x80\x80"sv, // above U+10FFFF
              "\xF5\x80\x80\x80"sv,
              "\xFE"sv,
              "\xFF"sv,
-             "caf\xE9"sv,          // Latin-1
+             "caf\xE9"sv, // Latin-1
          }) {
         EXPECT_TRUE(isUTF8Nowhere(bad)) << testing::PrintToString(bad);
     }

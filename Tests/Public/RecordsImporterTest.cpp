@@ -28,8 +28,8 @@ TEST(ImportSourceTest, hasItsCasesInOrder) {
 }
 
 TEST(ImportSourceTest, livesInASet) {
-    const std::unordered_set<ImportSource> sources = {ImportSource::keePass, ImportSource::keePassXC,
-                                                      ImportSource::keePass};
+    const std::unordered_set<ImportSource> sources = {
+        ImportSource::keePass, ImportSource::keePassXC, ImportSource::keePass};
     EXPECT_EQ(sources.size(), 2);
 }
 
@@ -38,13 +38,12 @@ TEST(RecordsImporterTest, isHeldThroughItsInterface) {
     const std::string path = folder.file("export.csv", lastPassExport);
     const std::unique_ptr<RecordsImporting> importer = std::make_unique<RecordsImporter>();
     int calls = 0;
-    importer->records(URL::fileURLWithPath(path), ImportSource::lastPass,
-                      [&](const RecordsResult& result) {
-                          ++calls;
-                          EXPECT_EQ(copyOf(result), (Outcome{.passwords = {{"ann", "one",
-                                                                            "https://a.example",
-                                                                            "Mail"}}}));
-                      });
+    importer->records(
+        URL::fileURLWithPath(path), ImportSource::lastPass, [&](const RecordsResult& result) {
+            ++calls;
+            EXPECT_EQ(copyOf(result),
+                      (Outcome{.passwords = {{"ann", "one", "https://a.example", "Mail"}}}));
+        });
     EXPECT_EQ(calls, 1);
 }
 

@@ -11,13 +11,14 @@ namespace {
 
 // NOLINTBEGIN(*-avoid-non-const-global-variables)
 std::size_t allocations = 0;
-std::size_t smallestWatched = 0; // 0: nothing is watched
+std::size_t watchedSize = 0; // 0: nothing is watched
 std::size_t piecesOfZeros = 0;
 std::size_t piecesOfOthers = 0;
+
 // NOLINTEND(*-avoid-non-const-global-variables)
 
 void watch(const void* memory, std::size_t size) noexcept {
-    if (smallestWatched == 0 || size < smallestWatched) {
+    if (watchedSize == 0 || size != watchedSize) {
         return;
     }
     const std::span bytes(static_cast<const unsigned char*>(memory), size);
@@ -44,6 +45,7 @@ void operator delete(void* memory, std::size_t size) noexcept {
     watch(memory, size);
     std::free(memory);
 }
+
 // NOLINTEND(*-no-malloc,*-owning-memory,misc-new-delete-overloads)
 
 namespace Rellinor::Tests {
@@ -54,12 +56,12 @@ std::size_t allocationsOf(const std::function<void()>& work) {
     return allocations - before;
 }
 
-bool givesBackZeros(std::size_t smallest, const std::function<void()>& work) {
+bool givesBackZeros(std::size_t size, const std::function<void()>& work) {
     piecesOfZeros = 0;
     piecesOfOthers = 0;
-    smallestWatched = smallest;
+    watchedSize = size;
     work();
-    smallestWatched = 0;
+    watchedSize = 0;
     return piecesOfZeros > 0 && piecesOfOthers == 0;
 }
 

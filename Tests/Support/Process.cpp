@@ -32,8 +32,8 @@ Ended run(const std::string& program, std::vector<std::string> arguments,
     ::posix_spawn_file_actions_addopen(&actions, 1, out.c_str(), O_WRONLY, 0);
     ::posix_spawn_file_actions_addopen(&actions, 2, errors.c_str(), O_WRONLY, 0);
     pid_t child = 0;
-    const int failure = ::posix_spawn(&child, program.c_str(), &actions, nullptr, pointers.data(),
-                                      environ);
+    const int failure =
+        ::posix_spawn(&child, program.c_str(), &actions, nullptr, pointers.data(), environ);
     ::posix_spawn_file_actions_destroy(&actions);
     if (failure != 0) {
         throw std::runtime_error("cannot run " + program);

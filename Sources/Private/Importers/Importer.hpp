@@ -15,17 +15,19 @@
 namespace Rellinor {
 
 /// What a builder makes of one raw record: the record, or why there is none. The reason drops that
-/// record only and reaches nobody, so it is returned rather than thrown: throwing costs so much more
-/// than building that a file of bad rows would take many times as long as one of good rows.
+/// record only and reaches nobody, so it is returned rather than thrown: throwing costs so much
+/// more than building that a file of bad rows would take many times as long as one of good rows.
 template <typename Record>
 using Built = std::expected<Record, std::string_view>;
 
 /// What all source importers share. A source importer derives from it as `Importer<Itself>` and has
 ///
 /// - `RawRecord`, the type of its raw records;
-/// - `read(url, memory)`, which returns a range of them in file order, or throws; what they point at
+/// - `read(url, memory)`, which returns a range of them in file order, or throws; what they point
+/// at
 ///   is handed to `memory`, which outlives the records built from them;
-/// - the builders `buildPassword(record)`, `buildNote(record)`, `buildCard(record)` of the kinds that
+/// - the builders `buildPassword(record)`, `buildNote(record)`, `buildCard(record)` of the kinds
+/// that
 ///   the source has, each returning a `Built`;
 /// - its own predicates where the defaults below do not fit.
 template <typename Source>

@@ -8,8 +8,7 @@ namespace {
 
 template <typename Interface, typename Record>
 std::vector<std::shared_ptr<const Interface>>
-asInterfaces(const std::shared_ptr<const RecordsBlock>& block,
-             const ChunkedList<Record>& records) {
+asInterfaces(const std::shared_ptr<const RecordsBlock>& block, const ChunkedList<Record>& records) {
     std::vector<std::shared_ptr<const Interface>> list;
     list.reserve(records.size());
     records.forEach([&](const Record& record) { list.emplace_back(block, &record); });

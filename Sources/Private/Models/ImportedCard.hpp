@@ -10,7 +10,13 @@ namespace Rellinor {
 /// A payment card, as an importer builds it. Its texts belong to the import's memory.
 class ImportedCard final : public ImportedCardInfoProviding {
 public:
-    ImportedCard(std::string_view cardNumber, std::string_view custName, std::string_view holderName, std::string_view cvv, std::string_view pin, std::string_view note, std::int64_t expirationDay, std::int64_t expirationMonth, std::int64_t expirationYear) noexcept : _cardNumber(cardNumber), _custName(custName), _holderName(holderName), _cvv(cvv), _pin(pin), _note(note), _expirationDay(expirationDay), _expirationMonth(expirationMonth), _expirationYear(expirationYear) {}
+    ImportedCard(std::string_view cardNumber, std::string_view custName,
+                 std::string_view holderName, std::string_view cvv, std::string_view pin,
+                 std::string_view note, std::int64_t expirationDay, std::int64_t expirationMonth,
+                 std::int64_t expirationYear) noexcept
+        : _cardNumber(cardNumber), _custName(custName), _holderName(holderName), _cvv(cvv),
+          _pin(pin), _note(note), _expirationDay(expirationDay), _expirationMonth(expirationMonth),
+          _expirationYear(expirationYear) {}
 
     [[nodiscard]] std::string_view cardNumber() const noexcept override { return _cardNumber; }
 
@@ -26,7 +32,9 @@ public:
 
     [[nodiscard]] std::int64_t expirationDay() const noexcept override { return _expirationDay; }
 
-    [[nodiscard]] std::int64_t expirationMonth() const noexcept override { return _expirationMonth; }
+    [[nodiscard]] std::int64_t expirationMonth() const noexcept override {
+        return _expirationMonth;
+    }
 
     [[nodiscard]] std::int64_t expirationYear() const noexcept override { return _expirationYear; }
 

@@ -11,7 +11,9 @@ namespace Rellinor {
 /// A secure note, as an importer builds it. Its texts belong to the import's memory.
 class ImportedNote final : public ImportedNoteInfoProviding {
 public:
-    ImportedNote(std::optional<std::int64_t> color, std::string_view title, std::string_view content) noexcept : _color(color), _title(title), _content(content) {}
+    ImportedNote(std::optional<std::int64_t> color, std::string_view title,
+                 std::string_view content) noexcept
+        : _color(color), _title(title), _content(content) {}
 
     [[nodiscard]] std::optional<std::int64_t> color() const noexcept override { return _color; }
 

@@ -27,8 +27,8 @@ public:
     fromHeaderRow(std::span<const CSVHeader> expectedHeaders,
                   std::span<const std::optional<std::size_t>> positions);
 
-    /// The columns of a file without a header row: the expected headers in their order. A row that is
-    /// too short lacks the columns it has no cell for.
+    /// The columns of a file without a header row: the expected headers in their order. A row that
+    /// is too short lacks the columns it has no cell for.
     ///
     /// @param numberOfFields  how many cells the first row has
     /// @throws TextError  it is not the number of expected headers

@@ -15,15 +15,15 @@ namespace Rellinor {
 ///         while (const auto cell = cursor.nextCell()) { … }
 ///     }
 ///
-/// Rows and cells are views into the text; nothing is stored, so that neither a long file nor a long
-/// row costs memory. Copying a cursor gives a second one at the same place.
+/// Rows and cells are views into the text; nothing is stored, so that neither a long file nor a
+/// long row costs memory. Copying a cursor gives a second one at the same place.
 class CSVCursor {
 public:
     /// @param text  UTF-8 whose line ends are line feeds; outlives the cursor and its cells
     explicit CSVCursor(std::string_view text) noexcept : _text(text), _separators(text) {}
 
-    /// Goes to the next row that is not blank, whether or not the current one was walked to its end.
-    /// False when there is none left.
+    /// Goes to the next row that is not blank, whether or not the current one was walked to its
+    /// end. False when there is none left.
     [[nodiscard]] bool nextRow() noexcept;
 
     /// The next cell of the current row; absent after its last.

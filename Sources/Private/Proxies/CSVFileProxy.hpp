@@ -39,8 +39,7 @@ public:
 
     [[nodiscard]] std::optional<CSVCursor> records() override;
     [[nodiscard]] std::optional<std::size_t> numberOfFields() override;
-    [[nodiscard]] CSVKeyedRecords
-    keyedRecords(std::span<const CSVHeader> expectedHeaders) override;
+    [[nodiscard]] CSVKeyedRecords keyedRecords(std::span<const CSVHeader> expectedHeaders) override;
 
     /// Rewrites escaped quotes and line ends of a text in place, so that a `CSVCursor` can cut rows
     /// from it; returns how much of it is left.

@@ -12,8 +12,8 @@
 
 namespace Rellinor {
 
-/// The data rows of a CSV text as records, made one by one while they are walked: a single pass, and
-/// each record lasts until the next. Its cells last as long as the text.
+/// The data rows of a CSV text as records, made one by one while they are walked: a single pass,
+/// and each record lasts until the next. Its cells last as long as the text.
 class CSVKeyedRecords {
 public:
     /// @param rows  stands before the first data row
@@ -27,9 +27,7 @@ public:
 
         explicit Iterator(CSVKeyedRecords& records) noexcept : _records(&records) { ++*this; }
 
-        [[nodiscard]] CSVRecord operator*() const noexcept {
-            return CSVRecord(_records->_cells);
-        }
+        [[nodiscard]] CSVRecord operator*() const noexcept { return CSVRecord(_records->_cells); }
 
         Iterator& operator++() noexcept {
             _atEnd = !_records->readRow();

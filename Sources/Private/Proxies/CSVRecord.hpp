@@ -22,7 +22,6 @@ concept CSVRecordKey = std::is_enum_v<Key> && requires(Key key) {
 struct CSVHeader {
     std::string_view name; ///< as it stands in the file; a literal
     std::size_t key = 0;   ///< its place in the records
-
 };
 
 /// The headers of the columns that `keys` name, in their order.

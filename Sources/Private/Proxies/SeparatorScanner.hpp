@@ -37,8 +37,8 @@ private:
     void scanNextBlock() noexcept;
 
     std::string_view _text;
-    std::size_t _nextBlock = 0;     // where the block after the current one begins
-    std::uint64_t _separators = 0;  // of the current block, those not yet handed out
+    std::size_t _nextBlock = 0;      // where the block after the current one begins
+    std::uint64_t _separators = 0;   // of the current block, those not yet handed out
     std::uint64_t _insideQuotes = 0; // all ones if the current block ends inside quotes
 };
 

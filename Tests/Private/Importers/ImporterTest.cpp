@@ -214,7 +214,8 @@ private:
 };
 
 TEST(ImporterTest, passesAnNSErrorAsItIs) {
-    EXPECT_EQ(importThrowing(NSError("Elsewhere", 42)), (Outcome{.error = NSError("Elsewhere", 42)}));
+    EXPECT_EQ(importThrowing(NSError("Elsewhere", 42)),
+              (Outcome{.error = NSError("Elsewhere", 42)}));
 }
 
 TEST(ImporterTest, givesALibraryErrorItsDomainAndCode) {
@@ -234,7 +235,8 @@ TEST(ImporterTest, reportsLackOfMemory) {
 }
 
 TEST(ImporterTest, reportsAnyOtherException) {
-    EXPECT_EQ(importThrowing(std::runtime_error("x")).error, NSError("Rellinor.UnexpectedError", 1));
+    EXPECT_EQ(importThrowing(std::runtime_error("x")).error,
+              NSError("Rellinor.UnexpectedError", 1));
     EXPECT_EQ(importThrowing(5).error, NSError("Rellinor.UnexpectedError", 1));
 }
 

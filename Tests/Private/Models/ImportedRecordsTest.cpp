@@ -39,8 +39,7 @@ TEST(ImportedNoteTest, returnsEachFieldUnchanged) {
 
 TEST(ImportedCardTest, alwaysReportsDayMonthAndYear) {
     const ImportedCard card("4111", "main", "Ann", "123", "0000", "note", 0, 13, -2030);
-    EXPECT_EQ(copyOf(card),
-              (Card{"4111", "main", "Ann", "123", "0000", "note", 0, 13, -2030}));
+    EXPECT_EQ(copyOf(card), (Card{"4111", "main", "Ann", "123", "0000", "note", 0, 13, -2030}));
 }
 
 } // namespace

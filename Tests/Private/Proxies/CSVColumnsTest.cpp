@@ -43,8 +43,9 @@ TEST(CSVColumnsTest, areOrderedByTheirPositionInTheHeaderRow) {
 }
 
 TEST(CSVColumnsTest, haveAnEmptyTextWhereARowIsShorterThanTheHeaderRow) {
-    for (const std::string_view cell :
-         CSVColumns::fromHeaderRow(headersABC, Positions{0, 1, 2}).emptyRow()) {
+    const CSVColumns columns = CSVColumns::fromHeaderRow(headersABC, Positions{0, 1, 2});
+    ASSERT_EQ(columns.emptyRow().size(), 3);
+    for (const std::string_view cell : columns.emptyRow()) {
         EXPECT_NE(cell.data(), nullptr);
         EXPECT_EQ(cell, "");
     }
@@ -62,16 +63,18 @@ TEST(CSVColumnsTest, followTheExpectedHeadersWithoutAHeaderRow) {
 }
 
 TEST(CSVColumnsTest, areAbsentWhereARowIsTooShortWithoutAHeaderRow) {
-    for (const std::string_view cell : CSVColumns::byPosition(headersABC, 3).emptyRow()) {
+    const CSVColumns columns = CSVColumns::byPosition(headersABC, 3);
+    ASSERT_EQ(columns.emptyRow().size(), 3);
+    for (const std::string_view cell : columns.emptyRow()) {
         EXPECT_EQ(cell.data(), nullptr);
     }
 }
 
 TEST(CSVColumnsTest, failWithoutAHeaderRowIfTheNumberOfFieldsDiffers) {
     for (const std::size_t numberOfFields : {0U, 2U, 4U}) {
-        EXPECT_EQ(
-            messageOf([&] { (void)CSVColumns::byPosition(headersABC, numberOfFields); }),
-            "The number of fields must be equal to the number of headers for a csv without headers");
+        EXPECT_EQ(messageOf([&] { (void)CSVColumns::byPosition(headersABC, numberOfFields); }),
+                  "The number of fields must be equal to the number of headers for a csv without "
+                  "headers");
     }
 }
 

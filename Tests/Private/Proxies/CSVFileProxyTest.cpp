@@ -33,8 +33,8 @@ protected:
     /// The data rows of a file, for some expected headers.
     template <typename... Columns>
     Dictionaries keyed(std::string_view contents, Columns... columns) {
-        return dictionariesOf(
-            file(contents).keyedRecords(csvHeaders(std::array<Column, sizeof...(columns)>{columns...})));
+        return dictionariesOf(file(contents).keyedRecords(
+            csvHeaders(std::array<Column, sizeof...(columns)>{columns...})));
     }
 
     /// The message with which that fails.
@@ -136,8 +136,9 @@ TEST_F(CSVFileProxyTest, takesTheFirstOfTwoColumnsOfOneName) {
 }
 
 TEST_F(CSVFileProxyTest, givesEmptyTextsForTheMissingColumnsOfAShortRow) {
-    EXPECT_EQ(keyed("a,b,c\n1\n1,2\n", a, b, c),
-              (Dictionaries{{{"a", "1"}, {"b", ""}, {"c", ""}}, {{"a", "1"}, {"b", "2"}, {"c", ""}}}));
+    EXPECT_EQ(
+        keyed("a,b,c\n1\n1,2\n", a, b, c),
+        (Dictionaries{{{"a", "1"}, {"b", ""}, {"c", ""}}, {{"a", "1"}, {"b", "2"}, {"c", ""}}}));
 }
 
 TEST_F(CSVFileProxyTest, ignoresTheExtraCellsOfALongRow) {
@@ -209,10 +210,12 @@ TEST_F(CSVFileProxyTest, failsWithTheURLOfAFileOfBlankLinesOnly) {
 }
 
 TEST_F(CSVFileProxyTest, failsIfThereIsNoHeaderRowAndTheNumberOfFieldsDiffers) {
-    EXPECT_EQ(failure(file("1,2,3\n"), a, b),
-              "The number of fields must be equal to the number of headers for a csv without headers");
-    EXPECT_EQ(failure(file("a\n"), a, b),
-              "The number of fields must be equal to the number of headers for a csv without headers");
+    EXPECT_EQ(
+        failure(file("1,2,3\n"), a, b),
+        "The number of fields must be equal to the number of headers for a csv without headers");
+    EXPECT_EQ(
+        failure(file("a\n"), a, b),
+        "The number of fields must be equal to the number of headers for a csv without headers");
 }
 
 TEST_F(CSVFileProxyTest, keepsWhatItReadAfterAFailure) {

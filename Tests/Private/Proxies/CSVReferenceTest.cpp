@@ -25,7 +25,7 @@ TEST(CSVReferenceTest, theReferenceItselfReadsWhatIsWorkedOutByHand) {
 }
 
 constexpr std::array<std::string_view, 17> pieces = {
-    "\"", ",",  "\\", "\r",      "\n",           " ", "a", "é",  "😀",
+    "\"", ",",  "\\", "\r",     "\n",   " ",    "a",  "é",        "😀",
     "\t", "\"", ",",  "\u00A0", "\r\n", "\\\"", "\n", "\"\u0301",
 };
 

@@ -58,8 +58,8 @@ TEST(SeparatorScannerTest, carriesOpenQuotesFromBlockToBlock) {
 }
 
 TEST(SeparatorScannerTest, agreesWithALoopOverRandomTexts) {
-    constexpr std::array<std::string_view, 8> pieces = {"\"", ",", "\n", "a", "\"\"", "é",
-                                                        "0123456789abcdef", "\r"};
+    constexpr std::array<std::string_view, 8> pieces = {
+        "\"", ",", "\n", "a", "\"\"", "é", "0123456789abcdef", "\r"};
     RandomText random(11);
     for (int round = 0; round < 5000; ++round) {
         const std::string text = random.of(pieces, 150);

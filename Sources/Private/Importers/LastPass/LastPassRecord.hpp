@@ -22,8 +22,8 @@ enum class LastPassRecordKey : std::uint8_t {
 
 /// All columns, in their order.
 inline constexpr std::array allLastPassRecordKeys = {
-    LastPassRecordKey::url,   LastPassRecordKey::username, LastPassRecordKey::password,
-    LastPassRecordKey::extra, LastPassRecordKey::name,     LastPassRecordKey::grouping,
+    LastPassRecordKey::url,      LastPassRecordKey::username, LastPassRecordKey::password,
+    LastPassRecordKey::extra,    LastPassRecordKey::name,     LastPassRecordKey::grouping,
     LastPassRecordKey::favorite,
 };
 

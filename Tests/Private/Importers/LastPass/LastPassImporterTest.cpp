@@ -158,8 +158,9 @@ TEST(LastPassImporterTest, tellsANoteByTheHostSN) {
 }
 
 TEST(LastPassImporterTest, takesALongerHostThatBeginsWithSNForALogin) {
-    EXPECT_EQ(importRows("http://snx,,,,,,\nhttp://sn.example,,,,,,\n"),
-              (Outcome{.passwords = {{"", "", "http://snx", ""}, {"", "", "http://sn.example", ""}}}));
+    EXPECT_EQ(
+        importRows("http://snx,,,,,,\nhttp://sn.example,,,,,,\n"),
+        (Outcome{.passwords = {{"", "", "http://snx", ""}, {"", "", "http://sn.example", ""}}}));
 }
 
 TEST(LastPassImporterTest, takesAnURLWithoutHostForALogin) {
@@ -266,7 +267,7 @@ TEST(LastPassImporterTest, wipesTheTextOfTheFileWhenTheLastRecordIsLetGo) {
     RecordsImporter().records(URL::fileURLWithPath(path), ImportSource::lastPass,
                               [&](RecordsResult result) { last = result->passwords.back(); });
     EXPECT_EQ(last->password(), "one, two");
-    // Only the text is as large as this; the chunks of records are smaller or larger by themselves.
+    // The buffer has a byte more than the file, to see the file's end.
     EXPECT_TRUE(givesBackZeros(text.size() + 1, [&] { last.reset(); }));
 }
 

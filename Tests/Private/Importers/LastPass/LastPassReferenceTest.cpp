@@ -16,14 +16,13 @@ namespace Rellinor::Tests {
 namespace {
 
 const std::set<std::string>& urlsOfNotes() {
-    static const std::set<std::string> urls = {"http://sn", "https://sn/x", "//sn",
-                                               "http://%73n/"};
+    static const std::set<std::string> urls = {"http://sn", "https://sn/x", "//sn", "http://%73n/"};
     return urls;
 }
 
 constexpr std::array<std::string_view, 16> cells = {
-    "",         "a",           " ",          "http://sn",     "https://sn/x", "//sn",
-    "sn",       "http://SN",   "http://snx", "http://%73n/",  "\"x,\ny\"",    "\"q\"\"q\"",
+    "",           "a",          " ",          "http://sn",         "https://sn/x", "//sn",
+    "sn",         "http://SN",  "http://snx", "http://%73n/",      "\"x,\ny\"",    "\"q\"\"q\"",
     "\"b\\\"b\"", "\xC3\xA9\r", "\"",         "https://a.example",
 };
 constexpr std::array<std::string_view, 7> names = {"url",  "username", "password", "extra",
@@ -69,7 +68,8 @@ TEST(LastPassReferenceTest, agreesOnRandomExports) {
         const std::string text = randomExport(random);
         const std::string path = folder.file("export.csv", text);
         const Outcome expected = referenceLastPassImport(decoded(text), urlsOfNotes());
-        ASSERT_EQ(outcomeOf(ImportSource::lastPass, path), expected) << testing::PrintToString(text);
+        ASSERT_EQ(outcomeOf(ImportSource::lastPass, path), expected)
+            << testing::PrintToString(text);
         records += expected.passwords.size() + expected.notes.size();
         failures += expected.error ? 1U : 0U;
     }
@@ -81,8 +81,10 @@ TEST(LastPassReferenceTest, agreesOnRandomExports) {
 TEST(LastPassReferenceTest, agreesOnEveryFixture) {
     std::size_t fixtures = 0;
     for (const auto& entry : std::filesystem::directory_iterator(RELLINOR_FIXTURES "/LastPass")) {
-        const Outcome expected = referenceLastPassImport(decoded(contentsOf(entry.path())), urlsOfNotes());
-        EXPECT_EQ(outcomeOf(ImportSource::lastPass, entry.path().native()), expected) << entry.path();
+        const Outcome expected =
+            referenceLastPassImport(decoded(contentsOf(entry.path())), urlsOfNotes());
+        EXPECT_EQ(outcomeOf(ImportSource::lastPass, entry.path().native()), expected)
+            << entry.path();
         ++fixtures;
     }
     EXPECT_GT(fixtures, 2);
