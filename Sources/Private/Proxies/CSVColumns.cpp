@@ -15,7 +15,7 @@ CSVColumns CSVColumns::fromHeaderRow(std::span<const CSVHeader> expectedHeaders,
     for (std::size_t index = 0; index < expectedHeaders.size(); ++index) {
         columns.add({.position = *positions[index], .key = expectedHeaders[index].key}, "");
     }
-    std::ranges::stable_sort(columns._columns, {}, &Column::position);
+    std::ranges::sort(columns._columns, {}, &Column::position);
     return columns;
 }
 
