@@ -49,7 +49,7 @@ private:
         number();
         _text += "@mail.example,";
         secret();
-        _text += commas == Commas::quoted ? ",\"opened in spring, moved in autumn\",\"" : ",,";
+        _text += commas == Commas::quoted ? R"(,"opened in spring, moved in autumn",")" : ",,";
         word();
         _text += commas == Commas::quoted ? ", " : " ";
         word();

@@ -35,7 +35,7 @@ constexpr char lowerCase(char letter) noexcept {
 } // namespace
 
 std::optional<ImportSource> sourceNamed(std::string_view name) {
-    const auto* const found = std::ranges::find_if(descriptions, [&](const Description& candidate) {
+    const auto found = std::ranges::find_if(descriptions, [&](const Description& candidate) {
         return std::ranges::equal(candidate.name, name, {}, lowerCase, lowerCase);
     });
     return found == descriptions.end() ? std::nullopt : std::optional(found->source);

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <span>
 
 #if defined(__SSE2__)
 #include <emmintrin.h>
@@ -18,9 +19,8 @@ class PortableByteBlock {
 public:
     static constexpr std::size_t size = 64;
 
-    /// @param bytes  64 of them
-    explicit PortableByteBlock(const char* bytes) noexcept {
-        std::memcpy(_words.data(), bytes, size);
+    explicit PortableByteBlock(std::span<const char, size> bytes) noexcept {
+        std::memcpy(_words.data(), bytes.data(), size);
         if constexpr (std::endian::native == std::endian::big) {
             for (std::uint64_t& word : _words) {
                 word = __builtin_bswap64(word);
@@ -47,7 +47,7 @@ private:
     static constexpr std::uint64_t ones = 0x0101010101010101U;
     static constexpr std::uint64_t highBits = 0x80U * ones;
 
-    std::array<std::uint64_t, 8> _words;
+    std::array<std::uint64_t, 8> _words{};
 };
 
 #if defined(__SSE2__)
@@ -57,8 +57,9 @@ class SSE2ByteBlock {
 public:
     static constexpr std::size_t size = 64;
 
-    /// @param bytes  64 of them
-    explicit SSE2ByteBlock(const char* bytes) noexcept { std::memcpy(_parts.data(), bytes, size); }
+    explicit SSE2ByteBlock(std::span<const char, size> bytes) noexcept {
+        std::memcpy(_parts.data(), bytes.data(), size);
+    }
 
     /// Which bytes are the character.
     [[nodiscard]] std::uint64_t equalTo(char character) const noexcept {
@@ -76,7 +77,7 @@ private:
         __m128i bytes;
     };
 
-    std::array<Part, 4> _parts;
+    std::array<Part, 4> _parts{};
 };
 
 using ByteBlock = SSE2ByteBlock;

@@ -26,6 +26,7 @@ public:
     [[nodiscard]] constexpr std::int64_t code() const noexcept { return _code; }
 
     /// Further details; always empty.
+    // NOLINTNEXTLINE(readability-convert-member-functions-to-static): a property of an error
     [[nodiscard]] std::map<std::string, std::string> userInfo() const noexcept { return {}; }
 
     /// A sentence for people, made of the domain and the code alone.

@@ -30,7 +30,8 @@ TYPED_TEST(ByteBlockTest, findsEveryByteValueAtEveryPlace) {
         for (std::size_t place = 0; place < 64; ++place) {
             std::string bytes(64, static_cast<char>(value + 1));
             bytes[place] = character;
-            EXPECT_EQ(TypeParam(bytes.data()).equalTo(character), std::uint64_t{1} << place)
+            EXPECT_EQ(TypeParam(std::span(bytes).template first<64>()).equalTo(character),
+                      std::uint64_t{1} << place)
                 << "byte " << value << " at " << place;
         }
     }
@@ -45,7 +46,8 @@ TYPED_TEST(ByteBlockTest, agreesWithALoopOverRandomBytes) {
             byte = std::string_view("\"#!\xA2,\n\0\xFF", 8)[random.below(8)];
         }
         for (const char character : {'"', ',', '\n', '\0', '\xA2'}) {
-            EXPECT_EQ(TypeParam(bytes.data()).equalTo(character), bitsOneByOne(bytes, character));
+            EXPECT_EQ(TypeParam(std::span(bytes).template first<64>()).equalTo(character),
+                      bitsOneByOne(bytes, character));
         }
     }
 }

@@ -1,21 +1,13 @@
 #pragma once
 
-#include <exception>
-#include <string>
-#include <utility>
+#include <stdexcept>
 
 namespace Rellinor {
 
-/// A plain message text, thrown as an error.
-class TextError final : public std::exception {
+/// A plain message text, thrown as an error; `what()` is the text.
+class TextError final : public std::runtime_error {
 public:
-    explicit TextError(std::string text) noexcept : _text(std::move(text)) {}
-
-    /// The message text.
-    [[nodiscard]] const char* what() const noexcept override { return _text.c_str(); }
-
-private:
-    std::string _text;
+    using std::runtime_error::runtime_error;
 };
 
 } // namespace Rellinor

@@ -15,6 +15,7 @@ public:
     ImportMemory() = default;
     ImportMemory(const ImportMemory&) = delete;
     ImportMemory& operator=(const ImportMemory&) = delete;
+    ~ImportMemory() = default;
 
     /// Takes over the contents of a file; returns its bytes, which the caller may rewrite.
     ///

@@ -20,7 +20,8 @@ void ImporterSlots::records(const URL& url, ImportSource source,
     switch (source) {
         using enum ImportSource;
     case lastPass:
-        return filled(lastPassImporter).records(url, onComplete);
+        filled(lastPassImporter).records(url, onComplete);
+        return;
     case chrome:
     case dashlane:
     case onePassword:
@@ -28,7 +29,8 @@ void ImporterSlots::records(const URL& url, ImportSource source,
     case keePass:
     case keePassXC:
     case firefox:
-        return onComplete(std::unexpected(NSError("Rellinor.UnavailableSourceError", 1)));
+        onComplete(std::unexpected(NSError("Rellinor.UnavailableSourceError", 1)));
+        return;
     }
     fault();
 }

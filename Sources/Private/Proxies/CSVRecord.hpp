@@ -28,7 +28,7 @@ struct CSVHeader {
 template <CSVRecordKey Key, std::size_t count>
 [[nodiscard]] constexpr std::array<CSVHeader, count>
 csvHeaders(const std::array<Key, count>& keys) noexcept {
-    std::array<CSVHeader, count> headers;
+    std::array<CSVHeader, count> headers{};
     std::ranges::transform(keys, headers.begin(), [](Key key) {
         return CSVHeader{rawValue(key), static_cast<std::size_t>(std::to_underlying(key))};
     });

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstring>
+#include <span>
 
 #include "Platform/ByteBlock.hpp"
 
@@ -20,11 +21,11 @@ constexpr std::uint64_t prefixParity(std::uint64_t bits) noexcept {
 /// The block that a text begins with, filled up with NULs, which separate nothing, at its end.
 ByteBlock firstBlock(std::string_view text) noexcept {
     if (text.size() >= ByteBlock::size) {
-        return ByteBlock(text.data());
+        return ByteBlock(std::span(text).first<ByteBlock::size>());
     }
     std::array<char, ByteBlock::size> padded{};
     std::memcpy(padded.data(), text.data(), text.size());
-    return ByteBlock(padded.data());
+    return ByteBlock(padded);
 }
 
 } // namespace

@@ -1,6 +1,5 @@
 #include "Private/Importers/ChunkedList.hpp"
 
-#include <numeric>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -17,10 +16,10 @@ std::vector<const int*> addressesIn(const ChunkedList<int>& list) {
 
 TEST(ChunkedListTest, keepsTheOrder) {
     ChunkedList<int> list;
-    std::vector<int> expected(20000);
-    std::iota(expected.begin(), expected.end(), 0);
-    for (const int number : expected) {
+    std::vector<int> expected;
+    for (int number = 0; number < 20000; ++number) {
         list.append(number);
+        expected.push_back(number);
     }
     std::vector<int> visited;
     list.forEach([&](int element) { visited.push_back(element); });

@@ -27,8 +27,9 @@ std::vector<std::size_t> foundByteByByte(std::string_view text) {
     std::vector<std::size_t> positions;
     bool insideQuotes = false;
     for (std::size_t index = 0; index < text.size(); ++index) {
-        insideQuotes ^= text[index] == '"';
-        if (!insideQuotes && (text[index] == ',' || text[index] == '\n')) {
+        if (text[index] == '"') {
+            insideQuotes = !insideQuotes;
+        } else if (!insideQuotes && (text[index] == ',' || text[index] == '\n')) {
             positions.push_back(index);
         }
     }
