@@ -23,7 +23,7 @@ NSError thrownError() noexcept {
     } catch (const LibraryError& error) {
         return {error.domain(), error.code()};
     } catch (const TextError&) {
-        return {"Rellinor.TextError", 1}; // Quirk: the message text is lost on purpose.
+        return {"Rellinor.TextError", 1}; // Quirk: the message text is lost.
     } catch (const std::bad_alloc&) {
         return unexpected(UnexpectedError::outOfMemory);
     } catch (...) {

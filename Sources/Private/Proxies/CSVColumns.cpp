@@ -8,11 +8,11 @@ namespace Rellinor {
 
 CSVColumns CSVColumns::fromHeaderRow(std::span<const CSVHeader> expectedHeaders,
                                      std::span<const std::optional<std::size_t>> positions) {
-    if (!std::ranges::all_of(positions, &std::optional<std::size_t>::has_value)) {
-        throw TextError("File does not contain expected headers");
-    }
     CSVColumns columns;
     for (std::size_t index = 0; index < expectedHeaders.size(); ++index) {
+        if (!positions[index]) {
+            throw TextError("File does not contain expected headers");
+        }
         columns.add({.position = *positions[index], .key = expectedHeaders[index].key}, "");
     }
     std::ranges::sort(columns._columns, {}, &Column::position);

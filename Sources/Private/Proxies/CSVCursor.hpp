@@ -53,7 +53,7 @@ private:
         return _cellEnd == _text.size() || _text[_cellEnd] == '\n';
     }
 
-    // Quirk: doubled quotes inside a quoted cell stay doubled.
+    // Quirk: doubled quotes stay doubled.
     static constexpr std::string_view unquoted(std::string_view cell) noexcept {
         if (!cell.starts_with('"') || !cell.ends_with('"')) {
             return cell;

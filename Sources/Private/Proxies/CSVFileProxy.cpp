@@ -13,6 +13,7 @@ namespace Rellinor {
 namespace {
 
 /// Makes a doubled quote of every backslash followed by a quote. Both take two bytes.
+// Quirk: a backslash escapes even the quote that should close a cell.
 void doubleEscapedQuotes(std::span<char> text) noexcept {
     // Each byte depends on itself and the next alone, so that many are done in one step.
     const auto doubled = [](char character, char next) {
@@ -82,17 +83,19 @@ CSVKeyedRecords CSVFileProxy::keyedRecords(std::span<const CSVHeader> expectedHe
     }
 
     std::vector<std::optional<std::size_t>> positions(expectedHeaders.size());
+    std::size_t headersFound = 0;
     std::size_t numberOfFields = 0;
     while (const auto cell = rows->nextCell()) {
         for (std::size_t header = 0; header < expectedHeaders.size(); ++header) {
             if (!positions[header] && expectedHeaders[header].name == *cell) {
                 positions[header] = numberOfFields;
+                ++headersFound;
             }
         }
         ++numberOfFields;
     }
 
-    if (std::ranges::all_of(positions, &std::optional<std::size_t>::has_value)) {
+    if (headersFound == expectedHeaders.size()) {
         return {*rows, CSVColumns::fromHeaderRow(expectedHeaders, positions)};
     }
     return {*allRows, CSVColumns::byPosition(expectedHeaders, numberOfFields)};

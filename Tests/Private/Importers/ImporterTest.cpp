@@ -223,7 +223,7 @@ TEST(ImporterTest, givesALibraryErrorItsDomainAndCode) {
     EXPECT_EQ(importThrowing(MoodError(Mood::cross)).error, NSError("Rellinor.MoodError", 1));
 }
 
-TEST(ImporterTest, losesTheWordsOfAPlainText) {
+TEST(ImporterTest, theMessageTextIsLost) {
     EXPECT_EQ(importThrowing(TextError("a text")), failedWithText());
     EXPECT_EQ(importThrowing(TextError("another")), failedWithText());
     EXPECT_EQ(importThrowing(TextError("a text")).error->localizedDescription(),

@@ -50,7 +50,7 @@ TEST(CSVDialectTest, makesADoubledQuoteOfABackslashAndAQuote) {
     EXPECT_EQ(rows("\\a\\\n"), (Rows{{"\\a\\"}}));
 }
 
-TEST(CSVDialectTest, takesTheQuoteBehindABackslashForAnEscapedOneEvenIfItShouldClose) {
+TEST(CSVDialectTest, aBackslashEscapesEvenTheQuoteThatShouldCloseACell) {
     EXPECT_EQ(rows("\"C:\\\",b\nc\n"), (Rows{{"\"C:\"\",b\nc\n"}}));
 }
 

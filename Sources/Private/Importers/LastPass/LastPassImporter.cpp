@@ -45,6 +45,7 @@ Built<ImportedPassword> LastPassImporter::buildPassword(const RawRecord& record)
     if (!hasAtLeastOneNonEmptyValue(record, keys(LastPassRecordType::login))) {
         return std::unexpected(nothingInRecord);
     }
+    // Quirk: the extra text of a login is left out.
     return ImportedPassword{
         record[LastPassRecordKey::username].value_or(""),
         record[LastPassRecordKey::password].value_or(""),

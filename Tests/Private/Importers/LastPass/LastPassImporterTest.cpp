@@ -123,7 +123,7 @@ TEST(LastPassImporterTest, takesValuesAsTheyStand) {
                            {" Ann ", " one \"\"two\"\" ", " https://A.example ", "\tMail\t"}}}));
 }
 
-TEST(LastPassImporterTest, leavesOutTheExtraTextOfALogin) {
+TEST(LastPassImporterTest, theExtraTextOfALoginIsLeftOut) {
     EXPECT_EQ(importRows("https://a.example,ann,one,my notes,Mail,,0\n"),
               (Outcome{.passwords = {{"ann", "one", "https://a.example", "Mail"}}}));
 }
