@@ -1,0 +1,200 @@
+"""Hand-worked values for lastpass_reference."""
+import os
+import random
+import re
+import tempfile
+import unittest
+
+import lastpass_reference as ref
+
+HEAD = "url,username,password,extra,name,grouping,fav\n"
+
+
+def run(data):
+    if isinstance(data, str):
+        data = data.encode("utf-8")
+    handle, path = tempfile.mkstemp()
+    try:
+        os.write(handle, data)
+        os.close(handle)
+        return ref.import_file(path)
+    finally:
+        os.unlink(path)
+
+
+def login(url="", username="", password="", service=""):
+    return {"username": username, "password": password, "url": url, "service": service,
+            "color": None, "note": None, "pwdChange": None}
+
+
+def note(title="", content=""):
+    return {"color": None, "title": title, "content": content}
+
+
+def ok(passwords=(), notes=()):
+    return {"passwords": list(passwords), "notes": list(notes), "cards": []}
+
+
+ERROR = {"error": True}
+
+
+class Dialect(unittest.TestCase):
+    def rows(self, text, expected):
+        self.assertEqual(ref.parse_file_data(text), expected)
+
+    def test_rows(self):
+        self.rows("", [])
+        self.rows("\n \n\t\u3000\u00a0\n", [])
+        self.rows("\r", [["\r"]])
+        self.rows("\u200b\n\u0085\n\u2028\n\x0b", [["\u200b"], ["\u0085"], ["\u2028"], ["\x0b"]])
+        self.rows('a,"b",c', [["a", "b", "c"]])
+        self.rows('a, "b",c', [["a", ' "b"', "c"]])
+        self.rows('"ab""c"', [['ab""c']])
+        self.rows('"ab\\"c"', [['ab""c']])
+        self.rows('"a,b\nc",d\ne', [["a,b\nc", "d"], ["e"]])
+        self.rows('"a\r\nb"\r\nc', [["a\nb"], ["c"]])
+        self.rows("a\r\r\nb", [["a\r"], ["b"]])
+        self.rows("a\rb", [["a\rb"]])
+        self.rows('""', [[""]])
+        self.rows('"', [[""]])
+        self.rows('a,"', [["a", ""]])
+        self.rows('""",', [['""",']])
+        self.rows('"\n', [['"\n']])
+        self.rows(",", [["", ""]])
+        # a quoted cell that ends in a backslash: the closing quote counts as two
+        self.rows('"a\\",b\nc', [['"a"",b\nc']])
+        self.rows('\\\\"', [['\\""']])
+        # a combining mark after the closing quote is a code point of its own
+        self.rows('"a"\u0301,b', [['"a"\u0301', "b"]])
+        self.rows('"\u0301a",b', [["\u0301a", "b"]])
+        self.rows(' "a\nb" ', [[' "a\nb" ']])
+
+    def test_decoding(self):
+        self.assertEqual(ref.decode_text(b"\xef\xbb\xbf\xef\xbb\xbfa"), "\ufeffa")
+        for bad in (b"\xff", b"\xc0\x80", b"\xed\xa0\x80", b"\xf4\x90\x80\x80", b"\xe2\x82"):
+            self.assertIsNone(ref.decode_text(bad))
+        self.assertEqual(ref.decode_text(b"\x00\xef\xbf\xbf"), "\x00\uffff")
+
+
+class Url(unittest.TestCase):
+    def test_host_sn(self):
+        for text in ("http://sn", "https://sn/x", "http://sn?q", "HTTP://sn", "http://sn:80/x",
+                     "http://user@sn/", "//sn/path", "file://sn/x", "http://%73n/", "sn://sn",
+                     "a+b.c-d://sn", "http://user@sn:80/x?y#z", "http://sn#", "http://@sn",
+                     "http://a:b:c@sn", "http://s%6E", "//sn", "http://sn/a:@b", "http://sn?/?"):
+            self.assertEqual(ref.url_host(text), b"sn", text)
+
+    def test_other_host(self):
+        for text, host in (("http://SN", b"SN"), ("http://sn.", b"sn."), ("http://www.sn", b"www.sn"),
+                           ("http://snx", b"snx"), ("http:///sn", b""), ("http://", b""),
+                           ("http://:80/", b""), ("http://[::1]/", b"[::1]"),
+                           ("http://%2573n", b"%73n"), ("http://sn%00", b"sn\0"),
+                           ("http://1.2.3.4", b"1.2.3.4"), ("http://sn;x", b"sn;x")):
+            self.assertEqual(ref.url_host(text), host, text)
+
+    def test_no_host(self):
+        for text in ("", "sn", "/sn", "sn:", "mailto:sn", " http://sn", "http://sn ",
+                     "http://sn/a b", "http://sn/\u00e9", "http://sn/%zz", "http://sn/%", "http://sn/%7",
+                     "1a://sn", "http:sn", "http:/sn", "://sn", "http://sn\n", "http://sn\0",
+                     "http://\uff53\uff4e", "http://sn/\\", "http://sn/^", "http://sn/`",
+                     "http://sn/{", "http://sn/|", "http://sn/<", 'http://sn/"', "a_b://sn",
+                     "http://[sn]/", "http://a@b@sn", "http://sn/[", "http://sn#a#b", "http://sn:x",
+                     "http://%zz@sn", "a:b//sn", "x//sn", "?//sn", "#//sn"):
+            self.assertIsNone(ref.url_host(text), text)
+
+    def test_ip_literals(self):
+        for text in ("::", "::1", "1::", "1:2:3:4:5:6:7:8", "1:2:3:4:5:6:7::", "::2:3:4:5:6:7:8",
+                     "1:2:3:4:5:6:1.2.3.4", "::1.2.3.4", "::ffff:255.255.255.255"):
+            self.assertTrue(ref.is_ipv6(text), text)
+        for text in ("", ":", ":::", "1", "1:2:3:4:5:6:7", "1:2:3:4:5:6:7:8:9", "1:2:3:4::5:6:7:8",
+                     "12345::", "::1::", "1.2.3.4::", "::1.2.3.256", "::01.2.3.4", ":1", "1:", "g::"):
+            self.assertFalse(ref.is_ipv6(text), text)
+        self.assertTrue(ref.is_ipvfuture("v1.sn"))
+        self.assertFalse(ref.is_ipvfuture("v.sn"))
+        self.assertFalse(ref.is_ipvfuture("v1."))
+
+
+class Grammar(unittest.TestCase):
+    """The hand-written parser against the collected ABNF of RFC 3986, appendix A, as one expression."""
+
+    def test_against_abnf(self):
+        pct = "%[0-9A-Fa-f]{2}"
+        unreserved, sub = r"A-Za-z0-9\-._~", r"!$&'()*+,;="
+        pchar = "(?:[%s%s:@]|%s)" % (unreserved, sub, pct)
+        octet = "(?:25[0-5]|2[0-4][0-9]|1[0-9]{2}|[1-9][0-9]|[0-9])"
+        ipv4 = r"%s(?:\.%s){3}" % (octet, octet)
+        h16 = "[0-9A-Fa-f]{1,4}"
+        ls32 = "(?:%s:%s|%s)" % (h16, h16, ipv4)
+        ipv6 = "(?:" + "|".join(
+            ["(?:{h}:){{6}}{l}", "::(?:{h}:){{5}}{l}", "(?:{h})?::(?:{h}:){{4}}{l}",
+             "(?:(?:{h}:){{,1}}{h})?::(?:{h}:){{3}}{l}", "(?:(?:{h}:){{,2}}{h})?::(?:{h}:){{2}}{l}",
+             "(?:(?:{h}:){{,3}}{h})?::{h}:{l}", "(?:(?:{h}:){{,4}}{h})?::{l}",
+             "(?:(?:{h}:){{,5}}{h})?::{h}", "(?:(?:{h}:){{,6}}{h})?::"]).format(h=h16, l=ls32) + ")"
+        future = r"[vV][0-9A-Fa-f]+\.[%s%s:]+" % (unreserved, sub)
+        reg_name = "(?:[%s%s]|%s)*" % (unreserved, sub, pct)
+        authority = r"(?:(?:[%s%s:]|%s)*@)?(?P<hN>\[(?:%s|%s)\]|%s)(?::[0-9]*)?" % (
+            unreserved, sub, pct, ipv6, future, reg_name)
+        abempty = "(?:/%s*)*" % pchar
+        absolute = "/(?:%s+%s)?" % (pchar, abempty)
+        rootless = "%s+%s" % (pchar, abempty)
+        noscheme = "(?:[%s%s@]|%s)+%s" % (unreserved, sub, pct, abempty)
+        tail = r"(?:\?(?:%s|[/?])*)?(?:#(?:%s|[/?])*)?" % (pchar, pchar)
+        whole = re.compile(r"(?:[A-Za-z][A-Za-z0-9+\-.]*:(?://%s%s|%s|%s|)|(?://%s%s|%s|%s|))%s" % (
+            authority.replace("hN", "h1"), abempty, absolute, rootless, authority.replace("hN", "h2"), abempty, absolute, noscheme, tail))
+        r = random.Random(3)
+        pieces = ["http:", "//", "/", ":", "@", "?", "#", "[", "]", "%73", "%", "%6", "sn", "s", "n", "1", "80", ".",
+                  "1.2.3.4", "::", "f0:", "v1.", "+", "-", "~", "!", ",", " ", "\u00e9", "\n", "\\", "^", "256", "a"]
+        parsed = 0
+        for number in range(60000):
+            text = "".join(r.choices(pieces, k=r.randint(1, 9)))
+            if number % 3 == 0:
+                text = "//[" + "".join(r.choices(["::", ":", "1", "f0:", "1:", "1.2.3.4", "v1."], k=r.randint(1, 9))) + "]"
+            match, mine = whole.fullmatch(text), ref.parse_uri_reference(text)
+            self.assertEqual(match is None, mine is None, text)
+            if match:
+                parsed += 1
+                host = match["h1"] if match["h1"] is not None else match["h2"]
+                self.assertEqual(host, mine["authority"] and mine["authority"][1], text)
+        self.assertGreater(parsed, 5000)
+
+
+class Import(unittest.TestCase):
+    def test_failures(self):
+        for data in ("", "\ufeff", " \n\t\n", "a,b,c,d,e,f", "a,b,c,d,e,f,g,h",
+                     HEAD.replace("\n", ",more\n") + "1,2,3,4,5,6,7,8", b"\xff" + HEAD.encode(),
+                     (HEAD + "a,b,c,d,e,f,g\n").replace("\n", "\r"), "\x0b\n" + HEAD):
+            self.assertEqual(run(data), ERROR, data)
+        self.assertEqual(ref.import_file("/nonexistent"), ERROR)
+        self.assertEqual(ref.import_file("/tmp"), ERROR)
+        self.assertEqual(ref.import_file("/dev/null"), ERROR)
+
+    def test_header(self):
+        self.assertEqual(run(HEAD), ok())
+        self.assertEqual(run("\n \n" + HEAD.strip()), ok())
+        self.assertEqual(run("\ufeff" + HEAD + "u,n,p,e,t,g,1"), ok([login("u", "n", "p", "t")]))
+        self.assertEqual(run(HEAD.replace("\n", "\r\n") + "u,n,p,e,t,g,1\r\n"),
+                         ok([login("u", "n", "p", "t")]))
+        self.assertEqual(run('"fav","grouping","name","extra","password","username","url"\n1,g,t,e,p,n,u,x'),
+                         ok([login("u", "n", "p", "t")]))
+
+    def test_header_rows(self):
+        self.assertEqual(run(HEAD + ",,,e,,g,1\n"), ok())              # nothing tested is filled
+        self.assertEqual(run(HEAD + ",,p"), ok([login(password="p")]))
+        self.assertEqual(run(HEAD + '""\n'), ok())
+        self.assertEqual(run(HEAD + ' ,,\n'), ok([login(" ")]))
+        self.assertEqual(run(HEAD + "http://sn,u,p,,,g,1"), ok())
+        self.assertEqual(run(HEAD + "http://sn"), ok())
+        self.assertEqual(run(HEAD + 'http://sn,,,"a\nb,c"'), ok(notes=[note("", "a\nb,c")]))
+        self.assertEqual(run(HEAD + "http://sn,,,x,t\nsn,,,x,t\nhttp://snx,,,x,t"),
+                         ok([login("sn", service="t"), login("http://snx", service="t")], [note("t", "x")]))
+
+    def test_no_header(self):
+        self.assertEqual(run("u,n,p,e,t,g,1\nhttp://sn\nhttp://sn,,,x\n\"\"\na,b,c,d,e,f,g,h"),
+                         ok([login("u", "n", "p", "t"), login(service=None), login("a", "b", "c", "e")],
+                            [note("", ""), note("", "x")]))
+        self.assertEqual(run(HEAD.replace("fav", "Fav") + ",,,,,,"),
+                         ok([login("url", "username", "password", "name")]))
+
+
+if __name__ == "__main__":
+    unittest.main()
