@@ -19,15 +19,17 @@ void ImporterSlots::records(const URL& url, ImportSource source,
                             const RecordsCompletion& onComplete) {
     switch (source) {
         using enum ImportSource;
+    case chrome:
+        return filled(chromeImporter).records(url, onComplete);
     case lastPass:
         return filled(lastPassImporter).records(url, onComplete);
-    case chrome:
+    case firefox:
+        return filled(firefoxImporter).records(url, onComplete);
     case dashlane:
     case onePassword:
     case tirel:
     case keePass:
     case keePassXC:
-    case firefox:
         return onComplete(std::unexpected(NSError("Rellinor.UnavailableSourceError", 1)));
     }
     fault();
