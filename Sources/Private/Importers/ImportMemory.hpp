@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "Platform/File.hpp"
+#include "Platform/LargeMemory.hpp"
 #include "Platform/WipedBuffer.hpp"
 
 namespace Rellinor {
@@ -45,7 +46,7 @@ private:
     std::size_t _nextChunk = smallestChunk;
 
     static constexpr std::size_t smallestChunk = std::size_t{4} * 1024;
-    static constexpr std::size_t largestChunk = std::size_t{256} * 1024;
+    static constexpr std::size_t largestChunk = largePageSize;
 };
 
 } // namespace Rellinor

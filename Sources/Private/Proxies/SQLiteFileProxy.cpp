@@ -116,16 +116,17 @@ bool SQLiteFileProxy::prepareStatement(std::string_view query,
            SQLITE_OK;
 }
 
-void SQLiteFileProxy::mapColumns(::sqlite3_stmt* statement, SQLiteRows& rows) const {
+void SQLiteFileProxy::mapColumns(::sqlite3_stmt* statement, SQLiteRows& rows) {
     const int count = ::sqlite3_column_count(statement);
     require(count >= 0);
     if (rows.size() == 0) {
         rows.nameColumns(namesOf(statement, count, _memory));
     }
+    _row.clear();
     for (int column = 0; column < count; ++column) {
-        rows.append(valueOf(statement, column, _memory));
+        _row.push_back(valueOf(statement, column, _memory));
     }
-    rows.endRow();
+    rows.append(_row);
 }
 
 void SQLiteFileProxy::close() const noexcept {

@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "Private/Importers/ImportMemory.hpp"
 #include "Private/Proxies/SQLiteFileProxyType.hpp"
@@ -38,13 +39,14 @@ private:
                                         ::sqlite3_stmt*& statement) const noexcept;
 
     /// Appends the row on which the statement stands.
-    void mapColumns(::sqlite3_stmt* statement, SQLiteRows& rows) const;
+    void mapColumns(::sqlite3_stmt* statement, SQLiteRows& rows);
 
     void close() const noexcept;
 
     ::sqlite3* _dbp = nullptr; // of the last select; keeps its value when the connection is closed
     std::string _pathToDatabase;
     ImportMemory& _memory;
+    std::vector<SQLiteValue> _row; // that is being read
 };
 
 } // namespace Rellinor

@@ -2,19 +2,21 @@
 
 #include <cstddef>
 #include <iterator>
+#include <span>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 #include "Platform/Fault.hpp"
+#include "Platform/LargeMemory.hpp"
 #include "Private/Importers/ImportMemory.hpp"
 #include "Private/Proxies/SQLiteRow.hpp"
 #include "Private/Proxies/SQLiteValue.hpp"
 
 namespace Rellinor {
 
-/// The rows that a query gave, in their order. They stand in one list of values, so that a row
-/// costs no allocation of its own.
+/// The rows that a query gave, in their order. Many of them share a list of values, so that a row
+/// costs no allocation of its own and a long list is never copied over.
 class SQLiteRows {
 public:
     /// No rows yet.
@@ -25,15 +27,16 @@ public:
     /// Names the columns; to be called before the first row is appended.
     void nameColumns(std::vector<std::string_view> names) noexcept { _names = std::move(names); }
 
-    /// Appends one value; those of a row follow each other in the order of the columns.
+    /// Appends a row, with its values in the order of the columns.
     ///
     /// @throws std::bad_alloc
-    void append(SQLiteValue value) { _values.push_back(value); }
-
-    /// Ends a row.
-    void endRow() noexcept {
+    void append(std::span<const SQLiteValue> values) {
+        require(values.size() == _names.size());
+        if (_size % rowsPerChunk == 0) {
+            addChunk();
+        }
+        _chunks.back().insert(_chunks.back().end(), values.begin(), values.end());
         ++_size;
-        require(_values.size() == _size * _names.size());
     }
 
     [[nodiscard]] std::size_t size() const noexcept { return _size; }
@@ -69,14 +72,26 @@ public:
     [[nodiscard]] Iterator end() const noexcept { return {*this, _size}; }
 
 private:
+    using Chunk = std::vector<SQLiteValue, LargeMemoryAllocator<SQLiteValue>>;
+
     [[nodiscard]] SQLiteRow row(std::size_t index) const noexcept {
         const std::size_t columns = _names.size();
-        return {_names, std::span(_values).subspan(index * columns, columns), *_memory};
+        const std::span<const SQLiteValue> chunk = _chunks[index / rowsPerChunk];
+        return {_names, chunk.subspan(index % rowsPerChunk * columns, columns), *_memory};
     }
+
+    void addChunk() {
+        Chunk& chunk = _chunks.emplace_back();
+        if (_size > 0) { // the first grows by itself: most results are small
+            chunk.reserve(rowsPerChunk * _names.size());
+        }
+    }
+
+    static constexpr std::size_t rowsPerChunk = 65536;
 
     ImportMemory* _memory;
     std::vector<std::string_view> _names;
-    std::vector<SQLiteValue> _values;
+    std::vector<Chunk> _chunks; // of so many rows each, but the last
     std::size_t _size = 0;
 };
 
