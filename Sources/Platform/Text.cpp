@@ -153,7 +153,7 @@ std::size_t numberOfCharacters(std::string_view text) noexcept {
         if (next.length <= 0) {
             next = {.value = 0xFFFD, .length = 1};
         }
-        if (atStart || ::utf8proc_grapheme_break_stateful(previous, next.value, &state) != 0) {
+        if (atStart || ::utf8proc_grapheme_break_stateful(previous, next.value, &state)) {
             ++count;
         }
         previous = next.value;

@@ -126,7 +126,7 @@ TEST(ImporterSlotsTest, keepTheImporterOfFirefoxWithItsState) {
     ImporterSlots slots;
     slots.records(profile, ImportSource::firefox,
                   [](const RecordsResult& result) { EXPECT_FALSE(result); });
-    folder.file("logins.json", "{}");
+    (void)folder.file("logins.json", "{}");
     slots.records(profile, ImportSource::firefox,
                   [](const RecordsResult& result) { EXPECT_TRUE(result); });
     ASSERT_TRUE(slots.firefoxImporter);

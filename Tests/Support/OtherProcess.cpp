@@ -18,10 +18,12 @@ OtherProcess::OtherProcess(const std::function<void()>& work) {
     if (_process == 0) {
         work(); // what it throws ends the process, and the pipe is closed without a word
         char done = 1;
-        (void)!::write(pipe[1], &done, 1);
-        for (;;) {
-            ::pause();
+        if (::write(pipe[1], &done, 1) == 1) {
+            for (;;) {
+                ::pause();
+            }
         }
+        ::_exit(1);
     }
     ::close(pipe[1]);
     char done = 0;

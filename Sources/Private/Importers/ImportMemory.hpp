@@ -18,6 +18,7 @@ namespace Rellinor {
 class ImportMemory {
 public:
     ImportMemory() = default;
+    ~ImportMemory() = default;
     ImportMemory(const ImportMemory&) = delete;
     ImportMemory& operator=(const ImportMemory&) = delete;
 

@@ -48,7 +48,7 @@ SQLiteValue blobOf(::sqlite3_stmt* statement, int column, ImportMemory& memory) 
     const int size = ::sqlite3_column_bytes(statement, column);
     const auto* const bytes = static_cast<const char*>(::sqlite3_column_blob(statement, column));
     if (bytes == nullptr) {
-        return SQLiteValue(); // Quirk: an empty blob is an absent value.
+        return {}; // Quirk: an empty blob is an absent value.
     }
     const std::string_view copy = memory.copy({bytes, static_cast<std::size_t>(size)});
     return SQLiteValue(std::span(copy));
@@ -67,7 +67,7 @@ SQLiteValue valueOf(::sqlite3_stmt* statement, int column, ImportMemory& memory)
     case SQLITE_BLOB:
         return blobOf(statement, column, memory);
     default:
-        return SQLiteValue();
+        return {};
     }
 }
 
@@ -111,8 +111,9 @@ bool SQLiteFileProxy::prepareStatement(std::string_view query,
     // Quirk: the number of characters is given as that of bytes, which cuts some queries short.
     const std::size_t length = numberOfCharacters(query);
     require(length <= std::size_t{std::numeric_limits<int>::max()});
+    const char* const text = query.data();
     const char* tail = nullptr;
-    return ::sqlite3_prepare_v2(_dbp, query.data(), static_cast<int>(length), &statement, &tail) ==
+    return ::sqlite3_prepare_v2(_dbp, text, static_cast<int>(length), &statement, &tail) ==
            SQLITE_OK;
 }
 

@@ -7,8 +7,11 @@
 
 namespace Rellinor {
 
+// A union and not a variant: two words instead of three, of which a database may have very many.
+// NOLINTBEGIN(*-union-access,*-stringview-data-usage)
+
 /// What one column holds in one row: a number, a text, bytes or nothing. Texts and bytes belong to
-/// the import's memory. Two words large, since a database may have very many.
+/// the import's memory.
 class SQLiteValue {
 public:
     /// An absent value.
@@ -63,6 +66,8 @@ private:
     std::uint32_t _size = 0; // of a text or blob
     Type _type = Type::absent;
 };
+
+// NOLINTEND(*-union-access,*-stringview-data-usage)
 
 static_assert(sizeof(SQLiteValue) == 16);
 

@@ -37,7 +37,7 @@ std::string login(const std::string& hostname, const std::string& username,
 /// A profile folder.
 class FirefoxImporterTest : public testing::Test {
 protected:
-    void logins(std::string_view text) const { _folder.file("logins.json", text); }
+    void logins(std::string_view text) const { (void)_folder.file("logins.json", text); }
 
     /// What the browser itself lays down, and these statements.
     void signons(const Statements& statements) const {
