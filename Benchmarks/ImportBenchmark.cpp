@@ -1,55 +1,21 @@
 // End to end: a file in the page cache to delivered records, beside the floor of the same run.
 
-#include <algorithm>
-#include <chrono>
 #include <cstddef>
-#include <filesystem>
-#include <fstream>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include <Rellinor/Rellinor.hpp>
 #include <benchmark/benchmark.h>
-#include <unistd.h>
 
 #include "Benchmarks/Floor.hpp"
 #include "Benchmarks/LastPassGenerator.hpp"
+#include "Benchmarks/Measurement.hpp"
 #include "Benchmarks/PeakMemory.hpp"
+#include "Benchmarks/TemporaryFile.hpp"
 
 namespace Rellinor::Benchmarks {
 
 namespace {
-
-/// A file that goes away with it.
-class TemporaryFile {
-public:
-    explicit TemporaryFile(const std::string& contents)
-        : _path(std::filesystem::temp_directory_path() /
-                ("rellinor-benchmark-" + std::to_string(::getpid()))) {
-        std::ofstream(_path, std::ios::binary) << contents;
-    }
-
-    TemporaryFile(const TemporaryFile&) = delete;
-    TemporaryFile& operator=(const TemporaryFile&) = delete;
-
-    ~TemporaryFile() {
-        std::error_code ignored;
-        std::filesystem::remove(_path, ignored);
-    }
-
-    [[nodiscard]] const std::filesystem::path& path() const { return _path; }
-
-private:
-    std::filesystem::path _path;
-};
-
-ImportedRecords imported(const std::filesystem::path& file) {
-    ImportedRecords records;
-    RecordsImporter().records(URL::fileURLWithPath(file.native()), ImportSource::lastPass,
-                              [&](RecordsResult result) { records = std::move(result.value()); });
-    return records;
-}
 
 std::size_t deliveredBytes(const ImportedRecords& records) {
     std::size_t bytes = 0;
@@ -63,23 +29,12 @@ std::size_t deliveredBytes(const ImportedRecords& records) {
     return bytes;
 }
 
-double secondsOf(auto&& work) {
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
-double median(std::vector<double> values) {
-    const auto middle = values.begin() + std::ssize(values) / 2;
-    std::ranges::nth_element(values, middle);
-    return *middle;
-}
-
 void lastPass(benchmark::State& state) {
     const std::string text = lastPassExport(static_cast<std::size_t>(state.range(0)));
     const TemporaryFile file(text);
-    const std::size_t delivered = deliveredBytes(imported(file.path()));
-    const std::size_t peak = peakMemoryOf([&] { benchmark::DoNotOptimize(imported(file.path())); });
+    const std::size_t delivered = deliveredBytes(imported(ImportSource::lastPass, file.path()));
+    const std::size_t peak = peakMemoryOf(
+        [&] { benchmark::DoNotOptimize(imported(ImportSource::lastPass, file.path())); });
 
     std::vector<double> imports;
     std::vector<double> ratios;
@@ -87,7 +42,8 @@ void lastPass(benchmark::State& state) {
         const double floor =
             secondsOf([&] { benchmark::DoNotOptimize(floorOf(file.path(), delivered)); });
         // Letting the records go is part of the work, as freeing the copy is part of the floor.
-        const double import = secondsOf([&] { benchmark::DoNotOptimize(imported(file.path())); });
+        const double import = secondsOf(
+            [&] { benchmark::DoNotOptimize(imported(ImportSource::lastPass, file.path())); });
         imports.push_back(import);
         ratios.push_back(import / floor);
         state.SetIterationTime(import);

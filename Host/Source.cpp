@@ -18,14 +18,14 @@ struct Description {
 constexpr std::string_view notYet = "(not in this version)";
 
 constexpr std::array<Description, 8> descriptions = {{
-    {ImportSource::chrome, "chrome", notYet},
+    {ImportSource::chrome, "chrome", "login database"},
     {ImportSource::lastPass, "lastPass", "CSV export"},
     {ImportSource::dashlane, "dashlane", notYet},
     {ImportSource::onePassword, "onePassword", notYet},
     {ImportSource::tirel, "tirel", notYet},
     {ImportSource::keePass, "keePass", notYet},
     {ImportSource::keePassXC, "keePassXC", notYet},
-    {ImportSource::firefox, "firefox", notYet},
+    {ImportSource::firefox, "firefox", "profile folder"},
 }};
 
 constexpr char lowerCase(char letter) noexcept {

@@ -10,9 +10,10 @@ option(RELLINOR_BOOST_FROM_HEADERS "Compile Boost's sources from its headers" OF
 if(RELLINOR_BOOST_FROM_HEADERS)
     find_dependency(Boost 1.81)
 else()
-    find_dependency(Boost 1.81 COMPONENTS url)
+    find_dependency(Boost 1.81 COMPONENTS json url)
 endif()
 
+find_dependency(SQLite3)
 find_dependency(PkgConfig)
 if(NOT TARGET PkgConfig::sodium)
     pkg_check_modules(sodium REQUIRED IMPORTED_TARGET libsodium)

@@ -83,4 +83,8 @@ std::optional<FileContents> readFile(std::string_view path) {
     }
 }
 
+bool isReadableFile(std::string_view path) {
+    return !path.contains('\0') && ::access(std::string(path).c_str(), R_OK) == 0;
+}
+
 } // namespace Rellinor

@@ -26,4 +26,8 @@ struct FileContents {
 /// @throws std::bad_alloc
 [[nodiscard]] std::optional<FileContents> readFile(std::string_view path);
 
+/// Whether there is something at `path`, following links, that this user may read. That is no
+/// promise: it holds for a folder too, and may have changed by the time of reading.
+[[nodiscard]] bool isReadableFile(std::string_view path);
+
 } // namespace Rellinor

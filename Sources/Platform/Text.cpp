@@ -1,5 +1,6 @@
 #include "Platform/Text.hpp"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 
@@ -10,6 +11,7 @@ namespace Rellinor {
 namespace {
 
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+constexpr std::string_view replacementCharacter = "\xEF\xBF\xBD";
 
 constexpr bool isASCII(char character) noexcept {
     return static_cast<unsigned char>(character) < 0x80U;
@@ -47,6 +49,65 @@ CodePoint firstCodePoint(std::string_view text) noexcept {
     return first;
 }
 
+/// The values that the byte behind a lead byte may have.
+struct SecondByte {
+    unsigned char lowest = 0x80;
+    unsigned char highest = 0xBF;
+};
+
+constexpr SecondByte secondByteBehind(unsigned char lead) noexcept {
+    switch (lead) {
+    case 0xE0:
+        return {.lowest = 0xA0}; // below, the form would be overlong
+    case 0xED:
+        return {.highest = 0x9F}; // above are the surrogates
+    case 0xF0:
+        return {.lowest = 0x90};
+    case 0xF4:
+        return {.highest = 0x8F}; // above is nothing
+    default:
+        return {};
+    }
+}
+
+/// How many bytes a lead byte announces, itself included; 1 if it is none.
+constexpr std::size_t lengthAnnouncedBy(unsigned char lead) noexcept {
+    if (lead >= 0xC2 && lead <= 0xDF) {
+        return 2;
+    }
+    if (lead >= 0xE0 && lead <= 0xEF) {
+        return 3;
+    }
+    return lead >= 0xF0 && lead <= 0xF4 ? 4 : 1;
+}
+
+/// How many bytes at the beginning of `bytes`, which begin no whole code point, are replaced by one
+/// character.
+std::size_t lengthOfBrokenPrefix(std::string_view bytes) noexcept {
+    const auto byteAt = [&](std::size_t index) { return static_cast<unsigned char>(bytes[index]); };
+    const std::size_t announced = std::min(lengthAnnouncedBy(byteAt(0)), bytes.size());
+    SecondByte expected = secondByteBehind(byteAt(0));
+    std::size_t length = 1;
+    while (length < announced && byteAt(length) >= expected.lowest &&
+           byteAt(length) <= expected.highest) {
+        expected = {};
+        ++length;
+    }
+    return length;
+}
+
+/// Calls `visit` with each piece of the repaired text.
+void forEachRepairedPiece(std::string_view bytes, auto&& visit) noexcept {
+    while (!bytes.empty()) {
+        const CodePoint first = firstCodePoint(bytes);
+        const bool whole = first.length > 0;
+        const std::size_t length =
+            whole ? static_cast<std::size_t>(first.length) : lengthOfBrokenPrefix(bytes);
+        visit(whole ? bytes.substr(0, length) : replacementCharacter);
+        bytes.remove_prefix(length);
+    }
+}
+
 } // namespace
 
 bool isUTF8(std::string_view bytes) noexcept {
@@ -69,6 +130,36 @@ std::optional<std::span<char>> decodedText(std::span<char> bytes) noexcept {
         return std::nullopt;
     }
     return view.starts_with(byteOrderMark) ? bytes.subspan(byteOrderMark.size()) : bytes;
+}
+
+std::size_t sizeOfRepairedText(std::string_view bytes) noexcept {
+    std::size_t size = 0;
+    forEachRepairedPiece(bytes, [&](std::string_view piece) { size += piece.size(); });
+    return size;
+}
+
+void writeRepairedText(std::string_view bytes, std::span<char> target) noexcept {
+    auto position = target.begin();
+    forEachRepairedPiece(
+        bytes, [&](std::string_view piece) { position = std::ranges::copy(piece, position).out; });
+}
+
+std::size_t numberOfCharacters(std::string_view text) noexcept {
+    std::size_t count = 0;
+    utf8proc_int32_t previous = 0;
+    utf8proc_int32_t state = 0;
+    for (bool atStart = true; !text.empty(); atStart = false) {
+        CodePoint next = firstCodePoint(text);
+        if (next.length <= 0) {
+            next = {.value = 0xFFFD, .length = 1};
+        }
+        if (atStart || ::utf8proc_grapheme_break_stateful(previous, next.value, &state)) {
+            ++count;
+        }
+        previous = next.value;
+        text.remove_prefix(static_cast<std::size_t>(next.length));
+    }
+    return count;
 }
 
 bool isBlank(std::string_view text) noexcept {

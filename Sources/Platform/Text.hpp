@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -13,6 +14,19 @@ namespace Rellinor {
 /// The text that `bytes` spell in UTF-8, in place, without one leading byte-order mark. Absent if
 /// they are not strict UTF-8.
 [[nodiscard]] std::optional<std::span<char>> decodedText(std::span<char> bytes) noexcept;
+
+/// How many bytes `bytes` take once everything in them that is not UTF-8 is replaced by U+FFFD: one
+/// for each longest beginning of a code point, and one for each byte that begins none.
+[[nodiscard]] std::size_t sizeOfRepairedText(std::string_view bytes) noexcept;
+
+/// Writes `bytes`, repaired in that way.
+///
+/// @param target  as large as `sizeOfRepairedText` says
+void writeRepairedText(std::string_view bytes, std::span<char> target) noexcept;
+
+/// How many characters a text has. A character is an extended grapheme cluster, such as a letter
+/// with its accents or CR LF; a byte that is not UTF-8 counts as one.
+[[nodiscard]] std::size_t numberOfCharacters(std::string_view text) noexcept;
 
 /// Whether a UTF-8 text is empty or consists only of space separators (Unicode category Zs) and
 /// tabs. Line breaks are not among them.

@@ -26,6 +26,23 @@ URL URL::fileURLWithPath(std::string_view path) {
     return URL(std::move(absolute));
 }
 
+URL URL::appendingPathComponent(std::string_view component) const {
+    std::string path = _path;
+    if (!path.ends_with('/') && !component.starts_with('/')) {
+        path += '/';
+    }
+    path += component;
+    return URL(std::move(path));
+}
+
+URL URL::appendingPathExtension(std::string_view extension) const {
+    const std::size_t end = path().size();
+    std::string path = _path;
+    path.insert(end, extension);
+    path.insert(end, 1, '.');
+    return URL(std::move(path));
+}
+
 std::string_view URL::path() const noexcept {
     std::string_view path = _path;
     while (path.size() > 1 && path.ends_with('/')) {

@@ -18,6 +18,13 @@ public:
     /// @throws std::filesystem::filesystem_error  `path` is relative and there is no current folder
     [[nodiscard]] static URL fileURLWithPath(std::string_view path);
 
+    /// The location of what is named `component` in this folder. A slash is put between the two
+    /// unless there is one already; `component` itself is taken as it stands.
+    [[nodiscard]] URL appendingPathComponent(std::string_view component) const;
+
+    /// This location with a point and `extension` at the end of its path, before a trailing slash.
+    [[nodiscard]] URL appendingPathExtension(std::string_view extension) const;
+
     /// The path, decoded, without a trailing slash (but "/" stays).
     [[nodiscard]] std::string_view path() const noexcept;
 

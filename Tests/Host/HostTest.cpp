@@ -202,7 +202,7 @@ TEST_F(HostTest, namesAnOddPathOnOneLine) {
 }
 
 TEST_F(HostTest, sayThatASourceIsNotAvailableYet) {
-    const Ended ended = rellinor({"import", "--source", "chrome", lastPassExport("")});
+    const Ended ended = rellinor({"import", "--source", "dashlane", lastPassExport("")});
     EXPECT_EQ(ended.status, 1);
     EXPECT_TRUE(ended.errors.contains("Rellinor.UnavailableSourceError")) << ended.errors;
 }
@@ -266,6 +266,17 @@ TEST_F(HostTest, tellsItsVersionAndItsUsage) {
         const Ended help = rellinor(arguments);
         EXPECT_EQ(help.status, 0);
         EXPECT_TRUE(help.out.contains("Usage: rellinor")) << help.out;
+    }
+}
+
+TEST_F(HostTest, importsTheSampleStoresOfBrowsers) {
+    const std::string login = RELLINOR_EXAMPLES "/Chrome/Login Data";
+    EXPECT_EQ(rellinor({"import", "--source", "chrome", login}).out,
+              login + ": 6 passwords, 0 notes, 0 cards\n");
+    for (const std::string profile : {"current", "old"}) {
+        const std::string path = RELLINOR_EXAMPLES "/Firefox/" + profile + ".profile";
+        EXPECT_EQ(rellinor({"import", "--source", "firefox", path}).out,
+                  path + ": 3 passwords, 0 notes, 0 cards\n");
     }
 }
 

@@ -112,10 +112,40 @@ TEST(FileTest, doesNotCutAPathAtItsNUL) {
     const TemporaryFolder folder;
     const std::string path = folder.file("file", "text");
     EXPECT_EQ(textAt(path + '\0' + "more"), std::nullopt);
+    EXPECT_FALSE(isReadableFile(path + '\0' + "more"));
 }
 
 TEST(FileTest, isAbsentForAnEmptyPath) {
     EXPECT_EQ(textAt(""), std::nullopt);
+}
+
+TEST(FileTest, isReadableIfItIsThere) {
+    const TemporaryFolder folder;
+    EXPECT_TRUE(isReadableFile(folder.file("file", "")));
+    std::filesystem::create_symlink(folder / "file", folder / "link");
+    EXPECT_TRUE(isReadableFile(folder / "link"));
+    EXPECT_FALSE(isReadableFile(folder / "missing"));
+    std::filesystem::create_symlink(folder / "missing", folder / "dangling");
+    EXPECT_FALSE(isReadableFile(folder / "dangling"));
+    EXPECT_FALSE(isReadableFile(folder / "file/below"));
+    EXPECT_FALSE(isReadableFile(""));
+}
+
+TEST(FileTest, isReadableIfItIsAFolder) {
+    EXPECT_TRUE(isReadableFile(TemporaryFolder().path().native()));
+}
+
+TEST(FileTest, isNotReadableIfItMayNotBeRead) {
+    const TemporaryFolder folder;
+    const std::string path = folder.file("file", "text");
+    const auto askAsNobody = [&] {
+        std::filesystem::permissions(folder.path(), std::filesystem::perms::all);
+        std::filesystem::permissions(path, std::filesystem::perms::none);
+        const uid_t nobody = 65534;
+        const bool isNobody = ::geteuid() != 0 || ::setuid(nobody) == 0; // root may read anything
+        ::_exit(isNobody && !isReadableFile(path) ? 0 : 1);
+    };
+    EXPECT_EXIT(askAsNobody(), testing::ExitedWithCode(0), "");
 }
 
 } // namespace

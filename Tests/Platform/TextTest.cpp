@@ -91,6 +91,60 @@ TEST(TextTest, doesNotDecodeOtherEncodings) {
               std::nullopt);
 }
 
+std::string repaired(std::string_view bytes) {
+    std::string text(sizeOfRepairedText(bytes), '?');
+    writeRepairedText(bytes, text);
+    return text;
+}
+
+TEST(TextTest, repairsNothingInUTF8) {
+    for (const std::string_view good :
+         {""sv, "abc"sv, "\0"sv, "é漢字\U0001F511"sv, "\uFFFF\uFEFF"sv}) {
+        EXPECT_EQ(repaired(good), good);
+    }
+}
+
+TEST(TextTest, replacesEachByteThatBeginsNoCodePoint) {
+    EXPECT_EQ(repaired("\x80"), "\uFFFD");
+    EXPECT_EQ(repaired("a\xFF\xFE"
+                       "b"),
+              "a\uFFFD\uFFFDb");
+    EXPECT_EQ(repaired("\xC0\x80"), "\uFFFD\uFFFD");                     // overlong
+    EXPECT_EQ(repaired("\xE0\x9F\xBF"), "\uFFFD\uFFFD\uFFFD");           // overlong
+    EXPECT_EQ(repaired("\xED\xA0\x80"), "\uFFFD\uFFFD\uFFFD");           // a surrogate
+    EXPECT_EQ(repaired("\xF4\x90\x80\x80"), "\uFFFD\uFFFD\uFFFD\uFFFD"); // above U+10FFFF
+    EXPECT_EQ(repaired("\xF0\x8F\xBF\xBF"), "\uFFFD\uFFFD\uFFFD\uFFFD"); // overlong
+}
+
+TEST(TextTest, replacesTheBeginningOfACodePointByOneCharacter) {
+    EXPECT_EQ(repaired("\xC3"), "\uFFFD");
+    EXPECT_EQ(repaired("\xC3("), "\uFFFD(");
+    EXPECT_EQ(repaired("\xE2\x82"), "\uFFFD");
+    EXPECT_EQ(repaired("\xE2\x82z"), "\uFFFDz");
+    EXPECT_EQ(repaired("\xF0\x9F\x94"), "\uFFFD");
+    EXPECT_EQ(repaired("\xF0\x9F\x94é"), "\uFFFDé");
+    EXPECT_EQ(repaired("\xF4\x8F\xBF"), "\uFFFD");
+    EXPECT_EQ(repaired("\xE1\x80\xE2\xF0\x91\x92\xF1\xBF"
+                       "A"),
+              "\uFFFD\uFFFD\uFFFD\uFFFDA");
+}
+
+TEST(TextTest, countsCharactersAsAReaderDoes) {
+    EXPECT_EQ(numberOfCharacters(""), 0);
+    EXPECT_EQ(numberOfCharacters("abc"), 3);
+    EXPECT_EQ(numberOfCharacters("\0a"sv), 2);
+    EXPECT_EQ(numberOfCharacters("é"), 1);
+    EXPECT_EQ(numberOfCharacters("e\u0301"), 1);
+    EXPECT_EQ(numberOfCharacters("\u0301"), 1);
+    EXPECT_EQ(numberOfCharacters("a\r\nb"), 3);
+    EXPECT_EQ(numberOfCharacters("\r\r\n\n"), 3);
+    EXPECT_EQ(numberOfCharacters("漢字"), 2);
+    EXPECT_EQ(numberOfCharacters("\U0001F511"), 1);
+    EXPECT_EQ(numberOfCharacters("\U0001F1E9\U0001F1EA\U0001F1EB\U0001F1F7"), 2);   // two flags
+    EXPECT_EQ(numberOfCharacters("\U0001F468\u200D\U0001F469\u200D\U0001F467"), 1); // a family
+    EXPECT_EQ(numberOfCharacters("\xFF\xFF"), 2);
+}
+
 TEST(TextTest, knowsBlankTexts) {
     for (const std::string_view blank :
          {""sv, " "sv, "\t"sv, " \t \t"sv, "\u00A0"sv, "\u1680"sv, "\u2000\u200A"sv, "\u202F"sv,

@@ -34,6 +34,25 @@ TEST(URLTest, givesThePathWithoutItsTrailingSlash) {
     EXPECT_EQ(URL::fileURLWithPath("/").absoluteString(), "file:///");
 }
 
+TEST(URLTest, appendsAPathComponent) {
+    EXPECT_EQ(URL::fileURLWithPath("/Users/ann").appendingPathComponent("a b").path(),
+              "/Users/ann/a b");
+    EXPECT_EQ(URL::fileURLWithPath("/Users/ann/").appendingPathComponent("a").path(),
+              "/Users/ann/a");
+    EXPECT_EQ(URL::fileURLWithPath("/").appendingPathComponent("a").path(), "/a");
+    EXPECT_EQ(URL::fileURLWithPath("/Users").appendingPathComponent("a/b/").absoluteString(),
+              "file:///Users/a/b/");
+}
+
+TEST(URLTest, appendsAPathExtension) {
+    EXPECT_EQ(URL::fileURLWithPath("/Users/logins").appendingPathExtension("json").path(),
+              "/Users/logins.json");
+    EXPECT_EQ(URL::fileURLWithPath("/Users/a.b").appendingPathExtension("c").path(),
+              "/Users/a.b.c");
+    EXPECT_EQ(URL::fileURLWithPath("/Users/ann/").appendingPathExtension("x").absoluteString(),
+              "file:///Users/ann.x/");
+}
+
 TEST(URLTest, takesARelativePathFromTheCurrentFolder) {
     const std::string folder = std::filesystem::current_path();
     EXPECT_EQ(URL::fileURLWithPath("export.csv").path(), folder + "/export.csv");

@@ -97,15 +97,16 @@ TEST(RecordsImporterTest, letsThroughWhatTheCompletionThrows) {
 
 TEST(RecordsImporterTest, doesNotPretendToImportFromASourceThatHasNoImporterYet) {
     using enum ImportSource;
-    for (const ImportSource source :
-         {chrome, dashlane, onePassword, tirel, keePass, keePassXC, firefox}) {
+    for (const ImportSource source : {dashlane, onePassword, tirel, keePass, keePassXC}) {
         EXPECT_EQ(outcomeOf(source, "/missing"),
                   (Outcome{.error = NSError("Rellinor.UnavailableSourceError", 1)}));
     }
 }
 
 TEST(ImporterSlotsTest, areEmptyAtFirst) {
+    EXPECT_FALSE(ImporterSlots().chromeImporter);
     EXPECT_FALSE(ImporterSlots().lastPassImporter);
+    EXPECT_FALSE(ImporterSlots().firefoxImporter);
 }
 
 TEST(ImporterSlotsTest, keepTheImporterEvenIfItFailsToRead) {
@@ -117,6 +118,20 @@ TEST(ImporterSlotsTest, keepTheImporterEvenIfItFailsToRead) {
     slots.records(URL::fileURLWithPath("/missing"), ImportSource::lastPass,
                   [](const RecordsResult&) {});
     EXPECT_EQ(&*slots.lastPassImporter, importer);
+}
+
+TEST(ImporterSlotsTest, keepTheImporterOfFirefoxWithItsState) {
+    const TemporaryFolder folder;
+    const URL profile = URL::fileURLWithPath(folder.path().native());
+    ImporterSlots slots;
+    slots.records(profile, ImportSource::firefox,
+                  [](const RecordsResult& result) { EXPECT_FALSE(result); });
+    (void)folder.file("logins.json", "{}");
+    slots.records(profile, ImportSource::firefox,
+                  [](const RecordsResult& result) { EXPECT_TRUE(result); });
+    ASSERT_TRUE(slots.firefoxImporter);
+    EXPECT_EQ(slots.firefoxImporter->failureReason(), FirefoxImportFailureReason::invalidProfile);
+    EXPECT_TRUE(slots.firefoxImporter->meta()->logins);
 }
 
 } // namespace

@@ -11,7 +11,9 @@ namespace {
 
 // NOLINTBEGIN(*-avoid-non-const-global-variables)
 std::size_t allocations = 0;
-std::size_t watchedSize = 0; // 0: nothing is watched
+std::size_t deallocations = 0;
+std::size_t failingAllocation = 0; // 0: none fails
+std::size_t watchedSize = 0;       // 0: nothing is watched
 std::size_t piecesOfZeros = 0;
 std::size_t piecesOfOthers = 0;
 
@@ -31,6 +33,9 @@ void watch(const void* memory, std::size_t size) noexcept {
 // NOLINTBEGIN(*-no-malloc,*-owning-memory,misc-new-delete-overloads)
 void* operator new(std::size_t size) {
     ++allocations;
+    if (allocations == failingAllocation) {
+        throw std::bad_alloc();
+    }
     if (void* memory = std::malloc(std::max<std::size_t>(size, 1))) {
         return memory;
     }
@@ -38,10 +43,12 @@ void* operator new(std::size_t size) {
 }
 
 void operator delete(void* memory) noexcept {
+    deallocations += memory != nullptr ? 1 : 0;
     std::free(memory);
 }
 
 void operator delete(void* memory, std::size_t size) noexcept {
+    deallocations += memory != nullptr ? 1 : 0;
     watch(memory, size);
     std::free(memory);
 }
@@ -54,6 +61,16 @@ std::size_t allocationsOf(const std::function<void()>& work) {
     const std::size_t before = allocations;
     work();
     return allocations - before;
+}
+
+std::size_t piecesInUse() {
+    return allocations - deallocations;
+}
+
+void failAllocation(std::size_t nth, const std::function<void()>& work) {
+    failingAllocation = allocations + nth;
+    work();
+    failingAllocation = 0;
 }
 
 bool givesBackZeros(std::size_t size, const std::function<void()>& work) {

@@ -5,6 +5,8 @@
 #include <utility>
 #include <vector>
 
+#include "Platform/LargeMemory.hpp"
+
 namespace Rellinor {
 
 /// A list that only grows and never moves what it holds, so that elements can be pointed at.
@@ -31,18 +33,20 @@ public:
     }
 
 private:
+    using Chunk = std::vector<Element, LargeMemoryAllocator<Element>>;
+
     static constexpr std::size_t smallestChunk = 16;
-    static constexpr std::size_t largestChunk = 4096;
+    static constexpr std::size_t largestChunk = largePageSize / sizeof(Element) + 1;
 
     void addChunk() {
         const std::size_t capacity =
             _chunks.empty() ? smallestChunk : std::min(_chunks.back().size() * 2, largestChunk);
-        std::vector<Element> chunk;
+        Chunk chunk;
         chunk.reserve(capacity);
         _chunks.push_back(std::move(chunk));
     }
 
-    std::vector<std::vector<Element>> _chunks;
+    std::vector<Chunk> _chunks;
     std::size_t _size = 0;
 };
 

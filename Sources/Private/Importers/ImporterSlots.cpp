@@ -19,16 +19,20 @@ void ImporterSlots::records(const URL& url, ImportSource source,
                             const RecordsCompletion& onComplete) {
     switch (source) {
         using enum ImportSource;
+    case chrome:
+        filled(chromeImporter).records(url, onComplete);
+        return;
     case lastPass:
         filled(lastPassImporter).records(url, onComplete);
         return;
-    case chrome:
+    case firefox:
+        filled(firefoxImporter).records(url, onComplete);
+        return;
     case dashlane:
     case onePassword:
     case tirel:
     case keePass:
     case keePassXC:
-    case firefox:
         onComplete(std::unexpected(NSError("Rellinor.UnavailableSourceError", 1)));
         return;
     }

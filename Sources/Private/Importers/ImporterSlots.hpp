@@ -4,6 +4,8 @@
 
 #include <Rellinor/RecordsImporting.hpp>
 
+#include "Private/Importers/Chrome/ChromeImporter.hpp"
+#include "Private/Importers/Firefox/FirefoxImporter.hpp"
 #include "Private/Importers/LastPass/LastPassImporter.hpp"
 
 namespace Rellinor {
@@ -11,7 +13,9 @@ namespace Rellinor {
 /// The importers of a `RecordsImporter`. Each is created at the first import from its source, stays
 /// to the end, and so carries its state from one import to the next.
 struct ImporterSlots {
+    std::optional<ChromeImporter> chromeImporter;
     std::optional<LastPassImporter> lastPassImporter;
+    std::optional<FirefoxImporter> firefoxImporter;
 
     /// Imports with the importer of `source`.
     void records(const URL& url, ImportSource source, const RecordsCompletion& onComplete);

@@ -1,0 +1,170 @@
+#include "Platform/JSONParser.hpp"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <utility>
+
+#include <boost/json/basic_parser_impl.hpp>
+#include <boost/json/error.hpp>
+#include <boost/json/parse_options.hpp>
+
+#include "Platform/WipedBuffer.hpp"
+
+namespace Rellinor {
+
+namespace {
+
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+constexpr std::size_t deepestNesting = 512;
+
+/// Puts together a text that comes in pieces, as one with escapes does.
+class PiecedText {
+public:
+    void append(std::string_view piece) {
+        if (piece.size() > _buffer.size() - _size) {
+            WipedBuffer larger(std::max(_buffer.size() * 2, _size + piece.size()));
+            std::ranges::copy(_buffer.bytes().first(_size), larger.bytes().begin());
+            _buffer = std::move(larger);
+        }
+        std::ranges::copy(piece, _buffer.bytes().subspan(_size).begin());
+        _size += piece.size();
+    }
+
+    /// The whole text, whose last piece this is; it lasts until the next is begun.
+    [[nodiscard]] std::string_view endedWith(std::string_view piece) {
+        if (_size == 0) {
+            return piece;
+        }
+        append(piece);
+        return {_buffer.bytes().data(), std::exchange(_size, 0)};
+    }
+
+private:
+    WipedBuffer _buffer;
+    std::size_t _size = 0;
+};
+
+// What the parser calls for each part. Its names and arguments are the parser's.
+// NOLINTBEGIN(readability-identifier-naming,readability-convert-member-functions-to-static)
+class Handler {
+public:
+    static constexpr std::size_t max_array_size = std::numeric_limits<std::size_t>::max();
+    static constexpr std::size_t max_object_size = std::numeric_limits<std::size_t>::max();
+    static constexpr std::size_t max_string_size = std::numeric_limits<std::size_t>::max();
+    static constexpr std::size_t max_key_size = std::numeric_limits<std::size_t>::max();
+
+    using Error = boost::json::error_code;
+    using Text = boost::json::string_view;
+
+    explicit Handler(JSONEvents& events) noexcept : _events(events) {}
+
+    bool on_document_begin(Error& /*error*/) noexcept { return true; }
+
+    bool on_document_end(Error& /*error*/) noexcept { return true; }
+
+    bool on_object_begin(Error& /*error*/) {
+        ++_depth;
+        _events.beginObject();
+        return true;
+    }
+
+    bool on_object_end(std::size_t /*count*/, Error& /*error*/) {
+        --_depth;
+        _events.endObject();
+        return true;
+    }
+
+    bool on_array_begin(Error& /*error*/) {
+        ++_depth;
+        _events.beginArray();
+        return true;
+    }
+
+    bool on_array_end(std::size_t /*count*/, Error& /*error*/) {
+        --_depth;
+        _events.endArray();
+        return true;
+    }
+
+    bool on_key_part(Text piece, std::size_t /*size*/, Error& /*error*/) {
+        _text.append(viewOf(piece));
+        return true;
+    }
+
+    bool on_key(Text piece, std::size_t /*size*/, Error& /*error*/) {
+        _events.key(_text.endedWith(viewOf(piece)));
+        return true;
+    }
+
+    bool on_string_part(Text piece, std::size_t /*size*/, Error& /*error*/) {
+        _text.append(viewOf(piece));
+        return true;
+    }
+
+    bool on_string(Text piece, std::size_t /*size*/, Error& error) {
+        if (isOutside(error)) {
+            return false;
+        }
+        _events.string(_text.endedWith(viewOf(piece)));
+        return true;
+    }
+
+    bool on_number_part(Text /*piece*/, Error& /*error*/) noexcept { return true; }
+
+    bool on_int64(std::int64_t /*value*/, Text /*text*/, Error& error) { return other(error); }
+
+    bool on_uint64(std::uint64_t /*value*/, Text /*text*/, Error& error) { return other(error); }
+
+    bool on_double(double /*value*/, Text /*text*/, Error& error) { return other(error); }
+
+    bool on_bool(bool /*value*/, Error& error) { return other(error); }
+
+    bool on_null(Error& error) { return other(error); }
+
+    bool on_comment_part(Text /*piece*/, Error& /*error*/) noexcept { return true; }
+
+    bool on_comment(Text /*piece*/, Error& /*error*/) noexcept { return true; }
+
+private:
+    static std::string_view viewOf(Text text) noexcept { return {text.data(), text.size()}; }
+
+    bool other(Error& error) {
+        if (isOutside(error)) {
+            return false;
+        }
+        _events.otherValue();
+        return true;
+    }
+
+    /// Whether a single value stands at the top, which is an error.
+    bool isOutside(Error& error) const noexcept {
+        if (_depth == 0) {
+            error = boost::json::error::syntax;
+        }
+        return _depth == 0;
+    }
+
+    JSONEvents& _events;
+    PiecedText _text;
+    std::size_t _depth = 0;
+};
+
+// NOLINTEND(readability-identifier-naming,readability-convert-member-functions-to-static)
+
+} // namespace
+
+bool parseJSON(std::string_view text, JSONEvents& events) {
+    if (text.starts_with(byteOrderMark)) {
+        text.remove_prefix(byteOrderMark.size());
+    }
+    boost::json::parse_options strict;
+    strict.max_depth = deepestNesting;
+    boost::json::basic_parser<Handler> parser(strict, events);
+    boost::json::error_code error;
+    const std::size_t parsed = parser.write_some(false, text.data(), text.size(), error);
+    return !error && parsed == text.size();
+}
+
+} // namespace Rellinor

@@ -1,0 +1,66 @@
+#include "Private/Importers/Chrome/ChromeImporter.hpp"
+
+#include <optional>
+#include <span>
+#include <string_view>
+
+#include "Platform/Base64.hpp"
+#include "Private/Importers/Chrome/ChromeRecord.hpp"
+#include "Private/Proxies/SQLiteFileProxy.hpp"
+
+namespace Rellinor {
+
+namespace {
+
+constexpr std::string_view unexpectedFields = "Record did not contain expected fields";
+
+std::optional<SQLiteValue> valueOf(const SQLiteRow& record, ChromeRecordKey key) noexcept {
+    return record[rawValue(key)];
+}
+
+std::string_view base64In(ImportMemory& memory, std::span<const char> bytes) {
+    return base64(bytes, memory.allocate(sizeOfBase64Buffer(bytes.size())));
+}
+
+} // namespace
+
+std::string ChromeImporter::statement() {
+    std::string columns;
+    std::string conditions;
+    for (const ChromeRecordKey key : selectedChromeRecordKeys) {
+        const std::string name(rawValue(key));
+        columns += (columns.empty() ? "" : ", ") + name;
+        conditions += (conditions.empty() ? "" : " AND ") + name;
+        conditions += " IS NOT NULL AND " + name + " != ''";
+    }
+    return "SELECT " + columns + " FROM logins WHERE blacklisted_by_user = 0 AND " + conditions;
+}
+
+SQLiteRows ChromeImporter::read(const URL& url, ImportMemory& memory) {
+    return SQLiteFileProxy(std::string(url.path()), memory).select(statement());
+}
+
+Built<ImportedPassword> ChromeImporter::buildPassword(const RawRecord& record) {
+    const auto username = valueOf(record, ChromeRecordKey::username).and_then(&SQLiteValue::text);
+    if (!username) {
+        return std::unexpected(unexpectedFields);
+    }
+    const auto url = valueOf(record, ChromeRecordKey::url).and_then(&SQLiteValue::text);
+    if (!url) {
+        return std::unexpected(unexpectedFields);
+    }
+    // Quirk: a login whose password is a text is dropped.
+    const auto password = valueOf(record, ChromeRecordKey::password).and_then(&SQLiteValue::blob);
+    if (!password) {
+        return std::unexpected(unexpectedFields);
+    }
+    return ImportedPassword{
+        *username,    base64In(record.memory(), *password), *url,
+        std::nullopt, // service
+        std::nullopt, // color
+        std::nullopt, // note
+        std::nullopt, // pwdChange
+    };
+}
+
+} // namespace Rellinor

@@ -1,0 +1,138 @@
+#include "Private/Proxies/SQLiteFileProxy.hpp"
+
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <span>
+#include <vector>
+
+#include <sqlite3.h>
+
+#include "Platform/Fault.hpp"
+#include "Platform/Text.hpp"
+
+namespace Rellinor {
+
+namespace {
+
+std::string_view nameOf(::sqlite3_stmt* statement, int column) noexcept {
+    const char* const name = ::sqlite3_column_name(statement, column);
+    require(name != nullptr);
+    return name;
+}
+
+std::vector<std::string_view> namesOf(::sqlite3_stmt* statement, int count, ImportMemory& memory) {
+    std::vector<std::string_view> names;
+    names.reserve(static_cast<std::size_t>(count));
+    for (int column = 0; column < count; ++column) {
+        names.push_back(memory.copy(nameOf(statement, column)));
+    }
+    return names;
+}
+
+/// A text as the database has it, made UTF-8.
+std::string_view textOf(::sqlite3_stmt* statement, int column, ImportMemory& memory) {
+    const unsigned char* const bytes = ::sqlite3_column_text(statement, column);
+    require(bytes != nullptr);
+    // Quirk: a text ends at its first NUL.
+    const std::string_view text = reinterpret_cast<const char*>(bytes); // NOLINT(*-cast)
+    if (isUTF8(text)) {
+        return memory.copy(text);
+    }
+    const std::span<char> repaired = memory.allocate(sizeOfRepairedText(text));
+    writeRepairedText(text, repaired);
+    return {repaired.data(), repaired.size()};
+}
+
+SQLiteValue blobOf(::sqlite3_stmt* statement, int column, ImportMemory& memory) {
+    const int size = ::sqlite3_column_bytes(statement, column);
+    const auto* const bytes = static_cast<const char*>(::sqlite3_column_blob(statement, column));
+    if (bytes == nullptr) {
+        return {}; // Quirk: an empty blob is an absent value.
+    }
+    const std::string_view copy = memory.copy({bytes, static_cast<std::size_t>(size)});
+    return SQLiteValue(std::span(copy));
+}
+
+SQLiteValue valueOf(::sqlite3_stmt* statement, int column, ImportMemory& memory) {
+    switch (::sqlite3_column_type(statement, column)) {
+    case SQLITE_INTEGER:
+        // Quirk: an integer keeps its low 32 bits alone.
+        return SQLiteValue(std::int64_t{::sqlite3_column_int(statement, column)});
+    case SQLITE_FLOAT:
+        // Quirk: a floating-point number is narrowed to 32 bits.
+        return SQLiteValue(static_cast<float>(::sqlite3_column_double(statement, column)));
+    case SQLITE_TEXT:
+        return SQLiteValue(textOf(statement, column, memory));
+    case SQLITE_BLOB:
+        return blobOf(statement, column, memory);
+    default:
+        return {};
+    }
+}
+
+} // namespace
+
+SQLiteRows SQLiteFileProxy::select(std::string_view query) {
+    SQLiteRows rows(_memory);
+    if (_pathToDatabase.contains('\0')) {
+        return rows; // cut at its NUL, the path would name another file
+    }
+    if (::sqlite3_open(_pathToDatabase.c_str(), &_dbp) != SQLITE_OK) {
+        return rows; // Quirk: the handle of a failed open is not closed.
+    }
+    if (_dbp == nullptr) {
+        return rows;
+    }
+    ::sqlite3_stmt* statement = nullptr;
+    if (!prepareStatement(query, statement)) {
+        close();
+        return rows;
+    }
+    require(statement != nullptr);
+    try {
+        while (::sqlite3_step(statement) == SQLITE_ROW) {
+            mapColumns(statement, rows);
+        }
+    } catch (...) {
+        // A statement that is not stepped to its end would keep the database locked.
+        while (::sqlite3_step(statement) == SQLITE_ROW) {
+        }
+        close();
+        throw;
+    }
+    // Quirk: the statement is never finalized.
+    // Only the deferred close bears that.
+    close();
+    return rows;
+}
+
+bool SQLiteFileProxy::prepareStatement(std::string_view query,
+                                       ::sqlite3_stmt*& statement) const noexcept {
+    // Quirk: the query is cut short by the difference of bytes and characters.
+    const std::size_t length = numberOfCharacters(query);
+    require(length <= std::size_t{std::numeric_limits<int>::max()});
+    const char* const text = query.data();
+    const char* tail = nullptr;
+    return ::sqlite3_prepare_v2(_dbp, text, static_cast<int>(length), &statement, &tail) ==
+           SQLITE_OK;
+}
+
+void SQLiteFileProxy::mapColumns(::sqlite3_stmt* statement, SQLiteRows& rows) {
+    const int count = ::sqlite3_column_count(statement);
+    require(count >= 0);
+    if (rows.size() == 0) {
+        rows.nameColumns(namesOf(statement, count, _memory));
+    }
+    _row.clear();
+    for (int column = 0; column < count; ++column) {
+        _row.push_back(valueOf(statement, column, _memory));
+    }
+    rows.append(_row);
+}
+
+void SQLiteFileProxy::close() const noexcept {
+    ::sqlite3_close_v2(_dbp);
+}
+
+} // namespace Rellinor

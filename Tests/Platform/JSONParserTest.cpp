@@ -1,0 +1,220 @@
+#include "Platform/JSONParser.hpp"
+
+#include <algorithm>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include <gtest/gtest.h>
+
+#include "Tests/Support/Allocations.hpp"
+
+namespace Rellinor::Tests {
+
+namespace {
+
+using namespace std::string_view_literals;
+
+/// Writes down what it is told.
+class Notes final : public JSONEvents {
+public:
+    void beginObject() override { text += '{'; }
+
+    void endObject() override { text += '}'; }
+
+    void beginArray() override { text += '['; }
+
+    void endArray() override { text += ']'; }
+
+    void key(std::string_view key) override { text += std::string(key) + '='; }
+
+    void string(std::string_view string) override { text += '<' + std::string(string) + '>'; }
+
+    void otherValue() override { text += '.'; }
+
+    std::string text;
+};
+
+/// What is told of a text; absent if it is rejected.
+std::optional<std::string> told(std::string_view text) {
+    // Exactly as large as the text, so that a sanitizer sees a single byte read behind it.
+    const auto copy = std::make_unique_for_overwrite<char[]>(text.size());
+    std::ranges::copy(text, copy.get());
+    Notes notes;
+    return parseJSON({copy.get(), text.size()}, notes) ? std::optional(notes.text) : std::nullopt;
+}
+
+std::string nested(std::size_t depth, std::string_view opening, std::string_view closing) {
+    std::string text;
+    for (std::size_t count = 0; count < depth; ++count) {
+        text += opening;
+    }
+    text += opening.ends_with(':') ? "1" : "";
+    for (std::size_t count = 0; count < depth; ++count) {
+        text += closing;
+    }
+    return text;
+}
+
+TEST(JSONParserTest, tellsThePartsInTheirOrder) {
+    EXPECT_EQ(told(R"({"a":[1,"b",{}],"c":{"d":null},"e":true})"), "{a=[.<b>{}]c={d=.}e=.}");
+}
+
+TEST(JSONParserTest, acceptsJSON) {
+    for (const std::string_view good : {
+             "{}"sv,
+             "[]"sv,
+             " \t\r\n[ \t\r\n] \t\r\n"sv,
+             "[0,-0,-1,1.5,1e3,1E+3,1e-3,-0.0e0]"sv,
+             "[9223372036854775807,-9223372036854775808,18446744073709551615]"sv,
+             "[100000000000000000000,-100000000000000000000]"sv, // beyond 64 bits
+             "[123456789012345678901234567890123456789012345678901234567890.5]"sv,
+             "[true,false,null]"sv,
+             R"(["",{"":""}])"sv,
+             R"({"a":1,"a":2})"sv,
+             R"(["\"\\\/\b\f\n\r\t\u0000\uD83D\uDD11"])"sv,
+             "[\"\x7F\"]"sv,
+             "[\"\uFFFF\U0010FFFF\uFEFF\"]"sv,
+             "\uFEFF{}"sv,
+             "\uFEFF []"sv,
+         }) {
+        EXPECT_TRUE(told(good)) << testing::PrintToString(good);
+    }
+}
+
+TEST(JSONParserTest, rejectsWhatIsNotJSON) {
+    for (const std::string_view bad : {
+             ""sv,
+             " "sv,
+             "\uFEFF"sv,
+             "\uFEFF\uFEFF{}"sv,
+             "{}\uFEFF"sv,
+             "3"sv, // no array or object at the top
+             "\"a\""sv,
+             R"("\u0061")"sv,
+             "null"sv,
+             "true"sv,
+             "1.5"sv,
+             "[01]"sv,
+             "[+1]"sv,
+             "[.5]"sv,
+             "[1.]"sv,
+             "[1e]"sv,
+             "[-]"sv,
+             "[0x1]"sv,
+             "[NaN]"sv,
+             "[Infinity]"sv,
+             "[-Infinity]"sv,
+             "[True]"sv,
+             "[nul]"sv,
+             "{} x"sv,
+             "{}{}"sv,
+             "{}\0"sv,
+             "[1,]"sv,
+             "[,1]"sv,
+             "[1 2]"sv,
+             R"({"a":1,})"sv,
+             R"({"a"})"sv,
+             R"({"a":})"sv,
+             R"({a:1})"sv,
+             R"({1:1})"sv,
+             R"({'a':1})"sv,
+             "[1]// comment"sv,
+             "/* comment */[1]"sv,
+             "[1"sv,
+             "]"sv,
+             "[}"sv,
+             "[\"a]"sv,
+             "\v[]"sv,
+             "\u00A0[]"sv,
+             "[\"\0\"]"sv, // raw control characters
+             "[\"\n\"]"sv,
+             "[\"\x1F\"]"sv,
+             R"(["\x"])"sv,
+             R"(["\u12"])"sv,
+             R"(["\u12G4"])"sv,
+             R"(["\uD800"])"sv, // surrogates alone
+             R"(["\uDC00"])"sv,
+             R"(["\uD800\u0061"])"sv,
+             R"(["\uD800\uD800"])"sv,
+             "[\"\xFF\"]"sv, // not UTF-8
+             "[\"\x80\"]"sv,
+             "[\"\xC3\"]"sv,
+             "[\"\xC0\x80\"]"sv,
+             "[\"\xE0\x80\x80\"]"sv,
+             "[\"\xED\xA0\x80\"]"sv,
+             "[\"\xF0\x80\x80\x80\"]"sv,
+             "[\"\xF4\x90\x80\x80\"]"sv,
+             "{\"\xFF\":1}"sv,
+             "\xFF\xFE[\0]\0"sv,
+             "[\0]\0"sv,
+         }) {
+        EXPECT_FALSE(told(bad)) << testing::PrintToString(bad);
+    }
+}
+
+TEST(JSONParserTest, parses512NestedContainersAndNoMore) {
+    EXPECT_TRUE(told(nested(512, "[", "]")));
+    EXPECT_FALSE(told(nested(513, "[", "]")));
+    EXPECT_TRUE(told(nested(512, "{\"a\":", "}")));
+    EXPECT_FALSE(told(nested(513, "{\"a\":", "}")));
+    EXPECT_FALSE(told(nested(1'000'000, "[", "]")));
+    EXPECT_FALSE(told(std::string(1'000'000, '[')));
+}
+
+TEST(JSONParserTest, decodesTextsAndKeys) {
+    EXPECT_EQ(told(R"({"k\u0065y\n":"\u0061b\u00E9\uD83D\uDD11\\"})"),
+              "{key\n=<ab\u00E9\U0001F511\\>}");
+    EXPECT_EQ(told(R"(["\u0000"])"), "[<\0>]"sv);
+    EXPECT_EQ(told("[\"\uFEFFa\"]"), "[<\uFEFFa>]");
+}
+
+TEST(JSONParserTest, decodesLongTextsWithEscapesAnywhere) {
+    for (const std::size_t length : {1U, 15U, 16U, 255U, 256U, 4095U, 4096U, 4097U, 100000U}) {
+        const std::string run(length, 'x');
+        EXPECT_EQ(told("[\"" + run + "\\n" + run + "\",\"\\n" + run + "\",\"" + run + "\\n\"]"),
+                  "[<" + run + "\n" + run + "><\n" + run + "><" + run + "\n>]")
+            << length;
+    }
+}
+
+TEST(JSONParserTest, tellsTheSecondTextWithEscapesWithoutTheFirst) {
+    EXPECT_EQ(told(R"(["a\nb","c\td","e",{"f\rg":"h\bi"}])"), "[<a\nb><c\td><e>{f\rg=<h\bi>}]");
+}
+
+TEST(JSONParserTest, wipesTheTextsThatItDecodes) {
+    // The pieces of a text with an escape in its middle add up in a buffer of that size.
+    const std::string run(5000, 'x');
+    Notes notes;
+    notes.text.reserve(20000);
+    const std::string text = "[\"" + run + "\\n\"]";
+    EXPECT_TRUE(givesBackZeros(5000, [&] { EXPECT_TRUE(parseJSON(text, notes)); }) ||
+                givesBackZeros(5001, [&] { EXPECT_TRUE(parseJSON(text, notes)); }));
+}
+
+TEST(JSONParserTest, letsThroughWhatIsThrownByWhoIsTold) {
+    class Thrower final : public JSONEvents {
+    public:
+        void beginObject() override {}
+
+        void endObject() override {}
+
+        void beginArray() override {}
+
+        void endArray() override {}
+
+        void key(std::string_view /*text*/) override {}
+
+        void string(std::string_view /*text*/) override { throw 5; }
+
+        void otherValue() override {}
+    };
+
+    Thrower thrower;
+    EXPECT_THROW((void)parseJSON(R"(["a"])", thrower), int);
+}
+
+} // namespace
+
+} // namespace Rellinor::Tests
