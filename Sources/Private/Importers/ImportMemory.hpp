@@ -18,7 +18,6 @@ namespace Rellinor {
 class ImportMemory {
 public:
     ImportMemory() = default;
-    ~ImportMemory() = default;
     ImportMemory(const ImportMemory&) = delete;
     ImportMemory& operator=(const ImportMemory&) = delete;
     ~ImportMemory() = default;
