@@ -99,9 +99,9 @@ TEST(ChromeImporterTest, succeedsWithoutRecordsForAnotherDatabase) {
 TEST(ChromeImporterTest, importsTheLoginsBeforeAnError) {
     EXPECT_EQ(import({ann, bob, login("'c'", "x'00'", "'https://c.example/'"),
                       "ALTER TABLE logins RENAME TO others",
-                      "CREATE VIEW logins AS SELECT username_value, password_value, "
-                      "blacklisted_by_user, CASE id WHEN 3 THEN abs(-9223372036854775808) "
-                      "ELSE origin_url END AS origin_url FROM others"}),
+                      ("CREATE VIEW logins AS SELECT username_value, password_value, "
+                       "blacklisted_by_user, CASE id WHEN 3 THEN abs(-9223372036854775808) "
+                       "ELSE origin_url END AS origin_url FROM others")}),
               (Outcome{.passwords = {annsLogin, bobsLogin}}));
 }
 
