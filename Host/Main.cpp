@@ -1,10 +1,8 @@
 // The command-line host: reads the command line and calls the command.
 
-#include <cstdlib>
 #include <exception>
 #include <iostream>
 #include <string>
-#include <string_view>
 
 #include <CLI/CLI.hpp>
 

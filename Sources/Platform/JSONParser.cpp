@@ -10,13 +10,13 @@
 #include <boost/json/error.hpp>
 #include <boost/json/parse_options.hpp>
 
+#include "Platform/Text.hpp"
 #include "Platform/WipedBuffer.hpp"
 
 namespace Rellinor {
 
 namespace {
 
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 constexpr std::size_t deepestNesting = 512;
 
 /// Puts together a text that comes in pieces, as one with escapes does.
@@ -156,9 +156,7 @@ private:
 } // namespace
 
 bool parseJSON(std::string_view text, JSONEvents& events) {
-    if (text.starts_with(byteOrderMark)) {
-        text.remove_prefix(byteOrderMark.size());
-    }
+    text.remove_prefix(lengthOfByteOrderMark(text));
     boost::json::parse_options strict;
     strict.max_depth = deepestNesting;
     boost::json::basic_parser<Handler> parser(strict, events);

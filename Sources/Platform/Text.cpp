@@ -10,7 +10,6 @@ namespace Rellinor {
 
 namespace {
 
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view replacementCharacter = "\xEF\xBF\xBD";
 
 constexpr bool isASCII(char character) noexcept {
@@ -124,12 +123,17 @@ bool isUTF8(std::string_view bytes) noexcept {
     }
 }
 
+std::size_t lengthOfByteOrderMark(std::string_view bytes) noexcept {
+    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+    return bytes.starts_with(byteOrderMark) ? byteOrderMark.size() : 0;
+}
+
 std::optional<std::span<char>> decodedText(std::span<char> bytes) noexcept {
     const std::string_view view(bytes.data(), bytes.size());
     if (!isUTF8(view)) {
         return std::nullopt;
     }
-    return view.starts_with(byteOrderMark) ? bytes.subspan(byteOrderMark.size()) : bytes;
+    return bytes.subspan(lengthOfByteOrderMark(view));
 }
 
 std::size_t sizeOfRepairedText(std::string_view bytes) noexcept {

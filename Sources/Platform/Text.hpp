@@ -11,6 +11,9 @@ namespace Rellinor {
 /// and noncharacters pass.
 [[nodiscard]] bool isUTF8(std::string_view bytes) noexcept;
 
+/// How many bytes a leading UTF-8 byte-order mark takes; 0 if there is none.
+[[nodiscard]] std::size_t lengthOfByteOrderMark(std::string_view bytes) noexcept;
+
 /// The text that `bytes` spell in UTF-8, in place, without one leading byte-order mark. Absent if
 /// they are not strict UTF-8.
 [[nodiscard]] std::optional<std::span<char>> decodedText(std::span<char> bytes) noexcept;
