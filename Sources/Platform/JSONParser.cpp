@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdint>
+#include <functional>
 #include <limits>
 #include <utility>
 
@@ -10,7 +10,7 @@
 #include <boost/json/error.hpp>
 #include <boost/json/parse_options.hpp>
 
-#include "Platform/Text.hpp"
+#include "Platform/JSONNumber.hpp"
 #include "Platform/WipedBuffer.hpp"
 
 namespace Rellinor {
@@ -31,6 +31,8 @@ public:
         std::ranges::copy(piece, _buffer.bytes().subspan(_size).begin());
         _size += piece.size();
     }
+
+    [[nodiscard]] bool isBegun() const noexcept { return _size > 0; }
 
     /// The whole text, whose last piece this is; it lasts until the next is begun.
     [[nodiscard]] std::string_view endedWith(std::string_view piece) {
@@ -59,6 +61,9 @@ public:
     using Text = boost::json::string_view;
 
     explicit Handler(JSONEvents& events) noexcept : _events(events) {}
+
+    /// What is given to the parser next.
+    void setPiece(std::string_view piece) noexcept { _piece = piece; }
 
     bool on_document_begin(Error& /*error*/) noexcept { return true; }
 
@@ -107,21 +112,49 @@ public:
         if (isOutside(error)) {
             return false;
         }
-        _events.string(_text.endedWith(viewOf(piece)));
+        const std::string_view last = viewOf(piece);
+        if (!_text.isBegun() && isOfPiece(last)) {
+            _events.string(last);
+        } else {
+            _events.decodedString(_text.endedWith(last));
+        }
         return true;
     }
 
-    bool on_number_part(Text /*piece*/, Error& /*error*/) noexcept { return true; }
+    bool on_number_part(Text piece, Error& /*error*/) {
+        _text.append(viewOf(piece));
+        return true;
+    }
 
-    bool on_int64(std::int64_t /*value*/, Text /*text*/, Error& error) { return other(error); }
+    bool on_int64(std::int64_t value, Text /*text*/, Error& error) {
+        if (isOutside(error)) {
+            return false;
+        }
+        (void)_text.endedWith({});
+        _events.integer(value);
+        return true;
+    }
 
-    bool on_uint64(std::uint64_t /*value*/, Text /*text*/, Error& error) { return other(error); }
+    bool on_uint64(std::uint64_t /*value*/, Text text, Error& error) { return number(text, error); }
 
-    bool on_double(double /*value*/, Text /*text*/, Error& error) { return other(error); }
+    // The parser's own value is rounded.
+    bool on_double(double /*value*/, Text text, Error& error) { return number(text, error); }
 
-    bool on_bool(bool /*value*/, Error& error) { return other(error); }
+    bool on_bool(bool /*value*/, Error& error) {
+        if (isOutside(error)) {
+            return false;
+        }
+        _events.otherValue();
+        return true;
+    }
 
-    bool on_null(Error& error) { return other(error); }
+    bool on_null(Error& error) {
+        if (isOutside(error)) {
+            return false;
+        }
+        _events.null();
+        return true;
+    }
 
     bool on_comment_part(Text /*piece*/, Error& /*error*/) noexcept { return true; }
 
@@ -130,12 +163,22 @@ public:
 private:
     static std::string_view viewOf(Text text) noexcept { return {text.data(), text.size()}; }
 
-    bool other(Error& error) {
+    bool number(Text piece, Error& error) {
         if (isOutside(error)) {
             return false;
         }
-        _events.otherValue();
+        if (const auto value = integralValue(_text.endedWith(viewOf(piece)))) {
+            _events.integer(*value);
+        } else {
+            _events.otherValue();
+        }
         return true;
+    }
+
+    /// Whether a text stands in what is parsed, and not in a buffer of the parser's.
+    [[nodiscard]] bool isOfPiece(std::string_view text) const noexcept {
+        return std::less_equal{}(_piece.data(), text.data()) &&
+               std::less_equal{}(text.data(), _piece.data() + _piece.size());
     }
 
     /// Whether a single value stands at the top, which is an error.
@@ -148,6 +191,7 @@ private:
 
     JSONEvents& _events;
     PiecedText _text;
+    std::string_view _piece;
     std::size_t _depth = 0;
 };
 
@@ -155,14 +199,19 @@ private:
 
 } // namespace
 
-bool parseJSON(std::string_view text, JSONEvents& events) {
-    text.remove_prefix(lengthOfByteOrderMark(text));
+bool parseJSON(std::initializer_list<std::string_view> pieces, JSONEvents& events) {
     boost::json::parse_options strict;
     strict.max_depth = deepestNesting;
     boost::json::basic_parser<Handler> parser(strict, events);
     boost::json::error_code error;
-    const std::size_t parsed = parser.write_some(false, text.data(), text.size(), error);
-    return !error && parsed == text.size();
+    const auto parse = [&](std::string_view piece, bool isLast) {
+        parser.handler().setPiece(piece);
+        return parser.write_some(!isLast, piece.data(), piece.size(), error) == piece.size() &&
+               !error;
+    };
+    return std::ranges::all_of(pieces,
+                               [&](std::string_view piece) { return parse(piece, false); }) &&
+           parse({}, true);
 }
 
 } // namespace Rellinor

@@ -6,6 +6,7 @@
 #include <Rellinor/Models/ImportedNoteInfoProviding.hpp>
 #include <Rellinor/Models/ImportedPasswordInfoProviding.hpp>
 #include <Rellinor/Models/ImportedRecords.hpp>
+#include <Rellinor/Models/TirelExportData.hpp>
 #include <Rellinor/NSError.hpp>
 #include <Rellinor/RecordsImporter.hpp>
 #include <Rellinor/RecordsImporting.hpp>

@@ -97,7 +97,7 @@ TEST(RecordsImporterTest, letsThroughWhatTheCompletionThrows) {
 
 TEST(RecordsImporterTest, doesNotPretendToImportFromASourceThatHasNoImporterYet) {
     using enum ImportSource;
-    for (const ImportSource source : {dashlane, onePassword, tirel, keePass, keePassXC}) {
+    for (const ImportSource source : {dashlane, keePass, keePassXC}) {
         EXPECT_EQ(outcomeOf(source, "/missing"),
                   (Outcome{.error = NSError("Rellinor.UnavailableSourceError", 1)}));
     }

@@ -28,9 +28,13 @@ void ImporterSlots::records(const URL& url, ImportSource source,
     case firefox:
         filled(firefoxImporter).records(url, onComplete);
         return;
-    case dashlane:
     case onePassword:
+        filled(onePasswordImporter).records(url, onComplete);
+        return;
     case tirel:
+        filled(tirelImporter).records(url, onComplete);
+        return;
+    case dashlane:
     case keePass:
     case keePassXC:
         onComplete(std::unexpected(NSError("Rellinor.UnavailableSourceError", 1)));

@@ -7,6 +7,8 @@
 #include "Private/Importers/Chrome/ChromeImporter.hpp"
 #include "Private/Importers/Firefox/FirefoxImporter.hpp"
 #include "Private/Importers/LastPass/LastPassImporter.hpp"
+#include "Private/Importers/OnePassword/OnePasswordImporter.hpp"
+#include "Private/Importers/Tirel/TirelImporter.hpp"
 
 namespace Rellinor {
 
@@ -15,6 +17,8 @@ namespace Rellinor {
 struct ImporterSlots {
     std::optional<ChromeImporter> chromeImporter;
     std::optional<LastPassImporter> lastPassImporter;
+    std::optional<OnePasswordImporter> onePasswordImporter;
+    std::optional<TirelImporter> tirelImporter;
     std::optional<FirefoxImporter> firefoxImporter;
 
     /// Imports with the importer of `source`.

@@ -3,10 +3,10 @@
 #include <string_view>
 
 #include "Platform/Fault.hpp"
-#include "Platform/File.hpp"
 #include "Private/Extensions/String.hpp"
 #include "Private/Importers/Firefox/FirefoxEncryptedRecord.hpp"
 #include "Private/Importers/Firefox/FirefoxLoginsFile.hpp"
+#include "Private/Proxies/JSONFileProxy.hpp"
 #include "Private/Proxies/SQLiteFileProxy.hpp"
 
 namespace Rellinor {
@@ -15,8 +15,8 @@ namespace {
 
 using EncryptedLogins = std::vector<FirefoxEncryptedRecord>;
 
-std::optional<std::string_view> textOf(const FirefoxLoginEntry& login, EncryptedKeys key) noexcept {
-    return login[key];
+std::optional<std::string_view> textOf(const JSONObject& login, EncryptedKeys key) noexcept {
+    return login[key].and_then(&JSONValue::text);
 }
 
 std::optional<std::string_view> textOf(const SQLiteRow& login, EncryptedKeys key) noexcept {
@@ -26,7 +26,6 @@ std::optional<std::string_view> textOf(const SQLiteRow& login, EncryptedKeys key
 /// The logins that have all of the fields.
 EncryptedLogins mapFetched(const auto& encryptedLogins) {
     EncryptedLogins logins;
-    logins.reserve(encryptedLogins.size());
     for (const auto& login : encryptedLogins) {
         const auto host = textOf(login, EncryptedKeys::host);
         const auto username = textOf(login, EncryptedKeys::user);
@@ -39,12 +38,9 @@ EncryptedLogins mapFetched(const auto& encryptedLogins) {
 }
 
 EncryptedLogins fetchEncryptedLoginsFromJSON(const URL& file, ImportMemory& memory) {
-    auto contents = readFile(file.path());
-    if (!contents) {
-        return {};
-    }
-    const auto bytes = contents->bytes();
-    return mapFetched(entriesOfLoginsFile({bytes.data(), bytes.size()}, memory));
+    JSONFileProxy proxy(file, memory);
+    const auto logins = proxy.containerObject<FirefoxLoginsFile>();
+    return logins ? mapFetched(*logins) : EncryptedLogins();
 }
 
 EncryptedLogins fetchEncryptedLoginsFromSQLite(const URL& file, ImportMemory& memory) {

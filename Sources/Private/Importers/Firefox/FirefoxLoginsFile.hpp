@@ -1,44 +1,25 @@
 #pragma once
 
-#include <array>
-#include <cstddef>
 #include <optional>
-#include <string_view>
-#include <utility>
-#include <vector>
 
-#include "Private/Importers/Firefox/FirefoxEncryptedRecord.hpp"
-#include "Private/Importers/ImportMemory.hpp"
+#include "Private/Proxies/JSONDocument.hpp"
+#include "Private/Proxies/JSONRecords.hpp"
 
 namespace Rellinor {
 
-/// One element of the list of logins in a "logins.json", with the texts that it has.
-class FirefoxLoginEntry {
+/// The logins of a "logins.json": the list under "logins", in its order. Their members are asked
+/// for by `EncryptedKeys`.
+class FirefoxLoginsFile : public JSONRecords {
 public:
-    void set(EncryptedKeys key, std::string_view text) noexcept { _texts[indexOf(key)] = text; }
+    /// The members that are kept of the file.
+    static const JSONKeys keys;
 
-    /// The text of a field; absent if there is none or it is something other than a text.
-    [[nodiscard]] std::optional<std::string_view> operator[](EncryptedKeys key) const noexcept {
-        return _texts[indexOf(key)];
-    }
+    /// Absent if the document has no object at its top, or has something other than a list of
+    /// objects under "logins": a single element of another kind is enough.
+    [[nodiscard]] static std::optional<FirefoxLoginsFile> decoded(JSONDocument document) noexcept;
 
 private:
-    static constexpr std::size_t indexOf(EncryptedKeys key) noexcept {
-        return static_cast<std::size_t>(std::to_underlying(key));
-    }
-
-    std::array<std::optional<std::string_view>, allEncryptedKeys.size()> _texts;
+    using JSONRecords::JSONRecords;
 };
-
-/// The elements of the list under "logins" in the text of a "logins.json", in their order. Of two
-/// members of one name the first counts.
-///
-/// None if the text is not JSON, has no object at its top, or has something other than a list of
-/// objects under "logins": a single element of another kind is enough.
-///
-/// @param memory  receives the texts
-/// @throws std::bad_alloc
-[[nodiscard]] std::vector<FirefoxLoginEntry> entriesOfLoginsFile(std::string_view text,
-                                                                 ImportMemory& memory);
 
 } // namespace Rellinor

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include "Private/Importers/Firefox/FirefoxEncryptedRecord.hpp"
+
 namespace Rellinor::Tests {
 
 namespace {
@@ -17,11 +19,16 @@ using Entries = std::vector<Entry>;
 /// The entries of a file with this text, copied out with the fields that they have.
 Entries entries(std::string_view text) {
     ImportMemory memory;
+    auto document = JSONDocument::parsed({text}, FirefoxLoginsFile::keys, memory);
+    const auto file = document ? FirefoxLoginsFile::decoded(*std::move(document)) : std::nullopt;
+    if (!file) {
+        return {};
+    }
     Entries copies;
-    for (const FirefoxLoginEntry& entry : entriesOfLoginsFile(text, memory)) {
+    for (const JSONObject& entry : *file) {
         Entry& copy = copies.emplace_back();
         for (const EncryptedKeys key : allEncryptedKeys) {
-            if (const auto field = entry[key]) {
+            if (const auto field = entry[key].and_then(&JSONValue::text)) {
                 copy[rawValue(key)] = *field;
             }
         }

@@ -1,0 +1,170 @@
+#include "Private/Proxies/JSONDocument.hpp"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <vector>
+
+#include "Platform/Fault.hpp"
+#include "Platform/JSONParser.hpp"
+
+namespace Rellinor {
+
+namespace {
+
+using KeyIndex = std::uint8_t;
+
+/// Finds the known keys. What followed a key the last time most likely follows it again.
+class KeyFinder {
+public:
+    explicit KeyFinder(JSONKeys keys) noexcept : _keys(keys) {
+        require(keys.size() <= std::numeric_limits<KeyIndex>::max());
+    }
+
+    /// The place of a name among the known ones; absent if it is none of them.
+    [[nodiscard]] std::optional<KeyIndex> find(std::string_view name) noexcept {
+        const KeyIndex guess = _successors[_last];
+        if (guess < _keys.size() && _keys[guess] == name) {
+            return _last = guess;
+        }
+        const auto found = std::ranges::find(_keys, name);
+        if (found == _keys.end()) {
+            return std::nullopt;
+        }
+        const auto index = static_cast<KeyIndex>(found - _keys.begin());
+        _successors[_last] = index;
+        return _last = index;
+    }
+
+private:
+    JSONKeys _keys;
+    std::array<KeyIndex, std::numeric_limits<KeyIndex>::max()> _successors = {};
+    KeyIndex _last = 0;
+};
+
+/// Keeps what it is told.
+class NodesBuilder final : public JSONEvents {
+public:
+    NodesBuilder(JSONKeys keys, ImportMemory& memory) noexcept : _keys(keys), _memory(memory) {}
+
+    [[nodiscard]] JSONNodes take() && noexcept { return std::move(_nodes); }
+
+    [[nodiscard]] const JSONNode& root() const noexcept { return *_root; }
+
+    void beginObject() override { begin(JSONKind::object); }
+
+    void endObject() override { end(); }
+
+    void beginArray() override { begin(JSONKind::objects); }
+
+    void endArray() override { end(); }
+
+    void key(std::string_view text) override {
+        if (_unkept == 0) {
+            _key = _keys.find(text);
+        }
+    }
+
+    void string(std::string_view text) override {
+        if (isKept(JSONKind::string)) {
+            addString(text);
+        }
+    }
+
+    void decodedString(std::string_view text) override {
+        if (isKept(JSONKind::string)) {
+            addString(_memory.copy(text));
+        }
+    }
+
+    void integer(std::int64_t value) override {
+        if (isKept(JSONKind::integer)) {
+            add({.content = {.integer = value}, .kind = JSONKind::integer});
+        }
+    }
+
+    void null() override {
+        if (isKept(JSONKind::null)) {
+            add({.kind = JSONKind::null});
+        }
+    }
+
+    void otherValue() override {
+        if (isKept(JSONKind::other)) {
+            add({.kind = JSONKind::other});
+        }
+    }
+
+private:
+    void begin(JSONKind kind) {
+        if (_unkept > 0 || !isKept(kind)) {
+            ++_unkept;
+            return;
+        }
+        JSONNode& node = add({.kind = kind});
+        _root = _root == nullptr ? &node : _root;
+        _open.push_back(&node);
+    }
+
+    void end() {
+        if (_unkept > 0) {
+            --_unkept;
+            return;
+        }
+        _open.back()->content = {.behind = _nodes.next()};
+        _open.pop_back();
+    }
+
+    /// Whether the next value, of this kind, is kept. Any but an object makes the array that it
+    /// stands in one whose elements nobody asks for.
+    [[nodiscard]] bool isKept(JSONKind kind) noexcept {
+        if (_unkept > 0) {
+            return false;
+        }
+        if (_open.empty()) {
+            return true;
+        }
+        JSONNode& parent = *_open.back();
+        if (parent.kind == JSONKind::object) {
+            return _key.has_value();
+        }
+        if (kind != JSONKind::object) {
+            parent.kind = JSONKind::array;
+        }
+        return parent.kind == JSONKind::objects;
+    }
+
+    JSONNode& add(JSONNode node) {
+        node.key = _key.value_or(0);
+        return _nodes.append(node);
+    }
+
+    void addString(std::string_view text) {
+        require(std::uint64_t{text.size()} >> unsigned{JSONNode::bitsOfLength} == 0);
+        add({.kind = JSONKind::string}).setText(text);
+    }
+
+    KeyFinder _keys;
+    ImportMemory& _memory;
+    JSONNodes _nodes;
+    const JSONNode* _root = nullptr;
+    std::vector<JSONNode*> _open; // the objects and lists that are kept and not yet ended
+    std::optional<KeyIndex> _key; // of the next value, if it is a member
+    std::size_t _unkept = 0;      // how many containers are open within a value that is not kept
+};
+
+} // namespace
+
+std::optional<JSONDocument> JSONDocument::parsed(std::initializer_list<std::string_view> pieces,
+                                                 JSONKeys keys, ImportMemory& memory) {
+    NodesBuilder builder(keys, memory);
+    if (!parseJSON(pieces, builder)) {
+        return std::nullopt;
+    }
+    const JSONNode& root = builder.root();
+    return JSONDocument(std::move(builder).take(), root);
+}
+
+} // namespace Rellinor

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <initializer_list>
+#include <optional>
+#include <span>
+#include <string_view>
+#include <utility>
+
+#include "Private/Importers/ImportMemory.hpp"
+#include "Private/Proxies/JSONNodes.hpp"
+#include "Private/Proxies/JSONValue.hpp"
+
+namespace Rellinor {
+
+/// The names of the members that are kept of a JSON text, fewer than 256. They outlive the
+/// document.
+using JSONKeys = std::span<const std::string_view>;
+
+/// A parsed JSON text, as much of it as importers ask for: members whose keys are known, texts,
+/// integers and lists of objects. All of it is checked, but the rest is not kept.
+class JSONDocument {
+public:
+    /// Parses a text; absent if it is not JSON.
+    ///
+    /// @param pieces  the text, in pieces that are read as one; must outlive the document, which
+    ///                points into it
+    /// @param keys    the members to keep
+    /// @param memory  receives the texts that were written with escapes
+    /// @throws std::bad_alloc
+    [[nodiscard]] static std::optional<JSONDocument>
+    parsed(std::initializer_list<std::string_view> pieces, JSONKeys keys, ImportMemory& memory);
+
+    /// The object or array that the text is.
+    [[nodiscard]] JSONValue root() const noexcept { return JSONValue(*_root); }
+
+private:
+    JSONDocument(JSONNodes nodes, const JSONNode& root) noexcept
+        : _nodes(std::move(nodes)), _root(&root) {}
+
+    JSONNodes _nodes;
+    const JSONNode* _root; // moving the nodes leaves it in place
+};
+
+} // namespace Rellinor

@@ -1,0 +1,100 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "Platform/WipedBuffer.hpp"
+
+namespace Rellinor {
+
+/// What a value is, as far as any export asks.
+enum class JSONKind : std::uint8_t {
+    object,
+    objects, ///< an array of nothing but objects, perhaps of none
+    array,   ///< an array of anything else; not all of its elements are kept
+    string,
+    integer, ///< a number of an integral value that fits 64 bits
+    null,
+    other,
+    link, ///< no value: the next one stands elsewhere
+};
+
+/// One value of a parsed JSON text. Behind an object or array stand the values that are in it, each
+/// with what is in itself.
+struct JSONNode {
+    // A union and not a variant: two words instead of three, of which a file may have very many.
+    union Content {
+        const char* characters;  // of a string
+        std::int64_t integer;    // of an integer
+        const JSONNode* behind;  // of an object or array: where its last value has ended
+        const JSONNode* onwards; // of a link
+    };
+
+    Content content = {.integer = 0};
+    std::uint32_t lengthLow = 0;  ///< of a string, in bytes
+    std::uint16_t lengthHigh = 0; ///< the same, above 32 bits
+    std::uint8_t key = 0;         ///< of a member: its place among the known keys
+    JSONKind kind = JSONKind::null;
+
+    /// How long a text can be, in bits.
+    static constexpr int bitsOfLength = 48;
+
+    void setText(std::string_view text) noexcept {
+        content = {.characters = text.data()};
+        lengthLow = static_cast<std::uint32_t>(text.size());
+        lengthHigh = static_cast<std::uint16_t>(std::uint64_t{text.size()} >> 32U);
+    }
+
+    [[nodiscard]] std::string_view text() const noexcept {
+        // NOLINTNEXTLINE(*-union-access): asked of a string alone
+        return {content.characters, std::uint64_t{lengthHigh} << 32U | lengthLow};
+    }
+};
+
+static_assert(sizeof(JSONNode) == 16);
+
+/// The values of a parsed JSON text in the order of the text. They stay where they are, and their
+/// memory is wiped before it is given back.
+///
+/// A place is where a value stands or will stand: the end of a chunk is one too, and leads on to
+/// the next chunk once there is one.
+class JSONNodes {
+public:
+    /// Adds a value and returns it.
+    ///
+    /// @throws std::bad_alloc
+    JSONNode& append(const JSONNode& node) {
+        if (_next == _end) {
+            addChunk();
+        }
+        *_next = node;
+        return *_next++;
+    }
+
+    /// The place of the next value.
+    [[nodiscard]] const JSONNode* next() const noexcept { return _next; }
+
+    /// The value at a place.
+    [[nodiscard]] static const JSONNode& at(const JSONNode* place) noexcept {
+        // NOLINTNEXTLINE(*-union-access): a link has no other content
+        return place->kind == JSONKind::link ? *place->content.onwards : *place;
+    }
+
+    /// The place behind a value and all that is in it.
+    [[nodiscard]] static const JSONNode* behind(const JSONNode& node) noexcept {
+        const bool isContainer = node.kind <= JSONKind::array;
+        // NOLINTNEXTLINE(*-union-access): told by the kind
+        return isContainer ? node.content.behind : &node + 1;
+    }
+
+private:
+    void addChunk();
+
+    std::vector<WipedBuffer> _chunks;
+    JSONNode* _next = nullptr;
+    JSONNode* _end = nullptr; // one more fits there: the link
+};
+
+} // namespace Rellinor

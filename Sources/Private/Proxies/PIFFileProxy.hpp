@@ -1,0 +1,37 @@
+#pragma once
+
+#include <initializer_list>
+#include <string_view>
+
+#include <Rellinor/URL.hpp>
+
+#include "Private/Importers/ImportMemory.hpp"
+#include "Private/Proxies/JSON.hpp"
+
+namespace Rellinor {
+
+/// Reads files in the 1Password Interchange Format: text in UTF-8, in which each line that begins
+/// with an opening brace is a record, a JSON object of its own. Other lines part the records and
+/// say nothing.
+class PIFFileProxy {
+public:
+    /// All records of a file, as the list that is the one member of a JSON object. A record that is
+    /// not JSON makes the file fail.
+    ///
+    /// @param topLevelKey  the name of that member, set into the text as it is; outlives what is
+    ///                     returned
+    /// @param keys         the members to keep, `topLevelKey` among them
+    /// @param memory       receives the texts; outlives what is returned
+    /// @throws PIFParsingError, std::bad_alloc
+    [[nodiscard]] static JSON toJSON(const URL& file, std::string_view topLevelKey, JSONKeys keys,
+                                     ImportMemory& memory);
+
+    /// The object that a JSON text is.
+    ///
+    /// @param pieces  the text, in pieces that are read as one; outlive what is returned
+    /// @throws PIFParsingError, std::bad_alloc
+    [[nodiscard]] static JSON json(std::initializer_list<std::string_view> pieces, JSONKeys keys,
+                                   ImportMemory& memory);
+};
+
+} // namespace Rellinor

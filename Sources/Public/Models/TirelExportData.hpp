@@ -1,0 +1,197 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace Rellinor {
+
+/// The content of a Tirel export file: one JSON object with a list of logins, one of secure notes
+/// and one of payment cards. The members of each object bear the names of its fields, which
+/// `CodingKeys` lists.
+///
+/// A host that writes such a file fills the lists and hands the value to its JSON library;
+/// <Rellinor/Models/TirelExportDataJSON.hpp> teaches Boost.JSON to write and read it. All texts are
+/// UTF-8, in ordinary strings: the host wipes them if they are to leave no trace.
+struct TirelExportData {
+    enum class CodingKeys : std::uint8_t { logins, notes, cards };
+
+    /// A login.
+    class Password {
+    public:
+        enum class CodingKeys : std::uint8_t {
+            color,
+            custName,
+            loginName,
+            note,
+            pwd,
+            pwdChange,
+            url,
+        };
+
+        Password(std::int64_t color, std::optional<std::string> custName, std::string loginName,
+                 std::string note, std::string pwd, std::optional<std::int64_t> pwdChange,
+                 std::string url) noexcept
+            : _color(color), _custName(std::move(custName)), _loginName(std::move(loginName)),
+              _note(std::move(note)), _pwd(std::move(pwd)), _pwdChange(pwdChange),
+              _url(std::move(url)) {}
+
+        /// Colour code, in Tirel's palette.
+        [[nodiscard]] std::int64_t color() const noexcept { return _color; }
+
+        /// Name of the entry; left out of the file if absent.
+        [[nodiscard]] std::optional<std::string_view> custName() const noexcept {
+            return _custName;
+        }
+
+        [[nodiscard]] std::string_view loginName() const noexcept { return _loginName; }
+
+        [[nodiscard]] std::string_view note() const noexcept { return _note; }
+
+        [[nodiscard]] std::string_view pwd() const noexcept { return _pwd; }
+
+        /// Time of the last password change, in Tirel's unit; left out of the file if absent.
+        [[nodiscard]] std::optional<std::int64_t> pwdChange() const noexcept { return _pwdChange; }
+
+        [[nodiscard]] std::string_view url() const noexcept { return _url; }
+
+    private:
+        std::int64_t _color;
+        std::optional<std::string> _custName;
+        std::string _loginName;
+        std::string _note;
+        std::string _pwd;
+        std::optional<std::int64_t> _pwdChange;
+        std::string _url;
+    };
+
+    /// A secure note.
+    class Note {
+    public:
+        enum class CodingKeys : std::uint8_t { color, label, text };
+
+        Note(std::int64_t color, std::string label, std::string text) noexcept
+            : _color(color), _label(std::move(label)), _text(std::move(text)) {}
+
+        /// Colour code, in Tirel's palette.
+        [[nodiscard]] std::int64_t color() const noexcept { return _color; }
+
+        [[nodiscard]] std::string_view label() const noexcept { return _label; }
+
+        [[nodiscard]] std::string_view text() const noexcept { return _text; }
+
+    private:
+        std::int64_t _color;
+        std::string _label;
+        std::string _text;
+    };
+
+    /// A payment card. Its number, CVV and PIN are texts, never numbers.
+    class Card {
+    public:
+        enum class CodingKeys : std::uint8_t {
+            cardNumber,
+            custName,
+            holderName,
+            cvv,
+            pin,
+            note,
+            expirationDate,
+        };
+
+        /// When a card expires. No part is checked to be in any range.
+        class ExpirationDate {
+        public:
+            enum class CodingKeys : std::uint8_t { day, month, year };
+
+            ExpirationDate(std::int64_t day, std::int64_t month, std::int64_t year) noexcept
+                : _day(day), _month(month), _year(year) {}
+
+            [[nodiscard]] std::int64_t day() const noexcept { return _day; }
+
+            [[nodiscard]] std::int64_t month() const noexcept { return _month; }
+
+            [[nodiscard]] std::int64_t year() const noexcept { return _year; }
+
+        private:
+            std::int64_t _day;
+            std::int64_t _month;
+            std::int64_t _year;
+        };
+
+        Card(std::string cardNumber, std::string custName, std::string holderName, std::string cvv,
+             std::string pin, std::string note, ExpirationDate expirationDate) noexcept
+            : _cardNumber(std::move(cardNumber)), _custName(std::move(custName)),
+              _holderName(std::move(holderName)), _cvv(std::move(cvv)), _pin(std::move(pin)),
+              _note(std::move(note)), _expirationDate(expirationDate) {}
+
+        [[nodiscard]] std::string_view cardNumber() const noexcept { return _cardNumber; }
+
+        /// Name of the entry.
+        [[nodiscard]] std::string_view custName() const noexcept { return _custName; }
+
+        [[nodiscard]] std::string_view holderName() const noexcept { return _holderName; }
+
+        [[nodiscard]] std::string_view cvv() const noexcept { return _cvv; }
+
+        [[nodiscard]] std::string_view pin() const noexcept { return _pin; }
+
+        [[nodiscard]] std::string_view note() const noexcept { return _note; }
+
+        [[nodiscard]] const ExpirationDate& expirationDate() const noexcept {
+            return _expirationDate;
+        }
+
+    private:
+        std::string _cardNumber;
+        std::string _custName;
+        std::string _holderName;
+        std::string _cvv;
+        std::string _pin;
+        std::string _note;
+        ExpirationDate _expirationDate;
+    };
+
+    std::vector<Password> logins;
+    std::vector<Note> notes;
+    std::vector<Card> cards;
+};
+
+// The name of a member in the file.
+
+[[nodiscard]] constexpr std::string_view stringValue(TirelExportData::CodingKeys key) noexcept {
+    constexpr std::array<std::string_view, 3> names = {"logins", "notes", "cards"};
+    return names[std::to_underlying(key)];
+}
+
+[[nodiscard]] constexpr std::string_view
+stringValue(TirelExportData::Password::CodingKeys key) noexcept {
+    constexpr std::array<std::string_view, 7> names = {"color", "custName",  "loginName", "note",
+                                                       "pwd",   "pwdChange", "url"};
+    return names[std::to_underlying(key)];
+}
+
+[[nodiscard]] constexpr std::string_view
+stringValue(TirelExportData::Note::CodingKeys key) noexcept {
+    constexpr std::array<std::string_view, 3> names = {"color", "label", "text"};
+    return names[std::to_underlying(key)];
+}
+
+[[nodiscard]] constexpr std::string_view
+stringValue(TirelExportData::Card::CodingKeys key) noexcept {
+    constexpr std::array<std::string_view, 7> names = {
+        "cardNumber", "custName", "holderName", "cvv", "pin", "note", "expirationDate"};
+    return names[std::to_underlying(key)];
+}
+
+[[nodiscard]] constexpr std::string_view
+stringValue(TirelExportData::Card::ExpirationDate::CodingKeys key) noexcept {
+    constexpr std::array<std::string_view, 3> names = {"day", "month", "year"};
+    return names[std::to_underlying(key)];
+}
+
+} // namespace Rellinor
