@@ -2,17 +2,15 @@
 
 #include <cstddef>
 #include <span>
-#include <string_view>
 
 namespace Rellinor {
 
-/// How large a buffer `base64` needs for so many bytes: the text and a byte behind it.
-[[nodiscard]] std::size_t sizeOfBase64Buffer(std::size_t numberOfBytes) noexcept;
+/// How many characters the Base64 text of so many bytes has.
+[[nodiscard]] std::size_t sizeOfBase64(std::size_t numberOfBytes) noexcept;
 
-/// The Base64 text of `bytes`, written into `buffer`: the standard alphabet, padded with "=", no
-/// line breaks.
+/// Writes the Base64 text of `bytes`: the standard alphabet, padded with "=", no line breaks.
 ///
-/// @param buffer  as large as `sizeOfBase64Buffer` says
-[[nodiscard]] std::string_view base64(std::span<const char> bytes, std::span<char> buffer) noexcept;
+/// @param target  as large as `sizeOfBase64` says
+void writeBase64(std::span<const char> bytes, std::span<char> target) noexcept;
 
 } // namespace Rellinor

@@ -1,9 +1,14 @@
 #include "Platform/Base64.hpp"
 
+#include <algorithm>
+#include <cstddef>
+#include <random>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include <gtest/gtest.h>
+#include <sodium/utils.h>
 
 namespace Rellinor::Tests {
 
@@ -12,8 +17,11 @@ namespace {
 using namespace std::string_view_literals;
 
 std::string encoded(std::string_view bytes) {
-    std::string buffer(sizeOfBase64Buffer(bytes.size()), '?');
-    return std::string(base64(bytes, buffer));
+    // In buffers of exactly their size, so that a sanitizer sees a byte too many.
+    const std::vector<char> source(bytes.begin(), bytes.end());
+    std::vector<char> target(sizeOfBase64(bytes.size()));
+    writeBase64(source, target);
+    return {target.begin(), target.end()};
 }
 
 TEST(Base64Test, encodesBytesAndPadsTheText) {
@@ -35,6 +43,20 @@ TEST(Base64Test, usesTheStandardAlphabet) {
 
 TEST(Base64Test, breaksNoLines) {
     EXPECT_EQ(encoded(std::string(300, '\0')), std::string(400, 'A'));
+}
+
+TEST(Base64Test, encodesRandomBytesAsAnotherLibraryDoes) {
+    std::mt19937 random(1);
+    for (std::size_t length = 0; length < 300; ++length) {
+        std::string bytes(length, '\0');
+        std::ranges::generate(bytes, [&] { return static_cast<char>(random()); });
+        std::vector<char> expected(
+            ::sodium_base64_encoded_len(length, sodium_base64_VARIANT_ORIGINAL));
+        const auto* data = reinterpret_cast<const unsigned char*>(bytes.data()); // NOLINT(*-cast)
+        ::sodium_bin2base64(expected.data(), expected.size(), data, length,
+                            sodium_base64_VARIANT_ORIGINAL);
+        ASSERT_EQ(encoded(bytes), expected.data());
+    }
 }
 
 } // namespace

@@ -19,7 +19,9 @@ std::optional<SQLiteValue> valueOf(const SQLiteRow& record, ChromeRecordKey key)
 }
 
 std::string_view base64In(ImportMemory& memory, std::span<const char> bytes) {
-    return base64(bytes, memory.allocate(sizeOfBase64Buffer(bytes.size())));
+    const std::span<char> text = memory.allocate(sizeOfBase64(bytes.size()));
+    writeBase64(bytes, text);
+    return {text.data(), text.size()};
 }
 
 } // namespace
