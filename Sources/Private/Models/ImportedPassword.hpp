@@ -15,8 +15,9 @@ public:
                      std::optional<std::string_view> service, std::optional<std::int64_t> color,
                      std::optional<std::string_view> note,
                      std::optional<std::int64_t> pwdChange) noexcept
-        : _username(username), _password(password), _url(url), _service(service), _color(color),
-          _note(note), _pwdChange(pwdChange) {}
+        : _username(username), _password(password), _url(url), _service(packed(service)),
+          _note(packed(note)), _color(color.value_or(0)), _pwdChange(pwdChange.value_or(0)),
+          _hasColor(color.has_value()), _hasPwdChange(pwdChange.has_value()) {}
 
     [[nodiscard]] std::string_view username() const noexcept override { return _username; }
 
@@ -25,25 +26,42 @@ public:
     [[nodiscard]] std::string_view url() const noexcept override { return _url; }
 
     [[nodiscard]] std::optional<std::string_view> service() const noexcept override {
-        return _service;
+        return unpacked(_service);
     }
 
-    [[nodiscard]] std::optional<std::int64_t> color() const noexcept override { return _color; }
+    [[nodiscard]] std::optional<std::int64_t> color() const noexcept override {
+        return _hasColor ? std::optional(_color) : std::nullopt;
+    }
 
-    [[nodiscard]] std::optional<std::string_view> note() const noexcept override { return _note; }
+    [[nodiscard]] std::optional<std::string_view> note() const noexcept override {
+        return unpacked(_note);
+    }
 
     [[nodiscard]] std::optional<std::int64_t> pwdChange() const noexcept override {
-        return _pwdChange;
+        return _hasPwdChange ? std::optional(_pwdChange) : std::nullopt;
     }
 
 private:
+    // An absent text is a view without data: the fewer bytes a record takes, of which there may be
+    // very many, the faster it is built.
+
+    static std::string_view packed(std::optional<std::string_view> text) noexcept {
+        return text && text->data() == nullptr ? "" : text.value_or(std::string_view());
+    }
+
+    static std::optional<std::string_view> unpacked(std::string_view text) noexcept {
+        return text.data() == nullptr ? std::nullopt : std::optional(text);
+    }
+
     std::string_view _username;
     std::string_view _password;
     std::string_view _url;
-    std::optional<std::string_view> _service;
-    std::optional<std::int64_t> _color;
-    std::optional<std::string_view> _note;
-    std::optional<std::int64_t> _pwdChange;
+    std::string_view _service;
+    std::string_view _note;
+    std::int64_t _color;
+    std::int64_t _pwdChange;
+    bool _hasColor;
+    bool _hasPwdChange;
 };
 
 } // namespace Rellinor

@@ -24,6 +24,13 @@ TEST(ImportedPasswordTest, reportsServiceColourNoteAndChangeTimeAsAbsent) {
     EXPECT_EQ(password.pwdChange(), std::nullopt);
 }
 
+TEST(ImportedPasswordTest, tellsAnEmptyTextWithoutDataFromAbsent) {
+    const ImportedPassword password("", "", "", std::string_view(), std::nullopt,
+                                    std::string_view(), std::nullopt);
+    EXPECT_EQ(password.service(), "");
+    EXPECT_EQ(password.note(), "");
+}
+
 TEST(ImportedPasswordTest, tellsEmptyAndZeroFromAbsent) {
     const ImportedPassword password("", "", "", "", 0, "", 0);
     EXPECT_EQ(password.service(), "");
