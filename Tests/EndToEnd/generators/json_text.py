@@ -152,7 +152,7 @@ class JSONText(Draw):
         return "".join(self.hexadecimal(data[i] << 8 | data[i + 1]) for i in range(0, len(data), 2))
 
     def string(self, text):
-        if self.escape_chance == 0 and text.isalnum():
+        if self.escape_chance == 0 and text.isprintable() and '"' not in text and "\\" not in text:
             return '"' + text + '"'
         return '"' + "".join(self.character(c) for c in text) + '"'
 

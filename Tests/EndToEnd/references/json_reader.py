@@ -57,8 +57,10 @@ class Reader:
             raise JSONFailure("no %s before %d" % (wanted, self.at))
 
     def blanks(self):
-        while self.peek() in WHITE and self.peek() != "":
-            self.at += 1
+        text, at = self.text, self.at
+        while at < len(text) and text[at] in WHITE:
+            at += 1
+        self.at = at
 
     # number = [ minus ] int [ frac ] [ exp ]
     def digits(self):
@@ -122,17 +124,19 @@ class Reader:
 
     def string(self):
         self.expect('"')
-        out = []
+        text, out = self.text, []
         while True:
+            begin = at = self.at
+            while at < len(text) and text[at] != '"' and text[at] != "\\" and text[at] >= "\x20":
+                at += 1
+            out.append(text[begin:at])
+            self.at = at
             character = self.take()
             if character == '"':
                 return "".join(out)
-            if character == "\\":
-                out.append(self.escape())
-            elif ord(character) < 0x20:
+            if character != "\\":
                 raise JSONFailure("raw control character")
-            else:
-                out.append(character)
+            out.append(self.escape())
 
     def literal(self):
         for word, value in LITERALS.items():
