@@ -39,7 +39,7 @@ def is_unpinned_url(url):
         return False            # does not parse
     for i, c in enumerate(url):
         if c == "%" and not (len(url[i + 1:i + 3]) == 2 and only(url[i + 1:i + 3], HEXDIG)):
-            return False        # platform.md: does not parse
+            return False        # a bad escape: does not parse
     before = url.partition("#")[0].partition("?")[0]
     colon = before.partition("/")[0].find(":")
     hier = before[colon + 1:]
