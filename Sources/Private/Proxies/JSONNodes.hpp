@@ -21,10 +21,13 @@ enum class JSONKind : std::uint8_t {
     link, ///< no value: the next one stands elsewhere
 };
 
+// A union and not a variant: two words instead of three, of which a file may have very many. What
+// it holds is told by the kind.
+// NOLINTBEGIN(*-union-access,*-stringview-data-usage)
+
 /// One value of a parsed JSON text. Behind an object or array stand the values that are in it, each
 /// with what is in itself.
 struct JSONNode {
-    // A union and not a variant: two words instead of three, of which a file may have very many.
     union Content {
         const char* characters;  // of a string
         std::int64_t integer;    // of an integer
@@ -48,7 +51,6 @@ struct JSONNode {
     }
 
     [[nodiscard]] std::string_view text() const noexcept {
-        // NOLINTNEXTLINE(*-union-access): asked of a string alone
         return {content.characters, std::uint64_t{lengthHigh} << 32U | lengthLow};
     }
 };
@@ -78,14 +80,12 @@ public:
 
     /// The value at a place.
     [[nodiscard]] static const JSONNode& at(const JSONNode* place) noexcept {
-        // NOLINTNEXTLINE(*-union-access): a link has no other content
         return place->kind == JSONKind::link ? *place->content.onwards : *place;
     }
 
     /// The place behind a value and all that is in it.
     [[nodiscard]] static const JSONNode* behind(const JSONNode& node) noexcept {
         const bool isContainer = node.kind <= JSONKind::array;
-        // NOLINTNEXTLINE(*-union-access): told by the kind
         return isContainer ? node.content.behind : &node + 1;
     }
 
@@ -96,5 +96,7 @@ private:
     JSONNode* _next = nullptr;
     JSONNode* _end = nullptr; // one more fits there: the link
 };
+
+// NOLINTEND(*-union-access,*-stringview-data-usage)
 
 } // namespace Rellinor
