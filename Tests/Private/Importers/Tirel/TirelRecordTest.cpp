@@ -1,0 +1,203 @@
+#include "Private/Importers/Tirel/TirelRecord.hpp"
+
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+
+#include <gtest/gtest.h>
+
+#include "Private/Proxies/JSONDocument.hpp"
+#include "Tests/Support/TirelExport.hpp"
+
+namespace Rellinor::Tests {
+
+namespace {
+
+using enum TirelRecordKey;
+using enum TirelRecordType;
+using Keys = std::set<TirelRecordKey>;
+
+/// Entries of an export as raw records.
+class TirelRecordTest : public testing::Test {
+protected:
+    TirelRecord record(TirelRecordType type, const Members& entry) {
+        _text = entry.text();
+        _document = JSONDocument::parsed({_text}, namesOfTirelExportMembers, _memory);
+        return {type, _document.value().root().object().value()};
+    }
+
+    /// Those of all keys that a record has.
+    Keys keys(TirelRecordType type, const Members& entry) {
+        const TirelRecord raw = record(type, entry);
+        Keys present;
+        for (const TirelRecordKey key : allTirelRecordKeys) {
+            if (raw[key]) {
+                present.insert(key);
+            }
+        }
+        return present;
+    }
+
+private:
+    std::string _text;
+    ImportMemory _memory;
+    std::optional<JSONDocument> _document;
+};
+
+std::optional<std::string_view> textOf(const TirelRecord& record, TirelRecordKey key) {
+    return record[key].and_then(&JSONValue::text);
+}
+
+std::optional<std::int64_t> integerOf(const TirelRecord& record, TirelRecordKey key) {
+    return record[key].and_then(&JSONValue::integer);
+}
+
+// Logins
+
+TEST_F(TirelRecordTest, aWholeLoginHasSevenKeys) {
+    EXPECT_EQ(keys(webPassword, aLogin()),
+              (Keys{username, password, url, note, color, custName, pwdChange}));
+}
+
+TEST_F(TirelRecordTest, aLoginWithoutANameOrATimeHasSixKeys) {
+    EXPECT_EQ(keys(webPassword, aLogin().without("custName")),
+              (Keys{username, password, url, note, color, pwdChange}));
+    EXPECT_EQ(keys(webPassword, aLogin().without("pwdChange")),
+              (Keys{username, password, url, note, color, custName}));
+}
+
+TEST_F(TirelRecordTest, aLoginWithoutANameAndATimeHasFiveKeys) {
+    EXPECT_EQ(keys(webPassword, aLogin().without("custName").without("pwdChange")),
+              (Keys{username, password, url, note, color}));
+}
+
+TEST_F(TirelRecordTest, aLoginHasNoKeyForNull) {
+    EXPECT_EQ(keys(webPassword, aLogin().with("custName", "null").with("pwdChange", "null")),
+              (Keys{username, password, url, note, color}));
+}
+
+TEST_F(TirelRecordTest, aLoginHoldsItsFields) {
+    const TirelRecord login = record(webPassword, aLogin());
+    EXPECT_EQ(textOf(login, username), "ann"); // from "loginName"
+    EXPECT_EQ(textOf(login, password), "one"); // from "pwd"
+    EXPECT_EQ(textOf(login, url), "https://a.example");
+    EXPECT_EQ(textOf(login, note), "a note");
+    EXPECT_EQ(integerOf(login, color), 3);
+    EXPECT_EQ(textOf(login, custName), "Mail");
+    EXPECT_EQ(integerOf(login, pwdChange), 1700000000);
+}
+
+TEST_F(TirelRecordTest, aLoginHasNoKeyOfAnotherKind) {
+    // The members of an export are not keys: "username" is told by "loginName" alone.
+    EXPECT_EQ(keys(webPassword, Members{{"username", R"("a")"},
+                                        {"password", R"("b")"},
+                                        {"label", R"("c")"},
+                                        {"text", R"("d")"},
+                                        {"cardNumber", R"("e")"},
+                                        {"pin", R"("f")"},
+                                        {"expirationDay", "1"},
+                                        {"day", "2"},
+                                        {"expirationDate", R"({"day":3})"}}),
+              Keys{});
+}
+
+// Notes
+
+TEST_F(TirelRecordTest, aNoteHasThreeKeys) {
+    EXPECT_EQ(keys(secureNote, aNote()), (Keys{color, label, text}));
+}
+
+TEST_F(TirelRecordTest, aNoteHoldsItsFields) {
+    const TirelRecord note = record(secureNote, aNote());
+    EXPECT_EQ(integerOf(note, color), 5);
+    EXPECT_EQ(textOf(note, label), "Wi-Fi");
+    EXPECT_EQ(textOf(note, text), "text");
+}
+
+TEST_F(TirelRecordTest, aNoteHasNoKeyOfAnotherKind) {
+    EXPECT_EQ(keys(secureNote, aLogin()), Keys{color});
+    EXPECT_EQ(keys(secureNote, aCard()), Keys{});
+}
+
+// Cards
+
+TEST_F(TirelRecordTest, aCardHasNineKeys) {
+    EXPECT_EQ(keys(creditCard, aCard()), (Keys{cardNumber, custName, holderName, cvv, pin, note,
+                                               expirationDay, expirationMonth, expirationYear}));
+}
+
+TEST_F(TirelRecordTest, aCardHoldsItsFieldsAndTheFlattenedDate) {
+    const TirelRecord card = record(creditCard, aCard());
+    EXPECT_EQ(textOf(card, cardNumber), "0001");
+    EXPECT_EQ(textOf(card, custName), "Travel");
+    EXPECT_EQ(textOf(card, holderName), "Ann");
+    EXPECT_EQ(textOf(card, cvv), "002");
+    EXPECT_EQ(textOf(card, pin), "0003");
+    EXPECT_EQ(textOf(card, note), "a note");
+    EXPECT_EQ(integerOf(card, expirationDay), 31);
+    EXPECT_EQ(integerOf(card, expirationMonth), 12);
+    EXPECT_EQ(integerOf(card, expirationYear), 2030);
+}
+
+TEST_F(TirelRecordTest, aCardHasNoDateWithoutADateObject) {
+    const Keys withoutDate = {cardNumber, custName, holderName, cvv, pin, note};
+    EXPECT_EQ(keys(creditCard, aCard().without("expirationDate")), withoutDate);
+    for (const std::string_view value : {"null", "1", R"("text")", "[]", R"([{"day":1}])", "{}"}) {
+        EXPECT_EQ(keys(creditCard, aCard().with("expirationDate", value)), withoutDate) << value;
+    }
+}
+
+TEST_F(TirelRecordTest, aCardTakesTheDateFromItsOwnObjectOnly) {
+    EXPECT_EQ(keys(creditCard, Members{{"day", "1"}, {"month", "2"}, {"year", "3"}}), Keys{});
+    EXPECT_EQ(keys(creditCard, Members{{"expirationDate", R"({"month":2,"pin":"x","note":"x"})"}}),
+              Keys{expirationMonth});
+}
+
+TEST_F(TirelRecordTest, aCardHasNoKeyOfAnotherKind) {
+    EXPECT_EQ(keys(creditCard, aLogin()), (Keys{custName, note}));
+    EXPECT_EQ(keys(creditCard, aNote()), Keys{});
+}
+
+// Values
+
+TEST_F(TirelRecordTest, aKeyIsThereWhateverTheTypeOfItsValue) {
+    for (const std::string_view value : {"1", "1.5", "true", R"("text")", "[]", "[{}]", "{}"}) {
+        EXPECT_EQ(keys(webPassword, Members{{"pwd", value}}), Keys{password}) << value;
+        EXPECT_EQ(keys(secureNote, Members{{"text", value}}), Keys{text}) << value;
+        EXPECT_EQ(keys(creditCard, Members{{"cardNumber", value}}), Keys{cardNumber}) << value;
+    }
+}
+
+TEST_F(TirelRecordTest, takesTheFirstOfTwoMembersOfOneName) {
+    const TirelRecord login = record(
+        webPassword, Members{{"pwd", R"("first")"}, {"pwd", "2"}, {"color", "1"}, {"color", "2"}});
+    EXPECT_EQ(textOf(login, password), "first");
+    EXPECT_EQ(integerOf(login, color), 1);
+}
+
+TEST_F(TirelRecordTest, anEmptyEntryHasNoKeys) {
+    for (const TirelRecordType type : {webPassword, secureNote, creditCard}) {
+        EXPECT_EQ(keys(type, Members{}), Keys{});
+    }
+}
+
+// The enumerations
+
+TEST(TirelRecordKeyTest, hasItsCasesInOrder) {
+    int ordinal = 0;
+    for (const TirelRecordKey key : allTirelRecordKeys) {
+        EXPECT_EQ(static_cast<int>(key), ordinal++);
+    }
+    EXPECT_EQ(ordinal, 16);
+}
+
+TEST(TirelRecordTypeTest, hasItsCasesInOrder) {
+    EXPECT_EQ(static_cast<int>(webPassword), 0);
+    EXPECT_EQ(static_cast<int>(secureNote), 1);
+    EXPECT_EQ(static_cast<int>(creditCard), 2);
+}
+
+} // namespace
+
+} // namespace Rellinor::Tests
