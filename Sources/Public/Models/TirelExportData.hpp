@@ -18,6 +18,9 @@ namespace Rellinor {
 /// <Rellinor/Models/TirelExportDataJSON.hpp> teaches Boost.JSON to write and read it. All texts are
 /// UTF-8, in ordinary strings: the host wipes them if they are to leave no trace.
 struct TirelExportData {
+    /// Three empty lists, to be filled.
+    TirelExportData() = default;
+
     enum class CodingKeys : std::uint8_t { logins, notes, cards };
 
     /// A login.
