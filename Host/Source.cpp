@@ -20,11 +20,11 @@ constexpr std::string_view notYet = "(not in this version)";
 constexpr std::array<Description, 8> descriptions = {{
     {ImportSource::chrome, "chrome", "login database"},
     {ImportSource::lastPass, "lastPass", "CSV export"},
-    {ImportSource::dashlane, "dashlane", notYet},
+    {ImportSource::dashlane, "dashlane", "CSV export"},
     {ImportSource::onePassword, "onePassword", notYet},
     {ImportSource::tirel, "tirel", notYet},
-    {ImportSource::keePass, "keePass", notYet},
-    {ImportSource::keePassXC, "keePassXC", notYet},
+    {ImportSource::keePass, "keePass", "CSV export"},
+    {ImportSource::keePassXC, "keePassXC", "CSV export"},
     {ImportSource::firefox, "firefox", "profile folder"},
 }};
 

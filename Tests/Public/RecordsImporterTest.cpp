@@ -97,7 +97,7 @@ TEST(RecordsImporterTest, letsThroughWhatTheCompletionThrows) {
 
 TEST(RecordsImporterTest, doesNotPretendToImportFromASourceThatHasNoImporterYet) {
     using enum ImportSource;
-    for (const ImportSource source : {dashlane, onePassword, tirel, keePass, keePassXC}) {
+    for (const ImportSource source : {onePassword, tirel}) {
         EXPECT_EQ(outcomeOf(source, "/missing"),
                   (Outcome{.error = NSError("Rellinor.UnavailableSourceError", 1)}));
     }
@@ -106,6 +106,8 @@ TEST(RecordsImporterTest, doesNotPretendToImportFromASourceThatHasNoImporterYet)
 TEST(ImporterSlotsTest, areEmptyAtFirst) {
     EXPECT_FALSE(ImporterSlots().chromeImporter);
     EXPECT_FALSE(ImporterSlots().lastPassImporter);
+    EXPECT_FALSE(ImporterSlots().dashlaneImporter);
+    EXPECT_FALSE(ImporterSlots().keePassImporter);
     EXPECT_FALSE(ImporterSlots().firefoxImporter);
 }
 

@@ -25,14 +25,18 @@ void ImporterSlots::records(const URL& url, ImportSource source,
     case lastPass:
         filled(lastPassImporter).records(url, onComplete);
         return;
+    case dashlane:
+        filled(dashlaneImporter).records(url, onComplete);
+        return;
+    case keePass:
+    case keePassXC:
+        filled(keePassImporter).records(url, onComplete);
+        return;
     case firefox:
         filled(firefoxImporter).records(url, onComplete);
         return;
-    case dashlane:
     case onePassword:
     case tirel:
-    case keePass:
-    case keePassXC:
         onComplete(std::unexpected(NSError("Rellinor.UnavailableSourceError", 1)));
         return;
     }

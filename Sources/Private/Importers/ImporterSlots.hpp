@@ -5,7 +5,9 @@
 #include <Rellinor/RecordsImporting.hpp>
 
 #include "Private/Importers/Chrome/ChromeImporter.hpp"
+#include "Private/Importers/Dashlane/DashlaneImporter.hpp"
 #include "Private/Importers/Firefox/FirefoxImporter.hpp"
+#include "Private/Importers/KeePass/KeePassImporter.hpp"
 #include "Private/Importers/LastPass/LastPassImporter.hpp"
 
 namespace Rellinor {
@@ -15,6 +17,8 @@ namespace Rellinor {
 struct ImporterSlots {
     std::optional<ChromeImporter> chromeImporter;
     std::optional<LastPassImporter> lastPassImporter;
+    std::optional<DashlaneImporter> dashlaneImporter;
+    std::optional<KeePassImporter> keePassImporter; ///< for both of its forks
     std::optional<FirefoxImporter> firefoxImporter;
 
     /// Imports with the importer of `source`.
