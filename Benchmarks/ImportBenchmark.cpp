@@ -7,7 +7,9 @@
 #include <Rellinor/Rellinor.hpp>
 #include <benchmark/benchmark.h>
 
+#include "Benchmarks/DashlaneGenerator.hpp"
 #include "Benchmarks/Floor.hpp"
+#include "Benchmarks/KeePassGenerator.hpp"
 #include "Benchmarks/LastPassGenerator.hpp"
 #include "Benchmarks/Measurement.hpp"
 #include "Benchmarks/PeakMemory.hpp"
@@ -29,12 +31,12 @@ std::size_t deliveredBytes(const ImportedRecords& records) {
     return bytes;
 }
 
-void lastPass(benchmark::State& state) {
-    const std::string text = lastPassExport(static_cast<std::size_t>(state.range(0)));
+/// Measures imports of an export with this text.
+void measure(benchmark::State& state, ImportSource source, const std::string& text) {
     const TemporaryFile file(text);
-    const std::size_t delivered = deliveredBytes(imported(ImportSource::lastPass, file.path()));
-    const std::size_t peak = peakMemoryOf(
-        [&] { benchmark::DoNotOptimize(imported(ImportSource::lastPass, file.path())); });
+    const std::size_t delivered = deliveredBytes(imported(source, file.path()));
+    const auto import = [&] { benchmark::DoNotOptimize(imported(source, file.path())); };
+    const std::size_t peak = peakMemoryOf(import);
 
     std::vector<double> imports;
     std::vector<double> ratios;
@@ -42,11 +44,9 @@ void lastPass(benchmark::State& state) {
         const double floor =
             secondsOf([&] { benchmark::DoNotOptimize(floorOf(file.path(), delivered)); });
         // Letting the records go is part of the work, as freeing the copy is part of the floor.
-        const double import = secondsOf(
-            [&] { benchmark::DoNotOptimize(imported(ImportSource::lastPass, file.path())); });
-        imports.push_back(import);
-        ratios.push_back(import / floor);
-        state.SetIterationTime(import);
+        imports.push_back(secondsOf(import));
+        ratios.push_back(imports.back() / floor);
+        state.SetIterationTime(imports.back());
     }
     const auto bytes = static_cast<double>(text.size());
     state.counters["MB"] = bytes / 1e6;
@@ -56,7 +56,26 @@ void lastPass(benchmark::State& state) {
     state.counters["peak/file"] = static_cast<double>(peak) / bytes;
 }
 
+void lastPass(benchmark::State& state) {
+    measure(state, ImportSource::lastPass,
+            lastPassExport(static_cast<std::size_t>(state.range(0))));
+}
+
+void keePass(benchmark::State& state) {
+    measure(state, ImportSource::keePassXC,
+            keePassExport(static_cast<std::size_t>(state.range(0))));
+}
+
+void dashlane(benchmark::State& state) {
+    measure(state, ImportSource::dashlane,
+            dashlaneExport(static_cast<std::size_t>(state.range(0))));
+}
+
 BENCHMARK(lastPass)->Arg(1000)->Arg(10000)->Arg(400000)->UseManualTime()->Unit(
+    benchmark::kMillisecond);
+BENCHMARK(keePass)->Arg(1000)->Arg(10000)->Arg(400000)->UseManualTime()->Unit(
+    benchmark::kMillisecond);
+BENCHMARK(dashlane)->Arg(1000)->Arg(10000)->Arg(400000)->UseManualTime()->Unit(
     benchmark::kMillisecond);
 
 } // namespace

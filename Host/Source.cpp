@@ -15,16 +15,14 @@ struct Description {
     std::string_view path;
 };
 
-constexpr std::string_view notYet = "(not in this version)";
-
 constexpr std::array<Description, 8> descriptions = {{
     {ImportSource::chrome, "chrome", "login database"},
     {ImportSource::lastPass, "lastPass", "CSV export"},
-    {ImportSource::dashlane, "dashlane", notYet},
+    {ImportSource::dashlane, "dashlane", "CSV export"},
     {ImportSource::onePassword, "onePassword", "1PIF export"},
     {ImportSource::tirel, "tirel", "JSON export"},
-    {ImportSource::keePass, "keePass", notYet},
-    {ImportSource::keePassXC, "keePassXC", notYet},
+    {ImportSource::keePass, "keePass", "CSV export"},
+    {ImportSource::keePassXC, "keePassXC", "CSV export"},
     {ImportSource::firefox, "firefox", "profile folder"},
 }};
 

@@ -162,6 +162,26 @@ std::size_t numberOfCharacters(std::string_view text) noexcept {
         }
         previous = next.value;
         text.remove_prefix(static_cast<std::size_t>(next.length));
+
+        // Most text is ASCII, which needs no rule but the one for CR LF.
+        const std::size_t length = previous < 0x80 ? lengthOfASCIIPrefix(text) : 0;
+        for (const char character : text.substr(0, length)) {
+            count += previous == '\r' && character == '\n' ? 0 : 1;
+            previous = character;
+            state = 0;
+        }
+        text.remove_prefix(length);
+    }
+    return count;
+}
+
+std::size_t numberOfUTF16Units(std::string_view text) noexcept {
+    std::size_t count = 0;
+    for (const char character : text) {
+        const auto byte = static_cast<unsigned char>(character);
+        const bool isContinuation = (byte & 0xC0U) == 0x80U;
+        const bool leadsFour = byte >= 0xF0;
+        count += (isContinuation ? 0U : 1U) + (leadsFour ? 1U : 0U);
     }
     return count;
 }

@@ -31,6 +31,10 @@ void writeRepairedText(std::string_view bytes, std::span<char> target) noexcept;
 /// with its accents or CR LF; a byte that is not UTF-8 counts as one.
 [[nodiscard]] std::size_t numberOfCharacters(std::string_view text) noexcept;
 
+/// How many units a UTF-8 text takes in UTF-16: two for a code point above U+FFFF, one for any
+/// other.
+[[nodiscard]] std::size_t numberOfUTF16Units(std::string_view text) noexcept;
+
 /// Whether a UTF-8 text is empty or consists only of space separators (Unicode category Zs) and
 /// tabs. Line breaks are not among them.
 [[nodiscard]] bool isBlank(std::string_view text) noexcept;

@@ -201,12 +201,6 @@ TEST_F(HostTest, namesAnOddPathOnOneLine) {
     EXPECT_TRUE(ended.errors.contains("a␊b␛")) << ended.errors;
 }
 
-TEST_F(HostTest, sayThatASourceIsNotAvailableYet) {
-    const Ended ended = rellinor({"import", "--source", "dashlane", lastPassExport("")});
-    EXPECT_EQ(ended.status, 1);
-    EXPECT_TRUE(ended.errors.contains("Rellinor.UnavailableSourceError")) << ended.errors;
-}
-
 // Wrong usage
 
 TEST_F(HostTest, rejectsWrongUsage) {
@@ -278,6 +272,29 @@ TEST_F(HostTest, importsTheSampleStoresOfBrowsers) {
         EXPECT_EQ(rellinor({"import", "--source", "firefox", path}).out,
                   path + ": 3 passwords, 0 notes, 0 cards\n");
     }
+}
+
+TEST_F(HostTest, importsTheSampleExportsOfLoginsAlone) {
+    const auto expectLogins = [](const std::string& source, const std::string& folder, int count) {
+        const std::string path = RELLINOR_EXAMPLES "/" + folder + "/export.csv";
+        EXPECT_EQ(rellinor({"import", "--source", source, path}).out,
+                  path + ": " + std::to_string(count) + " passwords, 0 notes, 0 cards\n");
+    };
+    expectLogins("dashlane", "Dashlane", 7);
+    expectLogins("keePass", "KeePass", 7);
+    expectLogins("keePassXC", "KeePassXC", 9);
+}
+
+TEST_F(HostTest, keepsOneImporterForBothForksOfKeePass) {
+    const std::string classic = RELLINOR_EXAMPLES "/KeePass/export.csv";
+    const std::string xc = RELLINOR_EXAMPLES "/KeePassXC/export.csv";
+    const Ended ended = rellinor({"import", "--source", "keePassXC", "--keep-importer", classic, xc,
+                                  folder() / "missing", classic});
+    EXPECT_EQ(ended.status, 1);
+    EXPECT_EQ(ended.out, classic + ": 7 passwords, 0 notes, 0 cards\n" + xc +
+                             ": 9 passwords, 0 notes, 0 cards\n" + classic +
+                             ": 7 passwords, 0 notes, 0 cards\n");
+    EXPECT_EQ(linesIn(ended.errors), 1);
 }
 
 TEST_F(HostTest, importsTheSampleExport) {

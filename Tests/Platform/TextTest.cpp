@@ -145,6 +145,35 @@ TEST(TextTest, countsCharactersAsAReaderDoes) {
     EXPECT_EQ(numberOfCharacters("\xFF\xFF"), 2);
 }
 
+TEST(TextTest, countsCharactersWhereASCIIMeetsOtherText) {
+    for (std::size_t length = 0; length < 20; ++length) {
+        const std::string ascii(length, 'a');
+        EXPECT_EQ(numberOfCharacters(ascii), length);
+        EXPECT_EQ(numberOfCharacters(ascii + "\r\n" + ascii), 2 * length + 1);
+        EXPECT_EQ(numberOfCharacters("b" + ascii + "\u0301" + ascii), 2 * length + 1);
+        EXPECT_EQ(numberOfCharacters("\u0301" + ascii + "é" + ascii), 2 * length + 2);
+        EXPECT_EQ(numberOfCharacters("\U0001F1E9b" + ascii + "\U0001F1EA"), length + 3);
+        EXPECT_EQ(numberOfCharacters("\U0001F468\u200Db" + ascii + "\u200D\U0001F469"), length + 3);
+        EXPECT_EQ(numberOfCharacters("\u0600b" + ascii), length + 1); // a mark before its letter
+    }
+    EXPECT_EQ(numberOfCharacters("é\r\né"), 3);
+    EXPECT_EQ(numberOfCharacters("\r\u0301"), 2);
+    EXPECT_EQ(numberOfCharacters("\r\n\u0301"), 2);
+    EXPECT_EQ(numberOfCharacters("a\r"), 2);
+    EXPECT_EQ(numberOfCharacters("a\n\r"), 3);
+}
+
+TEST(TextTest, countsTheUnitsOfUTF16) {
+    EXPECT_EQ(numberOfUTF16Units(""), 0);
+    EXPECT_EQ(numberOfUTF16Units("abc\r\n"), 5);
+    EXPECT_EQ(numberOfUTF16Units("\0\x7F"sv), 2);
+    EXPECT_EQ(numberOfUTF16Units("\u0080\u07FF\u0800\uD7FF\uE000\uFFFF"), 6);
+    EXPECT_EQ(numberOfUTF16Units("\U00010000"), 2);
+    EXPECT_EQ(numberOfUTF16Units("\U0010FFFF"), 2);
+    EXPECT_EQ(numberOfUTF16Units("e\u0301\U0001F511z"), 5);
+    EXPECT_EQ(numberOfUTF16Units("\U0001F468\u200D\U0001F469\u200D\U0001F467"), 8);
+}
+
 TEST(TextTest, knowsBlankTexts) {
     for (const std::string_view blank :
          {""sv, " "sv, "\t"sv, " \t \t"sv, "\u00A0"sv, "\u1680"sv, "\u2000\u200A"sv, "\u202F"sv,

@@ -95,17 +95,11 @@ TEST(RecordsImporterTest, letsThroughWhatTheCompletionThrows) {
     EXPECT_EQ(calls, 1);
 }
 
-TEST(RecordsImporterTest, doesNotPretendToImportFromASourceThatHasNoImporterYet) {
-    using enum ImportSource;
-    for (const ImportSource source : {dashlane, keePass, keePassXC}) {
-        EXPECT_EQ(outcomeOf(source, "/missing"),
-                  (Outcome{.error = NSError("Rellinor.UnavailableSourceError", 1)}));
-    }
-}
-
 TEST(ImporterSlotsTest, areEmptyAtFirst) {
     EXPECT_FALSE(ImporterSlots().chromeImporter);
     EXPECT_FALSE(ImporterSlots().lastPassImporter);
+    EXPECT_FALSE(ImporterSlots().dashlaneImporter);
+    EXPECT_FALSE(ImporterSlots().keePassImporter);
     EXPECT_FALSE(ImporterSlots().firefoxImporter);
 }
 

@@ -1,7 +1,5 @@
 #include "Private/Importers/ImporterSlots.hpp"
 
-#include <expected>
-
 #include "Platform/Fault.hpp"
 
 namespace Rellinor {
@@ -25,8 +23,8 @@ void ImporterSlots::records(const URL& url, ImportSource source,
     case lastPass:
         filled(lastPassImporter).records(url, onComplete);
         return;
-    case firefox:
-        filled(firefoxImporter).records(url, onComplete);
+    case dashlane:
+        filled(dashlaneImporter).records(url, onComplete);
         return;
     case onePassword:
         filled(onePasswordImporter).records(url, onComplete);
@@ -34,10 +32,12 @@ void ImporterSlots::records(const URL& url, ImportSource source,
     case tirel:
         filled(tirelImporter).records(url, onComplete);
         return;
-    case dashlane:
     case keePass:
     case keePassXC:
-        onComplete(std::unexpected(NSError("Rellinor.UnavailableSourceError", 1)));
+        filled(keePassImporter).records(url, onComplete);
+        return;
+    case firefox:
+        filled(firefoxImporter).records(url, onComplete);
         return;
     }
     fault();

@@ -5,7 +5,9 @@
 #include <Rellinor/RecordsImporting.hpp>
 
 #include "Private/Importers/Chrome/ChromeImporter.hpp"
+#include "Private/Importers/Dashlane/DashlaneImporter.hpp"
 #include "Private/Importers/Firefox/FirefoxImporter.hpp"
+#include "Private/Importers/KeePass/KeePassImporter.hpp"
 #include "Private/Importers/LastPass/LastPassImporter.hpp"
 #include "Private/Importers/OnePassword/OnePasswordImporter.hpp"
 #include "Private/Importers/Tirel/TirelImporter.hpp"
@@ -17,8 +19,10 @@ namespace Rellinor {
 struct ImporterSlots {
     std::optional<ChromeImporter> chromeImporter;
     std::optional<LastPassImporter> lastPassImporter;
+    std::optional<DashlaneImporter> dashlaneImporter;
     std::optional<OnePasswordImporter> onePasswordImporter;
     std::optional<TirelImporter> tirelImporter;
+    std::optional<KeePassImporter> keePassImporter; ///< for both of its forks
     std::optional<FirefoxImporter> firefoxImporter;
 
     /// Imports with the importer of `source`.

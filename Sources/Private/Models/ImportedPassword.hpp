@@ -12,9 +12,10 @@ namespace Rellinor {
 class ImportedPassword final : public ImportedPasswordInfoProviding {
 public:
     ImportedPassword(std::string_view username, std::string_view password, std::string_view url,
-                     std::optional<std::string_view> service, std::optional<std::int64_t> color,
-                     std::optional<std::string_view> note,
-                     std::optional<std::int64_t> pwdChange) noexcept
+                     std::optional<std::string_view> service = std::nullopt,
+                     std::optional<std::int64_t> color = std::nullopt,
+                     std::optional<std::string_view> note = std::nullopt,
+                     std::optional<std::int64_t> pwdChange = std::nullopt) noexcept
         : _username(username), _password(password), _url(url), _service(packed(service)),
           _note(packed(note)), _color(color.value_or(0)), _pwdChange(pwdChange.value_or(0)),
           _hasColor(color.has_value()), _hasPwdChange(pwdChange.has_value()) {}

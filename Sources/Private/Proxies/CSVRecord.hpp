@@ -2,21 +2,14 @@
 
 #include <algorithm>
 #include <array>
-#include <concepts>
 #include <cstddef>
 #include <optional>
 #include <span>
 #include <string_view>
-#include <type_traits>
-#include <utility>
+
+#include "Private/Proxies/RecordKey.hpp"
 
 namespace Rellinor {
-
-/// An enumeration that names the columns of an export.
-template <typename Key>
-concept CSVRecordKey = std::is_enum_v<Key> && requires(Key key) {
-    { rawValue(key) } -> std::same_as<std::string_view>;
-};
 
 /// A column that an importer looks for.
 struct CSVHeader {
@@ -25,13 +18,12 @@ struct CSVHeader {
 };
 
 /// The headers of the columns that `keys` name, in their order.
-template <CSVRecordKey Key, std::size_t count>
+template <RecordKey Key, std::size_t count>
 [[nodiscard]] constexpr std::array<CSVHeader, count>
 csvHeaders(const std::array<Key, count>& keys) noexcept {
     std::array<CSVHeader, count> headers{};
-    std::ranges::transform(keys, headers.begin(), [](Key key) {
-        return CSVHeader{rawValue(key), static_cast<std::size_t>(std::to_underlying(key))};
-    });
+    std::ranges::transform(keys, headers.begin(),
+                           [](Key key) { return CSVHeader{rawValue(key), indexOf(key)}; });
     return headers;
 }
 
@@ -42,9 +34,8 @@ public:
     explicit CSVRecord(std::span<const std::string_view> cells) noexcept : _cells(cells) {}
 
     /// The cell of a column; absent if the record has no such column.
-    template <CSVRecordKey Key>
-    [[nodiscard]] std::optional<std::string_view> operator[](Key key) const noexcept {
-        const auto index = static_cast<std::size_t>(std::to_underlying(key));
+    [[nodiscard]] std::optional<std::string_view> operator[](RecordKey auto key) const noexcept {
+        const std::size_t index = indexOf(key);
         if (index >= _cells.size() || _cells[index].data() == nullptr) {
             return std::nullopt;
         }

@@ -12,7 +12,7 @@ namespace Rellinor {
 
 namespace {
 
-constexpr std::string_view unexpectedFields = "Record did not contain expected fields";
+constexpr std::string_view missingFields = "Record did not contain expected fields";
 
 std::optional<SQLiteValue> valueOf(const SQLiteRow& record, ChromeRecordKey key) noexcept {
     return record[rawValue(key)];
@@ -45,23 +45,21 @@ SQLiteRows ChromeImporter::read(const URL& url, ImportMemory& memory) {
 Built<ImportedPassword> ChromeImporter::buildPassword(const RawRecord& record) {
     const auto username = valueOf(record, ChromeRecordKey::username).and_then(&SQLiteValue::text);
     if (!username) {
-        return std::unexpected(unexpectedFields);
+        return std::unexpected(missingFields);
     }
     const auto url = valueOf(record, ChromeRecordKey::url).and_then(&SQLiteValue::text);
     if (!url) {
-        return std::unexpected(unexpectedFields);
+        return std::unexpected(missingFields);
     }
     // Quirk: a login whose password is a text is dropped.
     const auto password = valueOf(record, ChromeRecordKey::password).and_then(&SQLiteValue::blob);
     if (!password) {
-        return std::unexpected(unexpectedFields);
+        return std::unexpected(missingFields);
     }
     return ImportedPassword{
-        *username,    base64In(record.memory(), *password), *url,
-        std::nullopt, // service
-        std::nullopt, // color
-        std::nullopt, // note
-        std::nullopt, // pwdChange
+        *username,
+        base64In(record.memory(), *password),
+        *url,
     };
 }
 

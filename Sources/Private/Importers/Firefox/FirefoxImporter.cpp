@@ -92,11 +92,9 @@ Built<ImportedPassword> FirefoxImporter::buildPassword(const RawRecord& record) 
     const auto hostname = record[FirefoxRecordKey::hostname];
     require(hostname.has_value());
     return ImportedPassword{
-        *username,    *password, *hostname,
-        std::nullopt, // service
-        std::nullopt, // color
-        std::nullopt, // note
-        std::nullopt, // pwdChange
+        *username,
+        *password,
+        *hostname,
     };
 }
 

@@ -1,13 +1,12 @@
 #pragma once
 
 #include <array>
-#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string_view>
-#include <utility>
 
 #include "Platform/Fault.hpp"
+#include "Private/Proxies/RecordKey.hpp"
 
 namespace Rellinor {
 
@@ -43,10 +42,6 @@ public:
     }
 
 private:
-    static constexpr std::size_t indexOf(FirefoxRecordKey key) noexcept {
-        return static_cast<std::size_t>(std::to_underlying(key));
-    }
-
     std::array<std::optional<std::string_view>, 3> _texts;
 };
 

@@ -51,9 +51,6 @@ Built<ImportedPassword> LastPassImporter::buildPassword(const RawRecord& record)
         record[LastPassRecordKey::password].value_or(""),
         record[LastPassRecordKey::url].value_or(""),
         record[LastPassRecordKey::name], // service
-        std::nullopt,                    // color
-        std::nullopt,                    // note
-        std::nullopt,                    // pwdChange
     };
 }
 

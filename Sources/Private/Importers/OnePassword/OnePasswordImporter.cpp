@@ -16,7 +16,7 @@ namespace {
 using Key = OnePasswordRecordKey;
 
 constexpr std::string_view keyOfRecords = "records";
-constexpr std::string_view fieldsMissing = "Record did not contain expected fields";
+constexpr std::string_view missingFields = "Record did not contain expected fields";
 
 /// The members that are kept: those of the records, in their order, and the list of them.
 constexpr auto keptMembers = [] {
@@ -87,14 +87,11 @@ Built<ImportedPassword> OnePasswordImporter::buildPassword(const RawRecord& reco
     const auto username = valueOf(fields, Key::username);
     const auto password = valueOf(fields, Key::password);
     if (!username || !password) {
-        return std::unexpected(fieldsMissing);
+        return std::unexpected(missingFields);
     }
     return ImportedPassword{
-        *username,    *password, url.value_or(""),
-        title,        // service
-        std::nullopt, // color
-        std::nullopt, // note
-        std::nullopt, // pwdChange
+        *username, *password, url.value_or(""),
+        title, // service
     };
 }
 
@@ -103,7 +100,7 @@ Built<ImportedNote> OnePasswordImporter::buildNote(const RawRecord& record) noex
     const auto secureContents = secureContentsOf(record);
     const auto content = secureContents ? textOf(*secureContents, Key::note) : std::nullopt;
     if (!title || !content) {
-        return std::unexpected(fieldsMissing);
+        return std::unexpected(missingFields);
     }
     return ImportedNote{
         std::nullopt, // color

@@ -13,7 +13,7 @@ namespace {
 
 using Key = TirelRecordKey;
 
-constexpr std::string_view fieldsMissing = "Record did not contain required fields";
+constexpr std::string_view missingFields = "Record did not contain required fields";
 
 std::optional<std::string_view> textOf(const TirelRecord& record, Key key) noexcept {
     return record[key].and_then(&JSONValue::text);
@@ -51,7 +51,7 @@ Built<ImportedPassword> TirelImporter::buildPassword(const RawRecord& record) no
     const auto password = textOf(record, Key::password);
     const auto username = textOf(record, Key::username);
     if (!url || !password || !username) {
-        return std::unexpected(fieldsMissing);
+        return std::unexpected(missingFields);
     }
     return ImportedPassword{
         *username,
@@ -68,7 +68,7 @@ Built<ImportedNote> TirelImporter::buildNote(const RawRecord& record) noexcept {
     const auto title = textOf(record, Key::label);
     const auto content = textOf(record, Key::text);
     if (!title || !content) {
-        return std::unexpected(fieldsMissing);
+        return std::unexpected(missingFields);
     }
     return ImportedNote{
         integerOf(record, Key::color),
@@ -89,7 +89,7 @@ Built<ImportedCard> TirelImporter::buildCard(const RawRecord& record) noexcept {
     const auto year = integerOf(record, Key::expirationYear);
     if (!cardNumber || !holderName || !custName || !cvv || !pin || !note || !day || !month ||
         !year) {
-        return std::unexpected(fieldsMissing);
+        return std::unexpected(missingFields);
     }
     return ImportedCard{
         *cardNumber, *custName, *holderName, *cvv, *pin, *note, *day, *month, *year,

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <span>
+
+#include "Platform/Fault.hpp"
+#include "Private/Importers/KeePass/KeePassRecord.hpp"
+#include "Private/Proxies/CSVRecord.hpp"
+
+namespace Rellinor {
+
+/// The variants of KeePass, each with an export of its own.
+enum class KeePassFork : std::uint8_t {
+    keepass, ///< the classic layout
+    keepassXC,
+};
+
+inline constexpr std::array allKeepassKeys = csvHeaders(std::array{
+    KeePassRecordKey::account,
+    KeePassRecordKey::login,
+    KeePassRecordKey::password,
+    KeePassRecordKey::site,
+    KeePassRecordKey::comments,
+});
+
+inline constexpr std::array allKeepassXCKeys = csvHeaders(std::array{
+    KeePassRecordKey::group,
+    KeePassRecordKey::title,
+    KeePassRecordKey::username,
+    KeePassRecordKey::password,
+    KeePassRecordKey::url,
+    KeePassRecordKey::notes,
+});
+
+/// All columns of a fork's export, in their order.
+[[nodiscard]] constexpr std::span<const CSVHeader> allKeys(KeePassFork fork) noexcept {
+    switch (fork) {
+    case KeePassFork::keepass:
+        return allKeepassKeys;
+    case KeePassFork::keepassXC:
+        return allKeepassXCKeys;
+    }
+    fault();
+}
+
+inline constexpr std::array requiredKeepassKeys = csvHeaders(std::array{
+    KeePassRecordKey::site,
+    KeePassRecordKey::login,
+    KeePassRecordKey::password,
+});
+
+inline constexpr std::array requiredKeepassXCKeys = csvHeaders(std::array{
+    KeePassRecordKey::url,
+    KeePassRecordKey::username,
+    KeePassRecordKey::password,
+});
+
+/// The columns of a fork's export without which there is no login.
+[[nodiscard]] constexpr std::span<const CSVHeader> requiredKeys(KeePassFork fork) noexcept {
+    switch (fork) {
+    case KeePassFork::keepass:
+        return requiredKeepassKeys;
+    case KeePassFork::keepassXC:
+        return requiredKeepassXCKeys;
+    }
+    fault();
+}
+
+} // namespace Rellinor

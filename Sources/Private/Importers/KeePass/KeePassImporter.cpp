@@ -1,0 +1,110 @@
+#include "Private/Importers/KeePass/KeePassImporter.hpp"
+
+#include <cstddef>
+#include <span>
+#include <string_view>
+
+#include "Platform/Fault.hpp"
+#include "Private/Extensions/String.hpp"
+#include "Private/Proxies/CSVFileProxy.hpp"
+
+namespace Rellinor {
+
+namespace {
+
+constexpr std::string_view missingFields = "Record did not contain required fields";
+
+// Quirk: a five-column export of KeePassXC is taken for the classic fork.
+std::optional<KeePassFork> forkWithColumns(std::size_t numberOfFields) noexcept {
+    for (const KeePassFork fork : {KeePassFork::keepass, KeePassFork::keepassXC}) {
+        if (numberOfFields == allKeys(fork).size()) {
+            return fork;
+        }
+    }
+    return std::nullopt;
+}
+
+/// Absent if the reader does not find the headers.
+std::optional<CSVKeyedRecords> keyedRecords(CSVFileProxyType& file,
+                                            std::span<const CSVHeader> expectedHeaders) {
+    try {
+        return file.keyedRecords(expectedHeaders);
+    } catch (const TextError&) {
+        return std::nullopt;
+    }
+}
+
+} // namespace
+
+CSVKeyedRecords KeePassImporter::read(const URL& url, ImportMemory& memory) {
+    CSVFileProxy file(url, memory);
+    return read(file);
+}
+
+CSVKeyedRecords KeePassImporter::read(CSVFileProxyType& file) {
+    const auto numberOfFields = file.numberOfFields();
+    if (!numberOfFields) {
+        throw TextError("The provided CSV file does not have any fields");
+    }
+    const auto recognised = forkWithColumns(*numberOfFields);
+    if (!recognised) {
+        throw TextError("Unrecognized KeePass fork: the provided CSV file doesnt have the expected "
+                        "number of fields for any supported fork");
+    }
+    // Quirk: the fork is remembered even if its headers are not found.
+    _fork = recognised;
+    if (auto records = keyedRecords(file, allKeys(*recognised))) {
+        return *std::move(records);
+    }
+    if (auto records = keyedRecords(file, requiredKeys(*recognised))) {
+        return *std::move(records);
+    }
+    throw TextError("The provided CSV field doesn't have the expected fields");
+}
+
+bool KeePassImporter::isPassword(const RawRecord& /*record*/) const noexcept {
+    return _fork.has_value();
+}
+
+Built<ImportedPassword> KeePassImporter::buildPassword(const RawRecord& record) const noexcept {
+    require(_fork.has_value());
+    switch (*_fork) {
+    case KeePassFork::keepass:
+        return buildPasswordForKeepassOriginal(record);
+    case KeePassFork::keepassXC:
+        return buildPasswordForKeepassXC(record);
+    }
+    fault();
+}
+
+Built<ImportedPassword>
+KeePassImporter::buildPasswordForKeepassOriginal(const RawRecord& record) noexcept {
+    const auto site = record[KeePassRecordKey::site];
+    const auto login = record[KeePassRecordKey::login];
+    const auto password = record[KeePassRecordKey::password];
+    if (!site || !login || !password) {
+        return std::unexpected(missingFields);
+    }
+    // Quirk: the comments are left out.
+    return ImportedPassword{
+        *login, *password, *site,
+        record[KeePassRecordKey::account], // service
+    };
+}
+
+Built<ImportedPassword>
+KeePassImporter::buildPasswordForKeepassXC(const RawRecord& record) noexcept {
+    const auto url = record[KeePassRecordKey::url];
+    const auto username = record[KeePassRecordKey::username];
+    const auto password = record[KeePassRecordKey::password];
+    if (!url || !username || !password) {
+        return std::unexpected(missingFields);
+    }
+    // Quirk: the group and the notes are left out.
+    return ImportedPassword{
+        *username, *password, *url,
+        record[KeePassRecordKey::title], // service
+    };
+}
+
+} // namespace Rellinor

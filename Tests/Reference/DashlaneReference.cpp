@@ -1,0 +1,89 @@
+#include "Tests/Reference/DashlaneReference.hpp"
+
+#include "Platform/Text.hpp"
+#include "Tests/Reference/CSVReference.hpp"
+
+namespace Rellinor::Tests {
+
+namespace {
+
+constexpr std::u16string_view digits = u"0123456789abcdefABCDEF";
+
+/// The identifier, with an X for each of its hexadecimal digits.
+constexpr std::u16string_view form = u"{XXXXXXXX-XXXX-XXXX-XXXX-XXXXXXXXXXXX}";
+
+bool isIdentifier(std::u16string_view text) {
+    if (text.size() != form.size()) {
+        return false;
+    }
+    for (std::size_t index = 0; index < form.size(); ++index) {
+        const bool fits =
+            form[index] == u'X' ? digits.contains(text[index]) : text[index] == form[index];
+        if (!fits) {
+            return false;
+        }
+    }
+    return true;
+}
+
+} // namespace
+
+std::u16string inUTF16(std::string_view text) {
+    std::u16string units;
+    for (std::size_t index = 0; index < text.size();) {
+        const auto byte = [&](std::size_t offset) {
+            return static_cast<std::uint32_t>(static_cast<unsigned char>(text[index + offset]));
+        };
+        if (byte(0) < 0x80) {
+            units += static_cast<char16_t>(byte(0));
+            index += 1;
+        } else if (byte(0) < 0xE0) {
+            units += static_cast<char16_t>((byte(0) - 0xC0) * 64 + (byte(1) - 0x80));
+            index += 2;
+        } else if (byte(0) < 0xF0) {
+            units += static_cast<char16_t>((byte(0) - 0xE0) * 4096 + (byte(1) - 0x80) * 64 +
+                                           (byte(2) - 0x80));
+            index += 3;
+        } else {
+            const std::uint32_t codePoint = (byte(0) - 0xF0) * 262144 + (byte(1) - 0x80) * 4096 +
+                                            (byte(2) - 0x80) * 64 + (byte(3) - 0x80);
+            units += static_cast<char16_t>(0xD800 + (codePoint - 0x10000) / 1024);
+            units += static_cast<char16_t>(0xDC00 + (codePoint - 0x10000) % 1024);
+            index += 4;
+        }
+    }
+    return units;
+}
+
+std::size_t identifiersIn(const std::u16string& text, std::size_t window) {
+    const std::u16string searched = text.substr(0, window);
+    std::size_t count = 0;
+    for (std::size_t index = 0; index < searched.size();) {
+        const bool found = isIdentifier(std::u16string_view(searched).substr(index, form.size()));
+        count += found ? 1 : 0;
+        index += found ? form.size() : 1;
+    }
+    return count;
+}
+
+Outcome referenceDashlaneImport(std::string_view text) {
+    Outcome outcome;
+    for (const Row& row : referenceRows(text)) {
+        if (row.size() <= 4) {
+            continue;
+        }
+        std::string joined;
+        for (const std::string& cell : row) {
+            joined += cell;
+        }
+        if (identifiersIn(inUTF16(joined), numberOfCharacters(joined)) == 0) {
+            outcome.passwords.push_back({.username = row[2],
+                                         .password = row[row.size() - 2],
+                                         .url = row[1],
+                                         .service = row[0]});
+        }
+    }
+    return outcome;
+}
+
+} // namespace Rellinor::Tests
