@@ -6,6 +6,7 @@
 #include <string>
 
 #include <signal.h> // NOLINT(modernize-deprecated-headers): SIGXFSZ is POSIX
+#include <unistd.h>
 
 #include <CLI/CLI.hpp>
 
@@ -48,12 +49,14 @@ void addImport(CLI::App& app, ImportOptions& options, Words& words, Output& outp
     command
         ->add_option("--format", words.format,
                      "summary: counts for each path; table: aligned, for people; "
-                     "json: one line for each path")
+                     "json: one line for each path; "
+                     "tirel: one Tirel export of all paths, never masked")
         ->type_name("FORMAT")
         ->capture_default_str()
-        ->check(knownTo(formatNamed, "the formats are summary, table and json"));
+        ->check(knownTo(formatNamed, "the formats are summary, table, json and tirel"));
     command->add_flag("--reveal", options.reveal,
-                      "Show passwords, card numbers, CVV and PIN instead of masking them");
+                      "Show passwords, card numbers, CVV and PIN instead of masking them, and "
+                      "allow a Tirel export on a terminal");
     CLI::Option* const file =
         command
             ->add_option("--output", output.file,
@@ -65,12 +68,22 @@ void addImport(CLI::App& app, ImportOptions& options, Words& words, Output& outp
     command->add_option("PATH", options.paths, "The files to import")->required()->type_name("");
 }
 
+/// Whether an export would show its secrets to whoever looks at the screen.
+bool exposesSecrets(const ImportOptions& options) {
+    return options.format == Format::tirel && !options.reveal && ::isatty(STDOUT_FILENO) == 1;
+}
+
 int runImport(const ImportOptions& options, const Output& output) {
     if (output.file) {
         OutputFile file(*output.file, output.force ? Existing::replaced : Existing::kept);
         const int status = import(options, file.stream(), std::cerr);
         file.commit();
         return status;
+    }
+    if (exposesSecrets(options)) {
+        std::cerr << "rellinor: a Tirel export holds unmasked secrets: write it with --output "
+                     "FILE, or show it with --reveal\n";
+        return ExitStatus::wrongUsage;
     }
     return import(options, std::cout, std::cerr);
 }
