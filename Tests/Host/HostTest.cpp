@@ -269,12 +269,23 @@ TEST_F(HostTest, importsTheSampleStoresOfBrowsers) {
     }
 }
 
-TEST_F(HostTest, importsTheSampleExport) {
-    const Ended ended =
-        rellinor({"import", "--source", "lastPass", RELLINOR_EXAMPLES "/LastPass/export.csv"});
-    EXPECT_EQ(ended.status, 0);
-    EXPECT_EQ(ended.out,
-              RELLINOR_EXAMPLES "/LastPass/export.csv: 12 passwords, 4 notes, 0 cards\n");
+TEST_F(HostTest, importsTheSampleExports) {
+    struct Sample {
+        std::string source;
+        std::string path;
+        std::string counts;
+    };
+
+    for (const Sample& sample : {
+             Sample{"lastPass", "/LastPass/export.csv", "12 passwords, 4 notes, 0 cards"},
+             Sample{"onePassword", "/OnePassword/export.1pif", "5 passwords, 3 notes, 0 cards"},
+             Sample{"tirel", "/Tirel/export.json", "6 passwords, 3 notes, 2 cards"},
+         }) {
+        const std::string path = RELLINOR_EXAMPLES + sample.path;
+        const Ended ended = rellinor({"import", "--source", sample.source, path});
+        EXPECT_EQ(ended.status, 0) << path;
+        EXPECT_EQ(ended.out, path + ": " + sample.counts + "\n");
+    }
 }
 
 } // namespace

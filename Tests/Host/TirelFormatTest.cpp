@@ -157,6 +157,13 @@ TEST_F(TirelFormatTest, equalsTheTirelExportThatWasImported) {
     EXPECT_EQ(boost::json::parse(ended.out), boost::json::parse(document));
 }
 
+TEST_F(TirelFormatTest, equalsTheSampleExport) {
+    const std::string sample = RELLINOR_EXAMPLES "/Tirel/export.json";
+    const Ended ended = exported("tirel", {sample});
+    EXPECT_EQ(ended.status, 0);
+    EXPECT_EQ(boost::json::parse(ended.out), boost::json::parse(contentsOf(sample)));
+}
+
 TEST_F(TirelFormatTest, carriesALastPassExport) {
     const std::string path = folder().file(
         "export.csv", lastPassRows("https://a.example/?x=1,ümlaut,\"a,b\",lost,\"Büro, Köln\",,0\n"
