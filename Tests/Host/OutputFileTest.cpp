@@ -2,9 +2,7 @@
 
 #include <cstddef>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <optional>
+#include <ios>
 #include <string>
 #include <vector>
 
@@ -133,6 +131,15 @@ TEST_F(OutputFileTest, isForItsOwnerAloneFromTheBeginning) {
     EXPECT_EQ(modeOf(entries().front()), 0600U);
 }
 
+TEST_F(OutputFileTest, isNotWholeIfItsStreamFailed) {
+    {
+        OutputFile file(path(), Existing::kept);
+        file.stream().setstate(std::ios::badbit);
+        EXPECT_NE(failureOf([&] { file.commit(); }), "");
+    }
+    EXPECT_TRUE(entries().empty());
+}
+
 TEST_F(OutputFileTest, hasItsNameOnlyWhenItIsWhole) {
     OutputFile file(path(), Existing::kept);
     file.stream() << std::string(mebibyte, 'a');
@@ -182,7 +189,7 @@ TEST_F(OutputFileTest, mayHaveTheLongestName) {
     EXPECT_TRUE(std::filesystem::exists(folder() / name));
 }
 
-// What exists
+// What exists. A pipe stands for every device: a test that fails must not cost root a real one.
 
 TEST_F(OutputFileTest, keepsWhateverExists) {
     expectKept(folder().file("file", "old"));
@@ -200,8 +207,6 @@ TEST_F(OutputFileTest, keepsWhateverExists) {
 
     ASSERT_EQ(::mkfifo((folder() / "pipe").c_str(), 0600), 0);
     expectKept(folder() / "pipe");
-
-    expectKept("/dev/null");
 }
 
 TEST_F(OutputFileTest, keepsWhateverCameMeanwhile) {
@@ -271,8 +276,6 @@ TEST_F(OutputFileTest, replacesNothingButFilesAndLinks) {
 
     ASSERT_EQ(::mkfifo((folder() / "pipe").c_str(), 0600), 0);
     expectNotReplaced(folder() / "pipe");
-
-    expectNotReplaced("/dev/null");
 }
 
 TEST_F(OutputFileTest, doesNotReplaceAFolderThatCameMeanwhile) {
