@@ -46,11 +46,11 @@ void OutputFile::fail(int error) const {
 int OutputFile::open() {
     struct stat status{};
     if (::lstat(_path.c_str(), &status) == 0) {
+        if (!S_ISREG(status.st_mode) && !S_ISLNK(status.st_mode)) {
+            fail("exists already and is not a file");
+        }
         if (_existing == Existing::kept) {
             fail(EEXIST);
-        }
-        if (!S_ISREG(status.st_mode) && !S_ISLNK(status.st_mode)) {
-            fail("cannot be replaced: it is not a file");
         }
     } else if (errno != ENOENT || _path.empty()) {
         fail(errno);
