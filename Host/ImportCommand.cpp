@@ -12,6 +12,7 @@
 #include "Host/Source.hpp"
 #include "Host/SummaryFormat.hpp"
 #include "Host/TableFormat.hpp"
+#include "Host/TirelFormat.hpp"
 
 namespace Rellinor::Host {
 
@@ -26,6 +27,8 @@ std::unique_ptr<RecordsFormat> makeFormat(const ImportOptions& options) {
         return std::make_unique<TableFormat>(secrets);
     case Format::json:
         return std::make_unique<JSONFormat>(secrets);
+    case Format::tirel:
+        return std::make_unique<TirelFormat>();
     }
     return nullptr;
 }
@@ -41,6 +44,9 @@ std::optional<Format> formatNamed(std::string_view name) {
     }
     if (name == "json") {
         return Format::json;
+    }
+    if (name == "tirel") {
+        return Format::tirel;
     }
     return std::nullopt;
 }
@@ -66,6 +72,7 @@ int import(const ImportOptions& options, std::ostream& out, std::ostream& errors
         };
         importer->records(URL::fileURLWithPath(path), options.source, show);
     }
+    format->finish(out);
     return status;
 }
 

@@ -16,6 +16,7 @@ enum class Format : std::uint8_t {
     summary,
     table,
     json,
+    tirel, ///< data for another program rather than a view: secrets are never masked
 };
 
 /// The format of that name; absent if there is none.

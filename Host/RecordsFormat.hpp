@@ -33,6 +33,9 @@ public:
     /// Shows that nothing was imported, where the format has a place for that.
     virtual void writeFailure(const NSError& /*error*/, std::ostream& /*out*/) {}
 
+    /// Shows what comes after the last path, where the format has something to say there.
+    virtual void finish(std::ostream& /*out*/) {}
+
 protected:
     RecordsFormat() = default;
 };

@@ -1,6 +1,5 @@
 // The command-line host, run as a process.
 
-#include <algorithm>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -8,27 +7,17 @@
 
 #include <gtest/gtest.h>
 
-#include "Tests/Support/Process.hpp"
+#include "Tests/Host/Tool.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 
 namespace Rellinor::Tests {
 
 namespace {
 
-constexpr std::string_view header = "url,username,password,extra,name,grouping,fav\n";
-
-Ended rellinor(std::vector<std::string> arguments) {
-    return run(RELLINOR_TOOL, std::move(arguments));
-}
-
-std::ptrdiff_t linesIn(std::string_view text) {
-    return std::ranges::count(text, '\n');
-}
-
 class HostTest : public testing::Test {
 protected:
     std::string lastPassExport(std::string_view rows, std::string_view name = "export.csv") const {
-        return _folder.file(name, std::string(header) + std::string(rows));
+        return _folder.file(name, lastPassRows(rows));
     }
 
     [[nodiscard]] const TemporaryFolder& folder() const { return _folder; }
@@ -230,7 +219,7 @@ TEST_F(HostTest, saysSoIfTheOutputCannotBeWritten) {
         GTEST_SKIP() << "there is no full device here";
     }
     const Ended ended =
-        run(RELLINOR_TOOL, {"import", "--source", "lastPass", lastPassExport("")}, "/dev/full");
+        rellinor({"import", "--source", "lastPass", lastPassExport("")}, "/dev/full");
     EXPECT_EQ(ended.status, 2);
     EXPECT_EQ(ended.errors, "rellinor: the output could not be written\n");
 }
@@ -297,12 +286,23 @@ TEST_F(HostTest, keepsOneImporterForBothForksOfKeePass) {
     EXPECT_EQ(linesIn(ended.errors), 1);
 }
 
-TEST_F(HostTest, importsTheSampleExport) {
-    const Ended ended =
-        rellinor({"import", "--source", "lastPass", RELLINOR_EXAMPLES "/LastPass/export.csv"});
-    EXPECT_EQ(ended.status, 0);
-    EXPECT_EQ(ended.out,
-              RELLINOR_EXAMPLES "/LastPass/export.csv: 12 passwords, 4 notes, 0 cards\n");
+TEST_F(HostTest, importsTheSampleExports) {
+    struct Sample {
+        std::string source;
+        std::string path;
+        std::string counts;
+    };
+
+    for (const Sample& sample : {
+             Sample{"lastPass", "/LastPass/export.csv", "12 passwords, 4 notes, 0 cards"},
+             Sample{"onePassword", "/OnePassword/export.1pif", "5 passwords, 3 notes, 0 cards"},
+             Sample{"tirel", "/Tirel/export.json", "6 passwords, 3 notes, 2 cards"},
+         }) {
+        const std::string path = RELLINOR_EXAMPLES + sample.path;
+        const Ended ended = rellinor({"import", "--source", sample.source, path});
+        EXPECT_EQ(ended.status, 0) << path;
+        EXPECT_EQ(ended.out, path + ": " + sample.counts + "\n");
+    }
 }
 
 } // namespace

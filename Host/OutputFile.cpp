@@ -1,0 +1,67 @@
+#include "Host/OutputFile.hpp"
+
+#include <cerrno>
+#include <cstdio>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+#include <fcntl.h>
+#include <stdlib.h> // NOLINT(modernize-deprecated-headers): mkostemp is not of the standard library
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace Rellinor::Host {
+
+OutputFile::OutputFile(std::string path, Existing existing)
+    : _path(std::move(path)), _existing(existing), _buffer(open()), _stream(&_buffer) {}
+
+OutputFile::~OutputFile() {
+    ::unlink(_temporary.c_str()); // after a renaming there is none
+}
+
+void OutputFile::commit() {
+    if (const int error = _buffer.finish(); error != 0 || !_stream) {
+        fail(error != 0 ? error : EIO);
+    }
+    // A new link fails where there is a file by now; a renaming would replace it.
+    const int failed = _existing == Existing::kept ? ::link(_temporary.c_str(), _path.c_str())
+                                                   : ::rename(_temporary.c_str(), _path.c_str());
+    if (failed != 0) {
+        fail(errno);
+    }
+}
+
+void OutputFile::fail(const std::string& reason) const {
+    throw OutputError(_path + ": " + reason);
+}
+
+void OutputFile::fail(int error) const {
+    if (error == EEXIST) {
+        fail("exists already; --force replaces it");
+    }
+    fail("cannot be written: " + std::generic_category().message(error));
+}
+
+int OutputFile::open() {
+    struct stat status{};
+    if (::lstat(_path.c_str(), &status) == 0) {
+        if (!S_ISREG(status.st_mode) && !S_ISLNK(status.st_mode)) {
+            fail("exists already and is not a file");
+        }
+        if (_existing == Existing::kept) {
+            fail(EEXIST);
+        }
+    } else if (errno != ENOENT || _path.empty()) {
+        fail(errno);
+    }
+    // In the same folder, since nothing can be renamed from one file system to another.
+    _temporary = std::filesystem::path(_path).replace_filename(".rellinor-XXXXXX").string();
+    const int descriptor = ::mkostemp(_temporary.data(), O_CLOEXEC); // with mode 0600
+    if (descriptor < 0) {
+        fail(errno);
+    }
+    return descriptor;
+}
+
+} // namespace Rellinor::Host

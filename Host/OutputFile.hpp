@@ -1,0 +1,64 @@
+#pragma once
+
+#include <cstdint>
+#include <ostream>
+#include <stdexcept>
+#include <string>
+
+#include "Host/DescriptorBuffer.hpp"
+
+namespace Rellinor::Host {
+
+/// An output file cannot be written; the text names it and says why, in one line.
+class OutputError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// What becomes of a file that bears the name already.
+enum class Existing : std::uint8_t {
+    kept,
+    replaced,
+};
+
+/// A file that is there whole or not at all, readable and writable for its owner alone.
+///
+/// It is written beside its place under another name, and takes its own when it is complete. A link
+/// counts as a file of its own: it is kept or replaced, never followed.
+class OutputFile {
+public:
+    /// @throws OutputError  there is such a file that is to be kept, or that is neither a file nor
+    /// a
+    ///                      link; or the folder cannot be written to
+    OutputFile(std::string path, Existing existing);
+
+    /// Leaves nothing behind unless it was committed.
+    ~OutputFile();
+
+    OutputFile(const OutputFile&) = delete;
+    OutputFile& operator=(const OutputFile&) = delete;
+
+    /// Where to write the contents.
+    [[nodiscard]] std::ostream& stream() noexcept { return _stream; }
+
+    /// Puts the file in its place, as the last call. No file that came there meanwhile is lost if
+    /// existing ones are to be kept; this takes a file system that has hard links.
+    ///
+    /// @throws OutputError  something could not be written, or such a file came meanwhile
+    void commit();
+
+private:
+    [[noreturn]] void fail(const std::string& reason) const;
+    [[noreturn]] void fail(int error) const;
+
+    /// Opens the file beside its place.
+    [[nodiscard]] int open();
+
+    std::string _path;
+    Existing _existing;
+    std::string _temporary;
+    DescriptorBuffer _buffer;
+    std::ostream _stream;
+};
+
+} // namespace Rellinor::Host

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <Rellinor/Models/TirelExportData.hpp>
+
+#include "Host/RecordsFormat.hpp"
+
+namespace Rellinor::Host {
+
+/// One Tirel export with the records of all paths, in order, on one line. Secrets are as they are:
+/// a masked export would lose them without a word.
+class TirelFormat final : public RecordsFormat {
+public:
+    void write(std::string_view path, const ImportedRecords& records, std::ostream& out) override;
+    void finish(std::ostream& out) override;
+
+private:
+    TirelExportData _data;
+};
+
+} // namespace Rellinor::Host

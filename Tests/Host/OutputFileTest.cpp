@@ -1,0 +1,361 @@
+#include "Host/OutputFile.hpp"
+
+#include <cstddef>
+#include <filesystem>
+#include <ios>
+#include <string>
+#include <vector>
+
+#include <signal.h> // NOLINT(modernize-deprecated-headers): SIGXFSZ is POSIX
+#include <sys/stat.h>
+
+#include <gtest/gtest.h>
+
+#include "Tests/Support/Descriptors.hpp"
+#include "Tests/Support/Limits.hpp"
+#include "Tests/Support/TemporaryFolder.hpp"
+
+namespace Rellinor::Host {
+
+namespace {
+
+using Tests::contentsOf;
+using Tests::FileSizeLimit;
+using Tests::Umask;
+
+constexpr std::size_t mebibyte = std::size_t{1} << 20U;
+
+/// The message of the failure of `work`; empty if it does not fail.
+std::string failureOf(const auto& work) {
+    try {
+        work();
+    } catch (const OutputError& error) {
+        return error.what();
+    }
+    return "";
+}
+
+/// The rights of a file, nine bits of them and those of special programs.
+mode_t modeOf(const std::filesystem::path& file) {
+    struct stat status{};
+    return ::lstat(file.c_str(), &status) == 0 ? status.st_mode & 07777U : 0;
+}
+
+class OutputFileTest : public testing::Test {
+protected:
+    [[nodiscard]] const Tests::TemporaryFolder& folder() const { return _folder; }
+
+    [[nodiscard]] std::string path() const { return _folder / "out"; }
+
+    /// What the folder holds.
+    [[nodiscard]] std::vector<std::filesystem::path> entries() const {
+        std::vector<std::filesystem::path> entries;
+        for (const auto& entry : std::filesystem::directory_iterator(_folder.path())) {
+            entries.push_back(entry.path());
+        }
+        return entries;
+    }
+
+    void write(const std::string& text, Existing existing = Existing::kept) const {
+        OutputFile file(path(), existing);
+        file.stream() << text;
+        file.commit();
+    }
+
+    /// Nothing can be opened in the place of `path`.
+    static std::string refusalOf(const std::string& path, Existing existing) {
+        return failureOf([&] { const OutputFile file(path, existing); });
+    }
+
+    /// The file or link at `path` is kept.
+    void expectKept(const std::string& path) const {
+        const std::size_t count = entries().size();
+        EXPECT_EQ(refusalOf(path, Existing::kept), path + ": exists already; --force replaces it");
+        EXPECT_EQ(entries().size(), count);
+    }
+
+    /// What is at `path` is kept in any case.
+    void expectNotReplaced(const std::string& path) const {
+        const std::size_t count = entries().size();
+        for (const Existing existing : {Existing::kept, Existing::replaced}) {
+            EXPECT_EQ(refusalOf(path, existing), path + ": exists already and is not a file");
+        }
+        EXPECT_EQ(entries().size(), count);
+    }
+
+private:
+    Tests::TemporaryFolder _folder;
+};
+
+// Writing
+
+TEST_F(OutputFileTest, holdsWhatWasWritten) {
+    write("one\ntwo\n");
+    EXPECT_EQ(contentsOf(path()), "one\ntwo\n");
+    EXPECT_EQ(entries().size(), 1);
+}
+
+TEST_F(OutputFileTest, mayBeEmpty) {
+    write("");
+    EXPECT_EQ(contentsOf(path()), "");
+}
+
+TEST_F(OutputFileTest, holdsALongTextInPiecesOfAnySize) {
+    std::string expected;
+    OutputFile file(path(), Existing::kept);
+    for (std::size_t size = 1; expected.size() < mebibyte; size = size * 3 % 70001) {
+        const std::string piece(size, static_cast<char>('a' + (size % 26)));
+        file.stream() << piece;
+        file.stream().put('\n');
+        expected += piece + '\n';
+    }
+    file.stream().flush() << "end";
+    file.commit();
+    EXPECT_TRUE(contentsOf(path()) == expected + "end");
+}
+
+TEST_F(OutputFileTest, isForItsOwnerAlone) {
+    for (const mode_t mask : {0000U, 0022U, 0077U}) {
+        const Umask umask(mask);
+        write("secret", Existing::replaced);
+        EXPECT_EQ(modeOf(path()), 0600U) << mask;
+    }
+}
+
+TEST_F(OutputFileTest, isForItsOwnerAloneFromTheBeginning) {
+    const Umask umask(0000);
+    OutputFile file(path(), Existing::kept);
+    file.stream() << "secret";
+    file.stream().flush();
+    ASSERT_EQ(entries().size(), 1);
+    EXPECT_EQ(contentsOf(entries().front()), "secret");
+    EXPECT_EQ(modeOf(entries().front()), 0600U);
+}
+
+TEST_F(OutputFileTest, isNotWholeIfItsStreamFailed) {
+    {
+        OutputFile file(path(), Existing::kept);
+        file.stream().setstate(std::ios::badbit);
+        EXPECT_NE(failureOf([&] { file.commit(); }), "");
+    }
+    EXPECT_TRUE(entries().empty());
+}
+
+TEST_F(OutputFileTest, hasItsNameOnlyWhenItIsWhole) {
+    OutputFile file(path(), Existing::kept);
+    file.stream() << std::string(mebibyte, 'a');
+    file.stream().flush();
+    EXPECT_FALSE(std::filesystem::exists(path()));
+    file.commit();
+    EXPECT_EQ(std::filesystem::file_size(path()), mebibyte);
+}
+
+TEST_F(OutputFileTest, leavesNothingBehindUnlessCommitted) {
+    const std::size_t descriptors = Tests::openDescriptors();
+    {
+        OutputFile file(path(), Existing::kept);
+        file.stream() << "secret";
+        file.stream().flush();
+        EXPECT_EQ(Tests::openDescriptors(), descriptors + 1);
+    }
+    EXPECT_TRUE(entries().empty());
+    EXPECT_EQ(Tests::openDescriptors(), descriptors);
+}
+
+TEST_F(OutputFileTest, closesItsDescriptor) {
+    const std::size_t descriptors = Tests::openDescriptors();
+    OutputFile file(path(), Existing::kept);
+    file.commit();
+    EXPECT_EQ(Tests::openDescriptors(), descriptors);
+}
+
+TEST_F(OutputFileTest, mayStandInTheCurrentFolder) {
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(folder().path());
+    const std::string failure = failureOf([] {
+        OutputFile file("out", Existing::kept);
+        file.stream() << "text";
+        file.commit();
+    });
+    std::filesystem::current_path(before);
+    EXPECT_EQ(failure, "");
+    EXPECT_EQ(contentsOf(path()), "text");
+    EXPECT_EQ(entries().size(), 1);
+}
+
+TEST_F(OutputFileTest, mayHaveTheLongestName) {
+    const std::string name(255, 'n');
+    OutputFile file(folder() / name, Existing::kept);
+    file.commit();
+    EXPECT_TRUE(std::filesystem::exists(folder() / name));
+}
+
+// What exists. A pipe stands for every device: a test that fails must not cost root a real one.
+
+TEST_F(OutputFileTest, keepsAFileOrLink) {
+    expectKept(folder().file("file", "old"));
+    EXPECT_EQ(contentsOf(folder() / "file"), "old");
+
+    std::filesystem::create_symlink(folder() / "file", folder() / "link");
+    expectKept(folder() / "link");
+
+    std::filesystem::create_symlink(folder() / "nowhere", folder() / "dangling");
+    expectKept(folder() / "dangling");
+    EXPECT_FALSE(std::filesystem::exists(folder() / "nowhere"));
+}
+
+TEST_F(OutputFileTest, keepsWhateverCameMeanwhile) {
+    const std::string message = path() + ": exists already; --force replaces it";
+    {
+        OutputFile file(path(), Existing::kept);
+        file.stream() << "new";
+        static_cast<void>(folder().file("out", "meanwhile"));
+        EXPECT_EQ(failureOf([&] { file.commit(); }), message);
+    }
+    EXPECT_EQ(contentsOf(path()), "meanwhile");
+    EXPECT_EQ(entries().size(), 1);
+    std::filesystem::remove(path());
+    {
+        OutputFile file(path(), Existing::kept);
+        file.stream() << "new";
+        std::filesystem::create_symlink(folder() / "nowhere", path());
+        EXPECT_EQ(failureOf([&] { file.commit(); }), message);
+    }
+    EXPECT_TRUE(std::filesystem::is_symlink(path()));
+    EXPECT_EQ(entries().size(), 1);
+}
+
+TEST_F(OutputFileTest, replacesAFileWhole) {
+    static_cast<void>(folder().file("out", "old and longer"));
+    std::filesystem::permissions(path(), std::filesystem::perms::all);
+    {
+        OutputFile file(path(), Existing::replaced);
+        file.stream() << "new";
+        file.stream().flush();
+        EXPECT_EQ(contentsOf(path()), "old and longer");
+        file.commit();
+    }
+    EXPECT_EQ(contentsOf(path()), "new");
+    EXPECT_EQ(modeOf(path()), 0600U);
+    EXPECT_EQ(entries().size(), 1);
+}
+
+TEST_F(OutputFileTest, replacesNothingUnlessCommitted) {
+    static_cast<void>(folder().file("out", "old"));
+    {
+        OutputFile file(path(), Existing::replaced);
+        file.stream() << "new";
+    }
+    EXPECT_EQ(contentsOf(path()), "old");
+    EXPECT_EQ(entries().size(), 1);
+}
+
+TEST_F(OutputFileTest, replacesALinkAndDoesNotFollowIt) {
+    static_cast<void>(folder().file("target", "old"));
+    for (const std::string target : {"target", "nowhere"}) {
+        std::filesystem::remove(path());
+        std::filesystem::create_symlink(folder() / target, path());
+        write("new", Existing::replaced);
+        EXPECT_FALSE(std::filesystem::is_symlink(path())) << target;
+        EXPECT_EQ(contentsOf(path()), "new") << target;
+    }
+    EXPECT_EQ(contentsOf(folder() / "target"), "old");
+    EXPECT_FALSE(std::filesystem::exists(folder() / "nowhere"));
+}
+
+TEST_F(OutputFileTest, keepsWhateverElseExists) {
+    std::filesystem::create_directory(folder() / "folder");
+    expectNotReplaced(folder() / "folder");
+    expectNotReplaced(folder() / "folder/");
+    expectNotReplaced(folder() / ".");
+
+    ASSERT_EQ(::mkfifo((folder() / "pipe").c_str(), 0600), 0);
+    expectNotReplaced(folder() / "pipe");
+}
+
+TEST_F(OutputFileTest, doesNotReplaceAFolderThatCameMeanwhile) {
+    {
+        OutputFile file(path(), Existing::replaced);
+        std::filesystem::create_directory(path());
+        EXPECT_TRUE(
+            failureOf([&] { file.commit(); }).starts_with(path() + ": cannot be written: "));
+    }
+    EXPECT_TRUE(std::filesystem::is_directory(path()));
+    EXPECT_EQ(entries().size(), 1);
+}
+
+// What cannot be written
+
+TEST_F(OutputFileTest, saysAtOnceThatAFolderCannotBeWrittenTo) {
+    static_cast<void>(folder().file("file", ""));
+    for (const std::string& path :
+         {folder() / "missing/out", folder() / "missing/", folder() / "file/out",
+          folder() / std::string(256, 'n'), std::string()}) {
+        for (const Existing existing : {Existing::kept, Existing::replaced}) {
+            EXPECT_TRUE(refusalOf(path, existing).starts_with(path + ": cannot be written: "))
+                << path;
+        }
+    }
+    EXPECT_EQ(entries().size(), 1);
+}
+
+/// On a disk that is full after 100 KiB. (What the system says of a limit is not what it says of a
+/// full disk.)
+class OutputFileOnAFullDiskTest : public OutputFileTest {
+protected:
+    OutputFileOnAFullDiskTest() : _signal(::signal(SIGXFSZ, SIG_IGN)) {}
+
+    ~OutputFileOnAFullDiskTest() override { ::signal(SIGXFSZ, _signal); }
+
+    OutputFileOnAFullDiskTest(const OutputFileOnAFullDiskTest&) = delete;
+    OutputFileOnAFullDiskTest& operator=(const OutputFileOnAFullDiskTest&) = delete;
+
+    [[nodiscard]] std::string failureOfWriting(std::size_t size, Existing existing) const {
+        const FileSizeLimit limit(std::size_t{100} << 10U);
+        return failureOf([&] { write(std::string(size, 'a'), existing); });
+    }
+
+private:
+    void (*_signal)(int);
+};
+
+TEST_F(OutputFileOnAFullDiskTest, holdsWhatFits) {
+    EXPECT_EQ(failureOfWriting(std::size_t{100} << 10U, Existing::kept), "");
+    EXPECT_EQ(std::filesystem::file_size(path()), std::size_t{100} << 10U);
+}
+
+TEST_F(OutputFileOnAFullDiskTest, leavesNothingOfWhatDoesNotFit) {
+    const std::size_t descriptors = Tests::openDescriptors();
+    // One byte too many, which shows at the end; and so many that it shows on the way.
+    for (const std::size_t size : {(std::size_t{100} << 10U) + 1, mebibyte}) {
+        EXPECT_EQ(failureOfWriting(size, Existing::kept),
+                  path() + ": cannot be written: File too large");
+        EXPECT_TRUE(entries().empty());
+    }
+    EXPECT_EQ(Tests::openDescriptors(), descriptors);
+}
+
+TEST_F(OutputFileOnAFullDiskTest, keepsWhatWasToBeReplaced) {
+    static_cast<void>(folder().file("out", "old"));
+    EXPECT_NE(failureOfWriting(mebibyte, Existing::replaced), "");
+    EXPECT_EQ(contentsOf(path()), "old");
+    EXPECT_EQ(entries().size(), 1);
+}
+
+TEST_F(OutputFileOnAFullDiskTest, doesNotGoOnAfterAFailure) {
+    OutputFile file(path(), Existing::kept);
+    {
+        const FileSizeLimit limit(1);
+        file.stream() << "secret";
+        file.stream().flush();
+        EXPECT_TRUE(file.stream().bad());
+    }
+    file.stream().clear();
+    file.stream() << "the rest";
+    EXPECT_NE(failureOf([&] { file.commit(); }), "");
+    EXPECT_FALSE(std::filesystem::exists(path()));
+}
+
+} // namespace
+
+} // namespace Rellinor::Host
