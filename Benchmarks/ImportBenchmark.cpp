@@ -12,8 +12,10 @@
 #include "Benchmarks/KeePassGenerator.hpp"
 #include "Benchmarks/LastPassGenerator.hpp"
 #include "Benchmarks/Measurement.hpp"
+#include "Benchmarks/OnePasswordGenerator.hpp"
 #include "Benchmarks/PeakMemory.hpp"
 #include "Benchmarks/TemporaryFile.hpp"
+#include "Benchmarks/TirelGenerator.hpp"
 
 namespace Rellinor::Benchmarks {
 
@@ -23,10 +25,15 @@ std::size_t deliveredBytes(const ImportedRecords& records) {
     std::size_t bytes = 0;
     for (const auto& password : records.passwords) {
         bytes += password->username().size() + password->password().size() +
-                 password->url().size() + password->service().value_or("").size();
+                 password->url().size() + password->service().value_or("").size() +
+                 password->note().value_or("").size();
     }
     for (const auto& note : records.notes) {
         bytes += note->title().size() + note->content().size();
+    }
+    for (const auto& card : records.cards) {
+        bytes += card->cardNumber().size() + card->custName().size() + card->holderName().size() +
+                 card->cvv().size() + card->pin().size() + card->note().size();
     }
     return bytes;
 }
@@ -71,11 +78,28 @@ void dashlane(benchmark::State& state) {
             dashlaneExport(static_cast<std::size_t>(state.range(0))));
 }
 
+void onePassword(benchmark::State& state) {
+    measure(state, ImportSource::onePassword,
+            onePasswordExport(static_cast<std::size_t>(state.range(0))));
+}
+
+void tirel(benchmark::State& state) {
+    measure(state, ImportSource::tirel, tirelExport(static_cast<std::size_t>(state.range(0))));
+}
+
 BENCHMARK(lastPass)->Arg(1000)->Arg(10000)->Arg(400000)->UseManualTime()->Unit(
     benchmark::kMillisecond);
 BENCHMARK(keePass)->Arg(1000)->Arg(10000)->Arg(400000)->UseManualTime()->Unit(
     benchmark::kMillisecond);
 BENCHMARK(dashlane)->Arg(1000)->Arg(10000)->Arg(400000)->UseManualTime()->Unit(
+    benchmark::kMillisecond);
+BENCHMARK(onePassword)
+    ->Arg(1000)
+    ->Arg(10000)
+    ->Arg(200000)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(tirel)->Arg(1000)->Arg(10000)->Arg(300000)->UseManualTime()->Unit(
     benchmark::kMillisecond);
 
 } // namespace
