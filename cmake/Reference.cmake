@@ -1,6 +1,9 @@
 # The reference of the public headers: cmake --build --preset gcc-release --target reference
 # A warning fails it, and so does anything public that says nothing about itself.
 
+if(NOT PROJECT_IS_TOP_LEVEL)
+    return()
+endif()
 find_package(Doxygen QUIET)
 if(NOT DOXYGEN_FOUND)
     return()
