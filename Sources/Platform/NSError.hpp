@@ -15,7 +15,8 @@ namespace Rellinor {
 /// allocate nor throw, so an error about lack of memory can be handed over safely.
 class RELLINOR_PUBLIC NSError {
 public:
-    /// @param domain  a text that outlives every copy of the error; in practice a literal
+    /// @param domain  the kind; a text that outlives every copy of the error, in practice a literal
+    /// @param code    the error of that kind
     constexpr NSError(std::string_view domain, std::int64_t code) noexcept
         : _domain(domain), _code(code) {}
 
@@ -32,6 +33,7 @@ public:
     /// A sentence for people, made of the domain and the code alone.
     [[nodiscard]] std::string localizedDescription() const;
 
+    /// Whether domain and code are the same.
     friend constexpr bool operator==(const NSError&, const NSError&) noexcept = default;
 
 private:

@@ -32,11 +32,11 @@ public:
     /// The work is done on the calling thread, and `onComplete` is called exactly once before this
     /// returns. Time and memory grow linearly with the size of the input.
     ///
-    /// @param url         the export file; the profile folder for `ImportSource::firefox`
-    /// @param source      the product that wrote it
-    /// @param onComplete  receives the result; must hold a function. What it throws passes through
-    /// to
-    ///                    the caller, and it is not called again.
+    /// What `onComplete` throws passes through to the caller, and it is not called again.
+    ///
+    /// @param url         the file or folder that the case of `ImportSource` names
+    /// @param source      the product that wrote it; a value that is no case stops the process
+    /// @param onComplete  receives the result; must hold a function
     virtual void records(const URL& url, ImportSource source,
                          const RecordsCompletion& onComplete) = 0;
 

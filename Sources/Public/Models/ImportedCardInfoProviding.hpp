@@ -9,11 +9,13 @@ namespace Rellinor {
 
 /// A payment card, read only.
 ///
-/// Every text is UTF-8, exactly as the source holds it, and stays valid as long as a shared pointer
-/// to the record exists. A text may contain NUL, so it is not a C string.
+/// Every text is UTF-8, untrimmed, and stays valid as long as a shared pointer to the record
+/// exists. It may contain NUL, so it is not a C string.
 class RELLINOR_PUBLIC ImportedCardInfoProviding {
 public:
+    /// For implementations alone: a host keeps a record by its shared pointer.
     ImportedCardInfoProviding(const ImportedCardInfoProviding&) = default;
+    /// For implementations alone.
     ImportedCardInfoProviding& operator=(const ImportedCardInfoProviding&) = default;
     virtual ~ImportedCardInfoProviding() = default;
 

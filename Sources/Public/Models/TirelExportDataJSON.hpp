@@ -1,3 +1,4 @@
+/// @file
 /// Teaches Boost.JSON to write and to read a `TirelExportData`:
 ///
 ///     std::string text = boost::json::serialize(boost::json::value_from(data));
@@ -22,6 +23,9 @@
 #include <boost/json/value_to.hpp>
 
 #include <Rellinor/Models/TirelExportData.hpp>
+
+/// @cond
+// Not for hosts to call: Boost.JSON finds what it needs.
 
 namespace Rellinor {
 
@@ -188,3 +192,5 @@ inline TirelExportData tag_invoke(boost::json::value_to_tag<TirelExportData> /*t
 // NOLINTEND(readability-identifier-naming)
 
 } // namespace Rellinor
+
+/// @endcond

@@ -1,0 +1,87 @@
+"""The examples of the pages about sources come out as the pages say.
+
+    test_documentation.py TOOL SOURCE...
+
+Each is held against the reference of its source, if there is one, and those of the sources that are named
+against the tool as well."""
+import os
+import subprocess
+import sys
+import tempfile
+import unittest
+
+from driver.comparison import same
+from driver.tool import Tool, parse_line
+from pages import Strange, examples_in, examples_of, write_files
+from references.errors import TEXT_DOMAIN
+from sources import SOURCES
+
+PAGES = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "Documentation", "sources")
+EXAMPLES = examples_in(PAGES)
+TOOL, CHECKED_SOURCES = (sys.argv[1], sys.argv[2:]) if len(sys.argv) > 2 else (None, [])
+
+
+def examples_with(source):
+    return [example for example in EXAMPLES if example.source == source]
+
+
+def outcome_of(example, import_path):
+    with tempfile.TemporaryDirectory() as folder:
+        return import_path(write_files(example, folder))
+
+
+def by_reference(example):
+    outcome = outcome_of(example, SOURCES[example.source].import_file)
+    if "error" in outcome and outcome["error"]["domain"] == TEXT_DOMAIN:
+        outcome["error"]["domain"] = "Rellinor.TextError"
+    return outcome
+
+
+def by_tool(example):
+    _, lines, errors = outcome_of(example, lambda path: Tool([TOOL], example.source).call([path]))
+    return parse_line(lines[0]) if lines else errors
+
+
+class Documentation(unittest.TestCase):
+    def assertSame(self, outcome, example):
+        self.assertTrue(same(outcome, example.wanted), "%s says of %s\n%s\nwhere there is\n%s" % (
+            example.page, example.path, example.wanted, outcome))
+
+    def test_every_source_has_examples(self):
+        listed = subprocess.run([TOOL, "sources"], stdout=subprocess.PIPE, check=True).stdout.decode()
+        sources = [line.split()[0] for line in listed.splitlines()]
+        self.assertEqual(len(sources), 8)
+        self.assertLessEqual(set(CHECKED_SOURCES), set(sources))
+        for source in sources:
+            self.assertTrue(any(any(example.wanted.values()) and "error" not in example.wanted
+                                for example in examples_with(source)), source)
+
+    def test_references(self):
+        for source in SOURCES:
+            for example in examples_with(source):
+                self.assertSame(by_reference(example), example)
+
+    def test_tool(self):
+        for source in CHECKED_SOURCES:
+            self.assertTrue(examples_with(source), source)
+            for example in examples_with(source):
+                self.assertSame(by_tool(example), example)
+
+
+class Pages(unittest.TestCase):
+    def test_example(self):
+        text = "`a b/c.csv`:\n\n```csv\nx,\n\ny\n```\n\n`rellinor import --source lastPass --format json --reveal a b`" \
+               " gives:\n\n```json\n{\"passwords\":\n []}\n```\n"
+        (example,) = examples_of("p.md", text)
+        self.assertEqual(example, ("p.md", {"a b/c.csv": ("csv", "x,\n\ny\n")}, "lastPass", "a b", {"passwords": []}))
+
+    def test_strange_blocks(self):
+        for text in ("```csv\na\n```\n", "`a`:\n```csv\na\n", "`rellinor import --source a` gives:\n```json\n{}\n```\n",
+                     "`rellinor import --source a --format json --reveal b` gives:\n```csv\n{}\n```\n"):
+            self.assertRaises(Strange, examples_of, "p.md", text)
+
+
+if __name__ == "__main__":
+    if not CHECKED_SOURCES:
+        sys.exit(__doc__)
+    unittest.main(argv=sys.argv[:1])
