@@ -15,13 +15,12 @@ target_compile_options(RellinorWarnings INTERFACE
     -Wdouble-promotion
     -Wformat=2
     -Wimplicit-fallthrough
-    -Wnon-virtual-dtor
-    -Wold-style-cast
-    -Woverloaded-virtual
     -Wshadow
     -Wsign-conversion
     -Wundef
     -Wunused
-    $<$<CXX_COMPILER_ID:GNU>:-Wduplicated-branches -Wduplicated-cond -Wlogical-op -Wuseless-cast>
-    $<$<CXX_COMPILER_ID:Clang,AppleClang>:-Wextra-semi -Wnewline-eof -Wunreachable-code>
+    $<$<COMPILE_LANGUAGE:C>:-Wmissing-prototypes -Wstrict-prototypes>
+    $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor -Wold-style-cast -Woverloaded-virtual>
+    $<$<COMPILE_LANG_AND_ID:CXX,GNU>:-Wduplicated-branches -Wduplicated-cond -Wlogical-op -Wuseless-cast>
+    $<$<COMPILE_LANG_AND_ID:CXX,Clang,AppleClang>:-Wextra-semi -Wnewline-eof -Wunreachable-code>
     $<$<BOOL:${RELLINOR_WARNINGS_AS_ERRORS}>:-Werror>)

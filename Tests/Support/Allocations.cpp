@@ -34,7 +34,7 @@ void watch(const void* memory, std::size_t size) noexcept {
 void* operator new(std::size_t size) {
     ++allocations;
     if (allocations == failingAllocation) {
-        ++deallocations; // nothing was given out
+        ++deallocations; // it is not in use
         throw std::bad_alloc();
     }
     if (void* memory = std::malloc(std::max<std::size_t>(size, 1))) {
