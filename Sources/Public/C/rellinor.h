@@ -1,3 +1,4 @@
+/// @file
 /// Rellinor for hosts in C, Objective-C and Swift: the same imports, errors and records as in the
 /// C++ headers, behind plain functions. Needs nothing but the standard library of C11 or C++11.
 ///
@@ -88,14 +89,15 @@ RELLINOR_VISIBLE void rellinor_importer_free(rellinor_importer* RELLINOR_NULLABL
 /// The work is done on the calling thread before this returns. Time and memory grow linearly with
 /// the size of the input.
 ///
-/// @param path    the export file; the profile folder for `RELLINOR_SOURCE_FIREFOX`. Bytes as the
-///                system takes them, ended by a zero; a relative path is taken from the current
-///                folder. Not needed after the call.
-/// @param source  the product that wrote it. A number that is not named above fails with
-///                "Rellinor.UnavailableSourceError", code 1.
-/// @return        the outcome, to be freed with `rellinor_result_free`; null if there is no memory
-///                even to tell of that. If there is no memory for the import itself, the error is
-///                "Rellinor.UnexpectedError", code 0.
+/// @param importer  keeps what the source needs for the next import from it
+/// @param path      the export file; the profile folder for `RELLINOR_SOURCE_FIREFOX`. Bytes as the
+///                  system takes them, ended by a zero; a relative path is taken from the current
+///                  folder. Not needed after the call.
+/// @param source    the product that wrote it. A number that is not named above fails with
+///                  "Rellinor.UnavailableSourceError", code 1.
+/// @return          the outcome, to be freed with `rellinor_result_free`; null if there is no memory
+///                  even to tell of that. If there is no memory for the import itself, the error is
+///                  "Rellinor.UnexpectedError", code 0.
 RELLINOR_VISIBLE RELLINOR_OWNED rellinor_result* RELLINOR_NULLABLE
 rellinor_importer_import(rellinor_importer* importer, const char* path, rellinor_source source);
 
