@@ -27,9 +27,8 @@ enum class Existing : std::uint8_t {
 /// counts as a file of its own: it is kept or replaced, never followed.
 class OutputFile {
 public:
-    /// @throws OutputError  there is such a file that is to be kept, or that is neither a file nor
-    /// a
-    ///                      link; or the folder cannot be written to
+    /// @throws OutputError  there is such a file that is to be kept, or that is neither a file
+    ///                      nor a link; or the folder cannot be written to
     OutputFile(std::string path, Existing existing);
 
     /// Leaves nothing behind unless it was committed.

@@ -24,11 +24,9 @@ using Built = std::expected<Record, std::string_view>;
 ///
 /// - `RawRecord`, the type of its raw records;
 /// - `read(url, memory)`, which returns a range of them in file order, or throws; what they point
-/// at
-///   is handed to `memory`, which outlives the records built from them;
+///   at is handed to `memory`, which outlives the records built from them;
 /// - the builders `buildPassword(record)`, `buildNote(record)`, `buildCard(record)` of the kinds
-/// that
-///   the source has, each returning a `Built`;
+///   that the source has, each returning a `Built`;
 /// - its own predicates where the defaults below do not fit.
 template <typename Source>
 class Importer {

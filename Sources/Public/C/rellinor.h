@@ -96,9 +96,8 @@ RELLINOR_VISIBLE void rellinor_importer_free(rellinor_importer* RELLINOR_NULLABL
 /// @param source    the product that wrote it. A number that is not named above fails with
 ///                  "Rellinor.UnavailableSourceError", code 1.
 /// @return          the outcome, to be freed with `rellinor_result_free`; null if there is no
-/// memory
-///                  even to tell of that. If there is no memory for the import itself, the error is
-///                  "Rellinor.UnexpectedError", code 0.
+///                  memory even to tell of that. If there is none for the import itself, the error
+///                  is "Rellinor.UnexpectedError", code 0.
 RELLINOR_VISIBLE RELLINOR_OWNED rellinor_result* RELLINOR_NULLABLE
 rellinor_importer_import(rellinor_importer* importer, const char* path, rellinor_source source);
 
