@@ -167,7 +167,7 @@ std::size_t numberOfCharacters(std::string_view text) noexcept {
         const std::size_t length = previous < 0x80 ? lengthOfASCIIPrefix(text) : 0;
         for (const char character : text.substr(0, length)) {
             count += previous == '\r' && character == '\n' ? 0 : 1;
-            previous = character;
+            previous = static_cast<unsigned char>(character);
             state = 0;
         }
         text.remove_prefix(length);
