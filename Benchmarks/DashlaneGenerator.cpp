@@ -15,16 +15,11 @@ void writeLogin(InventedText& out, Commas commas) {
     out.word();
     out.text(commas == Commas::quoted ? ", " : " ");
     out.word();
-    out.text(commas == Commas::quoted ? "\",https://" : ",https://");
-    out.word();
-    out.text(".");
-    out.word();
-    out.text(".example/account/sign-in?session=");
-    out.number();
+    out.text(commas == Commas::quoted ? "\"," : ",");
+    out.address();
     out.text(",");
-    out.word();
-    out.number();
-    out.text("@mail.example,,");
+    out.account();
+    out.text(",,");
     out.secret();
     out.text(commas == Commas::quoted ? ",\"opened in spring, moved in autumn\"\n" : ",\n");
 }

@@ -19,6 +19,21 @@ void InventedText::word() {
     _text += words.at(below(words.size()));
 }
 
+void InventedText::address() {
+    text("https://");
+    word();
+    text(".");
+    word();
+    text(".example/account/sign-in?session=");
+    number();
+}
+
+void InventedText::account() {
+    word();
+    number();
+    text("@mail.example");
+}
+
 void InventedText::secret() {
     for (std::size_t length = 8 + below(13); length > 0; --length) {
         _text += secretCharacters.at(below(secretCharacters.size()));

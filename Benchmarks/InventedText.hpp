@@ -21,6 +21,12 @@ public:
 
     void number() { _text += std::to_string(below(100000)); }
 
+    /// The address of a page on some site.
+    void address();
+
+    /// A user name, in the form of a mail address.
+    void account();
+
     /// What a generator of passwords would make, without commas and quotes.
     void secret();
 

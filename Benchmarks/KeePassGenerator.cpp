@@ -14,16 +14,11 @@ void writeLogin(InventedText& out) {
     out.text(", ");
     out.word();
     out.text(R"(",")");
-    out.word();
-    out.number();
-    out.text(R"(@mail.example",")");
+    out.account();
+    out.text(R"(",")");
     out.secret();
-    out.text(R"(","https://)");
-    out.word();
-    out.text(".");
-    out.word();
-    out.text(".example/account/sign-in?session=");
-    out.number();
+    out.text(R"(",")");
+    out.address();
     out.text(R"(",")");
     if (out.below(10) == 0) {
         for (std::size_t line = 0, lines = 2 + out.below(4); line < lines; ++line) {

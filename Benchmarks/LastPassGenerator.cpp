@@ -9,16 +9,10 @@ namespace {
 enum class Commas : std::uint8_t { none, quoted };
 
 void writeLogin(InventedText& out, Commas commas) {
-    out.text("https://");
-    out.word();
-    out.text(".");
-    out.word();
-    out.text(".example/account/sign-in?session=");
-    out.number();
+    out.address();
     out.text(",");
-    out.word();
-    out.number();
-    out.text("@mail.example,");
+    out.account();
+    out.text(",");
     out.secret();
     out.text(commas == Commas::quoted ? R"(,"opened in spring, moved in autumn",")" : ",,");
     out.word();

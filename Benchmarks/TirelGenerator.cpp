@@ -12,9 +12,8 @@ void writeLogin(InventedText& out) {
     out.text(" ");
     out.word();
     out.text(R"(","loginName":")");
-    out.word();
-    out.number();
-    out.text(R"(@mail.example","note":")");
+    out.account();
+    out.text(R"(","note":")");
     out.text(out.below(10) == 0 ? "opened in spring,\\nmoved in autumn" : "");
     out.text(R"(","pwd":")");
     out.word();
@@ -22,12 +21,8 @@ void writeLogin(InventedText& out) {
     out.word();
     out.text(R"(","pwdChange":16)");
     out.number();
-    out.text(R"(,"url":"https://)");
-    out.word();
-    out.text(".");
-    out.word();
-    out.text(R"(.example/account/sign-in?session=)");
-    out.number();
+    out.text(R"(,"url":")");
+    out.address();
     out.text(R"("})");
 }
 
