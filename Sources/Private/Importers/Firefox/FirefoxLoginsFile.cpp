@@ -1,8 +1,6 @@
 #include "Private/Importers/Firefox/FirefoxLoginsFile.hpp"
 
-#include <array>
 #include <cstddef>
-#include <string_view>
 #include <utility>
 
 #include "Private/Importers/Firefox/FirefoxEncryptedRecord.hpp"
@@ -11,14 +9,9 @@ namespace Rellinor {
 
 namespace {
 
-constexpr std::array<std::string_view, 4> keptMembers = {
-    rawValue(EncryptedKeys::host),
-    rawValue(EncryptedKeys::user),
-    rawValue(EncryptedKeys::password),
-    "logins",
-};
+constexpr auto keptMembers = namesOf(allEncryptedKeys, "logins");
 
-constexpr std::size_t keyOfLogins = 3;
+constexpr std::size_t keyOfLogins = allEncryptedKeys.size();
 
 } // namespace
 

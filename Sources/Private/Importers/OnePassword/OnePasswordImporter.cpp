@@ -1,7 +1,6 @@
 #include "Private/Importers/OnePassword/OnePasswordImporter.hpp"
 
 #include <algorithm>
-#include <array>
 #include <optional>
 #include <string_view>
 #include <utility>
@@ -19,13 +18,7 @@ constexpr std::string_view keyOfRecords = "records";
 constexpr std::string_view missingFields = "Record did not contain expected fields";
 
 /// The members that are kept: those of the records, in their order, and the list of them.
-constexpr auto keptMembers = [] {
-    std::array<std::string_view, allOnePasswordRecordKeys.size() + 1> names{};
-    std::ranges::transform(allOnePasswordRecordKeys, names.begin(),
-                           [](Key key) { return rawValue(key); });
-    names.back() = keyOfRecords;
-    return names;
-}();
+constexpr auto keptMembers = namesOf(allOnePasswordRecordKeys, keyOfRecords);
 
 std::optional<std::string_view> textOf(const JSONObject& object, Key key) noexcept {
     return object[key].and_then(&JSONValue::text);
