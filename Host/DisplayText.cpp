@@ -73,6 +73,16 @@ std::size_t displayWidth(std::string_view text) {
     return width;
 }
 
+bool isBlank(std::string_view text) {
+    while (!text.empty()) {
+        const utf8proc_int32_t codePoint = takeCodePoint(text);
+        if (codePoint != '\t' && ::utf8proc_category(codePoint) != UTF8PROC_CATEGORY_ZS) {
+            return false;
+        }
+    }
+    return true;
+}
+
 std::string shortened(std::string_view text, std::size_t width) {
     if (displayWidth(text) <= width) {
         return std::string(text);

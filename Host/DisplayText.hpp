@@ -13,6 +13,9 @@ namespace Rellinor::Host {
 /// How many columns of a terminal a displayable text takes.
 [[nodiscard]] std::size_t displayWidth(std::string_view text);
 
+/// Whether a text is empty or consists only of space separators and tabs.
+[[nodiscard]] bool isBlank(std::string_view text);
+
 /// The text if it is at most `width` columns wide; otherwise its beginning and an ellipsis,
 /// together at most that wide.
 ///

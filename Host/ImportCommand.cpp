@@ -1,11 +1,18 @@
 #include "Host/ImportCommand.hpp"
 
+#include <algorithm>
+#include <array>
 #include <memory>
 #include <optional>
 #include <ostream>
+#include <string>
+#include <string_view>
 
 #include <Rellinor/Rellinor.hpp>
 
+#include "Host/Advice.hpp"
+#include "Host/Detection/Detection.hpp"
+#include "Host/Detection/Wording.hpp"
 #include "Host/DisplayText.hpp"
 #include "Host/ExitStatus.hpp"
 #include "Host/JSONFormat.hpp"
@@ -17,6 +24,8 @@
 namespace Rellinor::Host {
 
 namespace {
+
+constexpr std::array<std::string_view, 4> formats = {"summary", "table", "json", "tirel"};
 
 std::unique_ptr<RecordsFormat> makeFormat(const ImportOptions& options) {
     const Secrets secrets = options.reveal ? Secrets::revealed : Secrets::masked;
@@ -33,22 +42,26 @@ std::unique_ptr<RecordsFormat> makeFormat(const ImportOptions& options) {
     return nullptr;
 }
 
+/// What the outcome of a path is that no source reads, in the place of an import's own error.
+constexpr NSError unknownFile = {"Rellinor.UnknownFileError", 1};
+
+/// The source that reads a path, if one is found; in any case `say` is told what was found.
+std::optional<ImportSource> found(const std::string& path, const auto& say) {
+    const Detection detection = detect(path);
+    say((detection.source ? "" : "not imported: ") + described(detection));
+    return detection.source;
+}
+
 } // namespace
 
 std::optional<Format> formatNamed(std::string_view name) {
-    if (name == "summary") {
-        return Format::summary;
-    }
-    if (name == "table") {
-        return Format::table;
-    }
-    if (name == "json") {
-        return Format::json;
-    }
-    if (name == "tirel") {
-        return Format::tirel;
-    }
-    return std::nullopt;
+    const auto found = std::ranges::find(formats, name);
+    return found == formats.end() ? std::nullopt
+                                  : std::optional(static_cast<Format>(found - formats.begin()));
+}
+
+std::span<const std::string_view> formatNames() {
+    return formats;
 }
 
 int import(const ImportOptions& options, std::ostream& out, std::ostream& errors) {
@@ -56,21 +69,34 @@ int import(const ImportOptions& options, std::ostream& out, std::ostream& errors
     std::optional<RecordsImporter> importer;
     int status = ExitStatus::success;
     for (const std::string& path : options.paths) {
+        const auto say = [&](std::string_view message) {
+            errors << "rellinor: " << displayText(path) << ": " << displayText(message) << '\n';
+        };
+        const std::optional<ImportSource> source =
+            options.source ? options.source : found(path, say);
+        if (!source) {
+            status = ExitStatus::importFailed;
+            format->writeFailure(unknownFile, out);
+            continue;
+        }
         if (!importer || !options.keepImporter) {
             importer.emplace();
         }
         const auto show = [&](const RecordsResult& result) {
-            if (result) {
-                format->write(path, *result, out);
+            const std::string told = advice(path, *source, result);
+            if (!result) {
+                status = ExitStatus::importFailed;
+                format->writeFailure(result.error(), out);
+                say("not imported as " + std::string(nameOf(*source)) + ": " +
+                    result.error().localizedDescription() + (told.empty() ? "" : " " + told));
                 return;
             }
-            status = ExitStatus::importFailed;
-            format->writeFailure(result.error(), out);
-            errors << "rellinor: " << displayText(path) << ": not imported as "
-                   << nameOf(options.source) << ": " << result.error().localizedDescription()
-                   << '\n';
+            format->write(path, *result, out);
+            if (!told.empty()) {
+                say(told);
+            }
         };
-        importer->records(URL::fileURLWithPath(path), options.source, show);
+        importer->records(URL::fileURLWithPath(path), *source, show);
     }
     format->finish(out);
     return status;

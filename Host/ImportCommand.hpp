@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <iosfwd>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,17 +23,21 @@ enum class Format : std::uint8_t {
 /// The format of that name; absent if there is none.
 [[nodiscard]] std::optional<Format> formatNamed(std::string_view name);
 
+/// The names of all formats.
+[[nodiscard]] std::span<const std::string_view> formatNames();
+
 /// What the command line asks of an import.
 struct ImportOptions {
-    ImportSource source = ImportSource::lastPass;
+    std::optional<ImportSource> source; ///< absent to find out for each path
     Format format = Format::summary;
     bool reveal = false;
     bool keepImporter = false;
     std::vector<std::string> paths;
 };
 
-/// Imports every path in order, and shows the records on `out` and one line for each failure on
-/// `errors`. Returns the exit status.
+/// Imports every path in order, and shows the records on `out`. On `errors` it writes one line for
+/// each failure, and one for whatever somebody should know who thinks of deleting the file. Returns
+/// the exit status.
 [[nodiscard]] int import(const ImportOptions& options, std::ostream& out, std::ostream& errors);
 
 } // namespace Rellinor::Host

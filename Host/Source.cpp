@@ -5,6 +5,8 @@
 #include <iomanip>
 #include <ostream>
 
+#include "Host/Letters.hpp"
+
 namespace Rellinor::Host {
 
 namespace {
@@ -26,21 +28,26 @@ constexpr std::array<Description, 8> descriptions = {{
     {ImportSource::firefox, "firefox", "profile folder"},
 }};
 
-constexpr char lowerCase(char letter) noexcept {
-    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-}
-
 } // namespace
 
 std::optional<ImportSource> sourceNamed(std::string_view name) {
     const auto found = std::ranges::find_if(descriptions, [&](const Description& candidate) {
-        return std::ranges::equal(candidate.name, name, {}, lowerCase, lowerCase);
+        return std::ranges::equal(candidate.name, name, sameLetter);
     });
     return found == descriptions.end() ? std::nullopt : std::optional(found->source);
 }
 
 std::string_view nameOf(ImportSource source) {
     return std::ranges::find(descriptions, source, &Description::source)->name;
+}
+
+std::span<const std::string_view> sourceNames() {
+    static constexpr auto names = [] {
+        std::array<std::string_view, descriptions.size()> all;
+        std::ranges::transform(descriptions, all.begin(), &Description::name);
+        return all;
+    }();
+    return names;
 }
 
 void listSources(std::ostream& out) {

@@ -2,6 +2,7 @@
 
 #include <iosfwd>
 #include <optional>
+#include <span>
 #include <string_view>
 
 #include <Rellinor/Models/ImportSource.hpp>
@@ -13,6 +14,9 @@ namespace Rellinor::Host {
 
 /// The name of a source, as it is typed on the command line.
 [[nodiscard]] std::string_view nameOf(ImportSource source);
+
+/// The names of all sources.
+[[nodiscard]] std::span<const std::string_view> sourceNames();
 
 /// Writes one line for each source: its name, and what is to be given as its path.
 void listSources(std::ostream& out);

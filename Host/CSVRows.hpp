@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Rellinor::Host {
+
+/// One row of a CSV text. Its views are into the `CSVRows` it came from.
+struct CSVRow {
+    std::size_t line = 0;                ///< where it begins, counted from 1
+    std::string_view text;               ///< all of it, with its quotes and line breaks
+    std::vector<std::string_view> cells; ///< as they stand, with their quotes
+};
+
+/// A cell without the pair of quotes around it, if there is one: as it is imported.
+[[nodiscard]] std::string_view unquoted(std::string_view cell) noexcept;
+
+/// The rows of a CSV text as an import sees them: `\"` stands for a doubled quote, CR LF ends a
+/// line, a line break or comma after an odd number of quotes belongs to the cell, and a blank row
+/// is none.
+class CSVRows {
+public:
+    explicit CSVRows(std::string_view contents);
+
+    /// Reads the next row into `row`; false if there is none.
+    [[nodiscard]] bool next(CSVRow& row);
+
+private:
+    [[nodiscard]] std::string_view takeRow(std::size_t& line);
+
+    std::string _text;
+    std::size_t _position = 0;
+    std::size_t _line = 1;
+    bool _ended = false;
+};
+
+} // namespace Rellinor::Host

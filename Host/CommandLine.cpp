@@ -1,0 +1,164 @@
+#include "Host/CommandLine.hpp"
+
+#include <algorithm>
+#include <cstddef>
+#include <functional>
+#include <span>
+#include <string_view>
+
+#include <CLI/CLI.hpp>
+
+#include "Host/DisplayText.hpp"
+#include "Host/ExitStatus.hpp"
+#include "Host/NearestName.hpp"
+#include "Host/Source.hpp"
+
+namespace Rellinor::Host {
+
+namespace {
+
+using Names = std::span<const std::string_view>;
+
+constexpr std::string_view automatic = "auto";
+
+constexpr std::string_view commandNames[] = {"import", "detect", "check", "sources"};
+
+std::string quoted(std::string_view word) {
+    return '"' + displayText(word) + '"';
+}
+
+/// A sentence that proposes the nearest name, or else says where to look.
+std::string unknown(std::string_view word, Names names, std::string_view hint) {
+    const std::string_view nearest = nearestName(word, names);
+    return quoted(word) + " is not known; " +
+           (nearest.empty() ? std::string(hint) : "did you mean " + std::string(nearest) + "?");
+}
+
+/// Fails unless `parsed` knows the word.
+CLI::Validator knownTo(std::function<bool(std::string_view)> parsed, std::function<Names()> names,
+                       std::string_view hint) {
+    return {[=](const std::string& word) {
+                return parsed(word) ? std::string() : unknown(word, names(), hint);
+            },
+            ""};
+}
+
+bool isSourceOrAutomatic(std::string_view word) {
+    return word == automatic || sourceNamed(word);
+}
+
+/// The words of the command line that stand for something else.
+struct Words {
+    std::string source;
+    std::string format = "summary";
+};
+
+CLI::Option* addSource(CLI::App& command, Words& words) {
+    return command
+        .add_option("--source", words.source,
+                    "The product that wrote the files, as rellinor sources names it, or auto to "
+                    "find out")
+        ->type_name("SOURCE")
+        ->check(knownTo(isSourceOrAutomatic, sourceNames, "rellinor sources lists the sources"));
+}
+
+void addPaths(CLI::App& command, std::vector<std::string>& paths) {
+    command.add_option("PATH", paths, "The files or profile folders")->required()->type_name("");
+}
+
+void addImport(CLI::App& app, ImportRequest& request, Words& words) {
+    ImportOptions& options = request.options;
+    CLI::App& command = *app.add_subcommand("import", "Import files and show what they hold");
+    addSource(command, words)->required();
+    command
+        .add_option("--format", words.format,
+                    "summary: counts for each path; table: aligned, for people; "
+                    "json: one line for each path; "
+                    "tirel: one Tirel export of all paths, never masked")
+        ->type_name("FORMAT")
+        ->capture_default_str()
+        ->check(knownTo([](std::string_view word) { return formatNamed(word).has_value(); },
+                        formatNames, "the formats are summary, table, json and tirel"));
+    command.add_flag("--reveal", options.reveal,
+                     "Show passwords, card numbers, CVV and PIN instead of masking them, and "
+                     "allow a Tirel export on a terminal");
+    CLI::Option* const file =
+        command
+            .add_option("--output", request.output,
+                        "Write to this new file, for its owner alone, instead of standard output")
+            ->type_name("FILE");
+    command.add_flag("--force", request.force, "Replace the output file if it exists")->needs(file);
+    command.add_flag("--keep-importer", options.keepImporter,
+                     "Use one importer for all paths instead of a fresh one for each");
+    addPaths(command, options.paths);
+}
+
+void addDetect(CLI::App& app, DetectRequest& request) {
+    addPaths(*app.add_subcommand("detect", "Tell which source files come from, and why"),
+             request.paths);
+}
+
+void addCheck(CLI::App& app, CheckRequest& request, Words& words) {
+    CLI::App& command = *app.add_subcommand(
+        "check", "Tell what an import would bring, what it would leave out and what looks wrong");
+    addSource(command, words);
+    addPaths(command, request.paths);
+}
+
+/// The source of a word that has been checked; absent for "auto" and for no word.
+std::optional<ImportSource> sourceOf(const std::string& word) {
+    return sourceNamed(word);
+}
+
+/// What is wrong with the command line, in one sentence.
+std::string complaint(const CLI::Error& error, int argc, char* argv[]) {
+    const std::span<char*> arguments(argv, static_cast<std::size_t>(argc));
+    if (arguments.size() > 1 && !std::string_view(arguments[1]).starts_with('-') &&
+        !std::ranges::count(commandNames, std::string_view(arguments[1]))) {
+        return unknown(arguments[1], commandNames,
+                       "the commands are import, detect, check and sources");
+    }
+    return displayText(error.what());
+}
+
+} // namespace
+
+std::expected<Request, int> readCommandLine(int argc, char* argv[]) {
+    CLI::App app("Imports what other password managers and browsers hold", "rellinor");
+    app.set_version_flag("--version", "rellinor " RELLINOR_VERSION);
+    app.require_subcommand(1);
+    ImportRequest import;
+    DetectRequest detect;
+    CheckRequest check;
+    Words importWords;
+    Words checkWords;
+    addImport(app, import, importWords);
+    addDetect(app, detect);
+    addCheck(app, check, checkWords);
+    app.add_subcommand("sources", "List the sources");
+    app.failure_message([=](const CLI::App* /*app*/, const CLI::Error& error) {
+        return "rellinor: " + complaint(error, argc, argv) + " (rellinor --help tells more)\n";
+    });
+
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return std::unexpected(app.exit(error) == 0 ? ExitStatus::success : ExitStatus::wrongUsage);
+    }
+
+    if (app.got_subcommand("import")) {
+        import.options.source = sourceOf(importWords.source);
+        import.options.format = *formatNamed(importWords.format);
+        return import;
+    }
+    if (app.got_subcommand("detect")) {
+        return detect;
+    }
+    if (app.got_subcommand("check")) {
+        check.source = sourceOf(checkWords.source);
+        return check;
+    }
+    return SourcesRequest();
+}
+
+} // namespace Rellinor::Host

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <expected>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include <Rellinor/Models/ImportSource.hpp>
+
+#include "Host/ImportCommand.hpp"
+
+namespace Rellinor::Host {
+
+/// `rellinor import`, and where the records are to go.
+struct ImportRequest {
+    ImportOptions options;
+    std::optional<std::string> output; ///< absent for the standard output
+    bool force = false;
+};
+
+/// `rellinor detect`.
+struct DetectRequest {
+    std::vector<std::string> paths;
+};
+
+/// `rellinor check`.
+struct CheckRequest {
+    std::optional<ImportSource> source; ///< absent to find out for each path
+    std::vector<std::string> paths;
+};
+
+/// `rellinor sources`.
+struct SourcesRequest {};
+
+using Request = std::variant<ImportRequest, DetectRequest, CheckRequest, SourcesRequest>;
+
+/// What the command line asks for. If that is the version or help, or nothing that makes sense,
+/// then that is answered, and the exit status returned instead.
+[[nodiscard]] std::expected<Request, int> readCommandLine(int argc, char* argv[]);
+
+} // namespace Rellinor::Host

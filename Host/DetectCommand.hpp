@@ -1,0 +1,13 @@
+#pragma once
+
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+namespace Rellinor::Host {
+
+/// Shows on `out`, one line for each path, what it most likely is and why. Returns the exit status:
+/// success only if an import can read every one.
+[[nodiscard]] int runDetect(const std::vector<std::string>& paths, std::ostream& out);
+
+} // namespace Rellinor::Host

@@ -1,0 +1,30 @@
+#include "Host/FileContents.hpp"
+
+#include <algorithm>
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <system_error>
+
+namespace Rellinor::Host {
+
+std::optional<std::string> contentsOf(const std::string& path, std::size_t limit) {
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(path, error)) {
+        return std::nullopt;
+    }
+    const std::uintmax_t size = std::filesystem::file_size(path, error);
+    std::ifstream file(path, std::ios::binary);
+    if (error || !file) {
+        return std::nullopt;
+    }
+    std::string contents(static_cast<std::size_t>(std::min<std::uintmax_t>(size, limit)), '\0');
+    file.read(contents.data(), static_cast<std::streamsize>(contents.size()));
+    if (file.bad()) {
+        return std::nullopt;
+    }
+    contents.resize(static_cast<std::size_t>(file.gcount()));
+    return contents;
+}
+
+} // namespace Rellinor::Host

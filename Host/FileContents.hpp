@@ -1,0 +1,15 @@
+#pragma once
+
+#include <cstddef>
+#include <limits>
+#include <optional>
+#include <string>
+
+namespace Rellinor::Host {
+
+/// The bytes of a regular file, or its first `limit` bytes. Absent if there is no such file, if it
+/// cannot be read, and for anything else that has a name: what comes out of a pipe is the import's.
+[[nodiscard]] std::optional<std::string>
+contentsOf(const std::string& path, std::size_t limit = std::numeric_limits<std::size_t>::max());
+
+} // namespace Rellinor::Host

@@ -1,0 +1,9 @@
+#include "Host/Inspection/Inspectors.hpp"
+
+namespace Rellinor::Host {
+
+Inspection inspectKeePass(const std::string& /*path*/, const RecordsResult& /*result*/) {
+    return {};
+}
+
+} // namespace Rellinor::Host

@@ -1,0 +1,9 @@
+#include "Host/Inspection/Inspectors.hpp"
+
+namespace Rellinor::Host {
+
+Inspection inspectLastPass(const std::string& /*path*/, const RecordsResult& /*result*/) {
+    return {};
+}
+
+} // namespace Rellinor::Host
