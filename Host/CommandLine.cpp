@@ -56,8 +56,8 @@ struct Words {
 CLI::Option* addSource(CLI::App& command, Words& words) {
     return command
         .add_option("--source", words.source,
-                    "The product that wrote the files, as rellinor sources names it, or auto to "
-                    "find out")
+                    "The product that wrote the files, as rellinor\n"
+                    "sources names it, or auto to find out")
         ->type_name("SOURCE")
         ->check(knownTo(isSourceOrAutomatic, sourceNames, "rellinor sources lists the sources"));
 }
@@ -72,24 +72,27 @@ void addImport(CLI::App& app, ImportRequest& request, Words& words) {
     addSource(command, words)->required();
     command
         .add_option("--format", words.format,
-                    "summary: counts for each path; table: aligned, for people; "
-                    "json: one line for each path; "
+                    "summary: counts for each path;\n"
+                    "table: aligned, for people;\n"
+                    "json: one line for each path;\n"
                     "tirel: one Tirel export of all paths, never masked")
         ->type_name("FORMAT")
         ->capture_default_str()
         ->check(knownTo([](std::string_view word) { return formatNamed(word).has_value(); },
                         formatNames, "the formats are summary, table, json and tirel"));
     command.add_flag("--reveal", options.reveal,
-                     "Show passwords, card numbers, CVV and PIN instead of masking them, and "
-                     "allow a Tirel export on a terminal");
+                     "Show passwords, card numbers, CVV and PIN instead of\n"
+                     "masking them, and allow a Tirel export on a terminal");
     CLI::Option* const file =
         command
             .add_option("--output", request.output,
-                        "Write to this new file, for its owner alone, instead of standard output")
+                        "Write to this new file, for its owner alone, instead\n"
+                        "of standard output")
             ->type_name("FILE");
     command.add_flag("--force", request.force, "Replace the output file if it exists")->needs(file);
     command.add_flag("--keep-importer", options.keepImporter,
-                     "Use one importer for all paths instead of a fresh one for each");
+                     "Use one importer for all paths instead of a fresh\n"
+                     "one for each");
     addPaths(command, options.paths);
 }
 
@@ -99,8 +102,9 @@ void addDetect(CLI::App& app, DetectRequest& request) {
 }
 
 void addCheck(CLI::App& app, CheckRequest& request, Words& words) {
-    CLI::App& command = *app.add_subcommand(
-        "check", "Tell what an import would bring, what it would leave out and what looks wrong");
+    CLI::App& command =
+        *app.add_subcommand("check", "Tell what an import would bring, what it would\n"
+                                     "leave out and what looks wrong");
     addSource(command, words);
     addPaths(command, request.paths);
 }
@@ -127,6 +131,7 @@ std::expected<Request, int> readCommandLine(int argc, char* argv[]) {
     CLI::App app("Imports what other password managers and browsers hold", "rellinor");
     app.set_version_flag("--version", "rellinor " RELLINOR_VERSION);
     app.require_subcommand(1);
+    app.get_formatter()->column_width(27);
     ImportRequest import;
     DetectRequest detect;
     CheckRequest check;

@@ -1,0 +1,26 @@
+# Completions of rellinor for fish.
+
+set -l commands import detect check sources
+set -l sources auto chrome lastPass dashlane onePassword tirel keePass keePassXC firefox
+set -l formats summary table json tirel
+
+complete -c rellinor -f
+complete -c rellinor -s h -l help -d 'Show how to use it'
+
+set -l none "not __fish_seen_subcommand_from $commands"
+complete -c rellinor -n $none -l version -d 'Show the version'
+complete -c rellinor -n $none -a import -d 'Import files and show what they hold'
+complete -c rellinor -n $none -a detect -d 'Tell which source files come from'
+complete -c rellinor -n $none -a check -d 'Tell what an import would leave out'
+complete -c rellinor -n $none -a sources -d 'List the sources'
+
+set -l paths '__fish_seen_subcommand_from import detect check'
+complete -c rellinor -n $paths -F
+set -l source '__fish_seen_subcommand_from import check'
+complete -c rellinor -n $source -l source -x -a "$sources" -d 'The product that wrote the files'
+set -l import '__fish_seen_subcommand_from import'
+complete -c rellinor -n $import -l format -x -a "$formats" -d 'How the records are shown'
+complete -c rellinor -n $import -l reveal -d 'Show secrets instead of masking them'
+complete -c rellinor -n $import -l output -r -F -d 'Write to this new file'
+complete -c rellinor -n $import -l force -d 'Replace the output file'
+complete -c rellinor -n $import -l keep-importer -d 'Use one importer for all paths'
