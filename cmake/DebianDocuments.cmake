@@ -1,4 +1,5 @@
-# Gives every Debian package the two documents that it must have: its licences and what changed.
+# Gives every Debian package the documents that it must have, its licences and what changed, and
+# compresses manual pages.
 # cpack runs this once everything is in its folders.
 
 cmake_path(GET CMAKE_CURRENT_LIST_DIR PARENT_PATH root)
@@ -14,3 +15,6 @@ foreach(component IN LISTS CPACK_COMPONENTS_ALL)
         COMMAND gzip --best --no-name --stdout "${root}/CHANGELOG.md"
         OUTPUT_FILE "${folder}/changelog.gz" COMMAND_ERROR_IS_FATAL ANY)
 endforeach()
+
+file(GLOB manuals "${CPACK_TEMPORARY_INSTALL_DIRECTORY}/*/usr/share/man/man1/*.1")
+execute_process(COMMAND gzip --best --no-name ${manuals} COMMAND_ERROR_IS_FATAL ANY)
