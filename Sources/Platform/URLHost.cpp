@@ -10,19 +10,25 @@ namespace Rellinor {
 
 namespace {
 
-/// Tells most texts apart without parsing them: only an authority that spells the host, or escapes
-/// some of its characters, can have it.
+/// Tells most texts apart without parsing them: only an authority that begins with the host, has a
+/// user before it, or escapes some of its characters, can have it.
 bool mayHaveHost(std::string_view text, std::string_view host) noexcept {
     const auto slashes = text.find("//");
     if (slashes == std::string_view::npos) {
         return false;
     }
     const std::string_view rest = text.substr(slashes + 2);
+    if (rest.starts_with(host)) {
+        return true;
+    }
+    if (!rest.contains('@') && !rest.contains('%')) {
+        return false; // which settles nearly all
+    }
     const auto endOfAuthority = std::ranges::find_if(rest, [](char character) {
         return character == '/' || character == '?' || character == '#';
     });
     const std::string_view authority(rest.begin(), endOfAuthority);
-    return authority.contains(host) || authority.contains('%');
+    return authority.contains('@') || authority.contains('%');
 }
 
 } // namespace

@@ -14,6 +14,7 @@ namespace Rellinor {
 namespace {
 
 constexpr std::string_view hostOfSecureNotes = "sn";
+constexpr std::string_view urlOfSecureNotes = "http://sn"; // as the product writes it
 constexpr std::string_view nothingInRecord = "All the fileds appear to be empty";
 
 // Quirk: a missing column counts as non-empty.
@@ -38,7 +39,7 @@ bool LastPassImporter::isPassword(const RawRecord& record) noexcept {
 
 bool LastPassImporter::isNote(const RawRecord& record) noexcept {
     const auto url = record[LastPassRecordKey::url];
-    return url && hasHost(*url, hostOfSecureNotes);
+    return url && (*url == urlOfSecureNotes || hasHost(*url, hostOfSecureNotes));
 }
 
 Built<ImportedPassword> LastPassImporter::buildPassword(const RawRecord& record) noexcept {
