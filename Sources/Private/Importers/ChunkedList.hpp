@@ -16,11 +16,11 @@ template <typename Element>
 class ChunkedList {
 public:
     /// @throws std::bad_alloc  the list is then as it was
-    void append(Element element) {
+    void append(const Element& element) {
         if (_chunks.empty() || _chunks.back().size() == _chunks.back().capacity()) {
             addChunk();
         }
-        _chunks.back().push_back(std::move(element));
+        _chunks.back().push_back(element);
         ++_size;
     }
 

@@ -78,9 +78,9 @@ private:
     }
 
     template <typename Record>
-    static void keep(Built<Record> built, ChunkedList<Record>& list) {
+    static void keep(const Built<Record>& built, ChunkedList<Record>& list) {
         if (built) {
-            list.append(*std::move(built));
+            list.append(*built);
         }
     }
 };
