@@ -43,6 +43,11 @@ public:
         return mask;
     }
 
+    /// Which bytes are one of the characters.
+    [[nodiscard]] std::uint64_t equalTo(char one, char other) const noexcept {
+        return equalTo(one) | equalTo(other);
+    }
+
 private:
     static constexpr std::uint64_t ones = 0x0101010101010101U;
     static constexpr std::uint64_t highBits = 0x80U * ones;
@@ -64,18 +69,32 @@ public:
     /// Which bytes are the character.
     [[nodiscard]] std::uint64_t equalTo(char character) const noexcept {
         const __m128i wanted = ::_mm_set1_epi8(character);
-        std::uint64_t mask = 0;
-        for (std::size_t index = 0; index < _parts.size(); ++index) {
-            const int equal = ::_mm_movemask_epi8(::_mm_cmpeq_epi8(_parts[index].bytes, wanted));
-            mask |= std::uint64_t{static_cast<std::uint16_t>(equal)} << (16 * index);
-        }
-        return mask;
+        return mask([&](__m128i bytes) { return ::_mm_cmpeq_epi8(bytes, wanted); });
+    }
+
+    /// Which bytes are one of the characters.
+    [[nodiscard]] std::uint64_t equalTo(char one, char other) const noexcept {
+        const __m128i first = ::_mm_set1_epi8(one);
+        const __m128i second = ::_mm_set1_epi8(other);
+        return mask([&](__m128i bytes) {
+            return ::_mm_or_si128(::_mm_cmpeq_epi8(bytes, first), ::_mm_cmpeq_epi8(bytes, second));
+        });
     }
 
 private:
     struct Part {
         __m128i bytes;
     };
+
+    /// One bit for each byte: the highest of what `compare` makes of it.
+    [[nodiscard]] std::uint64_t mask(auto&& compare) const noexcept {
+        std::uint64_t mask = 0;
+        for (std::size_t index = 0; index < _parts.size(); ++index) {
+            const int high = ::_mm_movemask_epi8(compare(_parts[index].bytes));
+            mask |= std::uint64_t{static_cast<std::uint16_t>(high)} << (16 * index);
+        }
+        return mask;
+    }
 
     std::array<Part, 4> _parts{};
 };

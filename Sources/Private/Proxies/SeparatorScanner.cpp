@@ -34,8 +34,10 @@ void SeparatorScanner::scanNextBlock() noexcept {
     static_assert(blockSize == ByteBlock::size);
 
     const ByteBlock block = firstBlock(_text.substr(_nextBlock));
-    const std::uint64_t insideQuotes = prefixParity(block.equalTo('"')) ^ _insideQuotes;
-    _separators = (block.equalTo(',') | block.equalTo('\n')) & ~insideQuotes;
+    const std::uint64_t quotes = block.equalTo('"');
+    const std::uint64_t insideQuotes =
+        quotes == 0 ? _insideQuotes : prefixParity(quotes) ^ _insideQuotes;
+    _separators = block.equalTo(',', '\n') & ~insideQuotes;
     _insideQuotes = std::uint64_t{0} - (insideQuotes >> (blockSize - 1));
     _nextBlock += blockSize;
 }
