@@ -14,6 +14,7 @@
 #include "Host/ExitStatus.hpp"
 #include "Host/ImportCommand.hpp"
 #include "Host/OutputFile.hpp"
+#include "Host/ProcessState.hpp"
 #include "Host/Source.hpp"
 #include "Host/Terminal.hpp"
 
@@ -69,6 +70,10 @@ int run(int argc, char* argv[]) {
 } // namespace
 
 int main(int argc, char* argv[]) {
+    if (!openMissingStreams()) {
+        return ExitStatus::unwritableOutput;
+    }
+    protectSecrets();
     // A file that would grow beyond its limit is output that cannot be written, not an end.
     ::signal(SIGXFSZ, SIG_IGN);
     try {
