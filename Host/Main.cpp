@@ -2,6 +2,7 @@
 
 #include <exception>
 #include <iostream>
+#include <new>
 #include <variant>
 
 #include <signal.h> // NOLINT(modernize-deprecated-headers): SIGXFSZ is POSIX
@@ -80,6 +81,9 @@ int main(int argc, char* argv[]) {
         return run(argc, argv);
     } catch (const OutputError& error) {
         std::cerr << "rellinor: " << displayText(error.what()) << '\n';
+        return ExitStatus::unwritableOutput;
+    } catch (const std::bad_alloc&) {
+        std::cerr << "rellinor: there is not enough memory\n";
         return ExitStatus::unwritableOutput;
     } catch (const std::exception& exception) {
         std::cerr << "rellinor: " << displayText(exception.what()) << '\n';
