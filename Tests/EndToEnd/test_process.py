@@ -166,12 +166,14 @@ class ClosedStreams(Case):
 
     def test_messages_for_a_closed_stream_get_into_no_file(self):
         path = self.export()
-        ended = self.imported("--format", "json", "--output", self.output, "/nowhere", path,
-                              stderr=subprocess.DEVNULL, preexec_fn=closing(0, 2))
-        self.assertEqual((ended.returncode, ended.stdout), (1, ""))
-        lines = self.output.read_text().splitlines()
-        self.assertEqual([list(json.loads(line)) for line in lines],
-                         [["error"], ["passwords", "notes", "cards"]])
+        for closed in ([2], [0, 2]):
+            ended = self.imported("--format", "json", "--output", self.output, "--force",
+                                  "/nowhere", path, stderr=subprocess.DEVNULL,
+                                  preexec_fn=closing(*closed))
+            self.assertEqual((ended.returncode, ended.stdout), (1, ""))
+            lines = self.output.read_text().splitlines()
+            self.assertEqual([list(json.loads(line)) for line in lines],
+                             [["error"], ["passwords", "notes", "cards"]])
 
     def test_without_a_standard_input_or_error_it_does_its_work(self):
         path = self.export()
