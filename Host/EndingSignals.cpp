@@ -11,7 +11,8 @@ namespace {
 /// Those by which a person or the system ends a process.
 constexpr int endingSignals[] = {SIGHUP, SIGINT, SIGPIPE, SIGQUIT, SIGTERM, SIGXCPU};
 
-std::atomic<const char*> fileToRemove = nullptr; // a handler can reach nothing else
+/// A handler can reach nothing else.
+std::atomic<const char*> fileToRemove = nullptr; // NOLINT(*-non-const-global-variables)
 static_assert(std::atomic<const char*>::is_always_lock_free);
 
 extern "C" void removeFileAndEnd(int signal) {

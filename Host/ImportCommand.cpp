@@ -71,7 +71,8 @@ int import(const ImportOptions& options, const Terminal& terminal, std::ostream&
     int status = ExitStatus::success;
     for (const std::string& path : options.paths) {
         const auto say = [&](std::string_view message) {
-            errors << "rellinor: " << (path.empty() ? "\"\"" : displayText(path)) << ": " << displayText(message) << '\n';
+            errors << "rellinor: " << (path.empty() ? "\"\"" : displayText(path)) << ": "
+                   << displayText(message) << '\n';
         };
         const std::optional<ImportSource> source =
             options.source ? options.source : found(path, say);

@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <cstdlib>
+#include <memory>
 #include <string_view>
 #include <system_error>
 
@@ -21,8 +22,9 @@ std::string_view variable(const char* name) {
 /// The number of columns that a text names; absent if that makes no sense.
 std::optional<std::size_t> columnsNamed(std::string_view text) {
     unsigned short columns = 0; // as wide as a terminal can say that it is
-    const char* const end = text.data() + text.size();
-    const auto [rest, error] = std::from_chars(text.data(), end, columns);
+    const char* const begin = std::to_address(text.begin());
+    const char* const end = std::to_address(text.end());
+    const auto [rest, error] = std::from_chars(begin, end, columns);
     return error == std::errc() && rest == end && columns > 0 ? std::optional<std::size_t>(columns)
                                                               : std::nullopt;
 }

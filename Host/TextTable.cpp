@@ -110,10 +110,10 @@ void TextTable::write(std::span<const Cell> row, std::ostream& out) const {
 }
 
 void TextTable::fitTerminal() {
-    std::vector<std::size_t> widths;
-    for (std::size_t i = 0; i < _columns.size(); ++i) {
-        widths.push_back(
-            std::min(_widths[i], _columns[i].isWhole ? narrowestWholeColumn : narrowestColumn));
+    std::vector<std::size_t> widths = _widths;
+    for (std::size_t i = 0; i < widths.size(); ++i) {
+        widths[i] =
+            std::min(widths[i], _columns[i].isWhole ? narrowestWholeColumn : narrowestColumn);
     }
     const std::size_t gaps = gap.size() * widths.size();
     _isList = gaps + sum(widths) > *_terminal.width;
