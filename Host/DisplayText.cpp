@@ -1,6 +1,7 @@
 #include "Host/DisplayText.hpp"
 
 #include <algorithm>
+#include <utility>
 
 #include <utf8proc.h>
 
@@ -21,28 +22,50 @@ utf8proc_int32_t takeCodePoint(std::string_view& text) {
     return length > 0 ? codePoint : replacementCharacter;
 }
 
-utf8proc_int32_t displayable(utf8proc_int32_t codePoint) {
-    constexpr utf8proc_int32_t controlPictures = 0x2400;
-    constexpr utf8proc_int32_t deleteCharacter = 0x7F;
-    constexpr utf8proc_int32_t zeroWidthJoiner = 0x200D; // holds emoji together
+/// What is shown of the code points of a text, taken one after the other.
+class Display {
+public:
+    utf8proc_int32_t operator()(utf8proc_int32_t codePoint) {
+        const utf8proc_int32_t shown = displayable(codePoint);
+        _inFlag = shown == blackFlag || (_inFlag && isTag(shown));
+        return shown;
+    }
 
-    if (codePoint < ' ') {
-        return controlPictures + codePoint;
+private:
+    static constexpr utf8proc_int32_t blackFlag = 0x1F3F4;
+
+    /// Whether it is one of the letters that make Scotland's flag of a black one.
+    static bool isTag(utf8proc_int32_t codePoint) {
+        return codePoint >= 0xE0020 && codePoint <= 0xE007F;
     }
-    if (codePoint == deleteCharacter) {
-        return controlPictures + ' ' + 1;
+
+    [[nodiscard]] utf8proc_int32_t displayable(utf8proc_int32_t codePoint) const {
+        constexpr utf8proc_int32_t controlPictures = 0x2400;
+        constexpr utf8proc_int32_t deleteCharacter = 0x7F;
+        constexpr utf8proc_int32_t zeroWidthJoiner = 0x200D; // holds emoji together
+
+        if (codePoint < ' ') {
+            return controlPictures + codePoint;
+        }
+        if (codePoint == deleteCharacter) {
+            return controlPictures + ' ' + 1;
+        }
+        switch (::utf8proc_category(codePoint)) {
+        case UTF8PROC_CATEGORY_CF:
+            return codePoint == zeroWidthJoiner || (_inFlag && isTag(codePoint))
+                       ? codePoint
+                       : replacementCharacter;
+        case UTF8PROC_CATEGORY_CC:
+        case UTF8PROC_CATEGORY_ZL:
+        case UTF8PROC_CATEGORY_ZP:
+            return replacementCharacter;
+        default:
+            return codePoint;
+        }
     }
-    switch (::utf8proc_category(codePoint)) {
-    case UTF8PROC_CATEGORY_CF:
-        return codePoint == zeroWidthJoiner ? codePoint : replacementCharacter;
-    case UTF8PROC_CATEGORY_CC:
-    case UTF8PROC_CATEGORY_ZL:
-    case UTF8PROC_CATEGORY_ZP:
-        return replacementCharacter;
-    default:
-        return codePoint;
-    }
-}
+
+    bool _inFlag = false;
+};
 
 void append(std::string& text, utf8proc_int32_t codePoint) {
     utf8proc_uint8_t bytes[4]; // NOLINT(*-avoid-c-arrays): what the library fills
@@ -50,8 +73,48 @@ void append(std::string& text, utf8proc_int32_t codePoint) {
     text.append(bytes, bytes + length);
 }
 
-std::size_t widthOf(utf8proc_int32_t codePoint) {
-    return static_cast<std::size_t>(std::max(::utf8proc_charwidth(codePoint), 0));
+/// Whether a terminal shows two columns of it once a variation selector asks for an emoji.
+bool mayBecomeEmoji(utf8proc_int32_t codePoint) {
+    return (codePoint >= '0' && codePoint <= '9') || codePoint == '#' || codePoint == '*' ||
+           ::utf8proc_get_property(codePoint)->boundclass ==
+               UTF8PROC_BOUNDCLASS_EXTENDED_PICTOGRAPHIC;
+}
+
+/// The columns of a text whose code points come one after the other. A grapheme cluster takes what
+/// its code points take, but two at most: a family is as wide as one of its members.
+class Columns {
+public:
+    /// Whether a cluster begins with this code point.
+    bool add(utf8proc_int32_t codePoint) {
+        constexpr utf8proc_int32_t emojiSelector = 0xFE0F;
+        constexpr std::size_t widestCluster = 2;
+
+        const bool begins =
+            _last == 0 || ::utf8proc_grapheme_break_stateful(_last, codePoint, &_state);
+        if (begins) {
+            _before += std::exchange(_cluster, 0);
+        }
+        _cluster += codePoint == emojiSelector && mayBecomeEmoji(_last)
+                        ? widestCluster
+                        : static_cast<std::size_t>(std::max(::utf8proc_charwidth(codePoint), 0));
+        _cluster = std::min(_cluster, widestCluster);
+        _last = codePoint;
+        return begins;
+    }
+
+    [[nodiscard]] std::size_t count() const noexcept { return _before + _cluster; }
+
+private:
+    std::size_t _before = 0;
+    std::size_t _cluster = 0;
+    utf8proc_int32_t _last = 0;
+    utf8proc_int32_t _state = 0;
+};
+
+/// Whether every byte is a character that is shown as it is, in one column. That is so of nearly
+/// every text, and soon told.
+bool isPlain(std::string_view text) {
+    return std::ranges::all_of(text, [](char letter) { return letter >= ' ' && letter <= '~'; });
 }
 
 } // namespace
@@ -59,18 +122,22 @@ std::size_t widthOf(utf8proc_int32_t codePoint) {
 std::string displayText(std::string_view text) {
     std::string displayed;
     displayed.reserve(text.size());
+    Display display;
     while (!text.empty()) {
-        append(displayed, displayable(takeCodePoint(text)));
+        append(displayed, display(takeCodePoint(text)));
     }
     return displayed;
 }
 
 std::size_t displayWidth(std::string_view text) {
-    std::size_t width = 0;
-    while (!text.empty()) {
-        width += widthOf(takeCodePoint(text));
+    if (isPlain(text)) {
+        return text.size();
     }
-    return width;
+    Columns columns;
+    while (!text.empty()) {
+        columns.add(takeCodePoint(text));
+    }
+    return columns.count();
 }
 
 bool isBlank(std::string_view text) {
@@ -84,19 +151,32 @@ bool isBlank(std::string_view text) {
 }
 
 std::string shortened(std::string_view text, std::size_t width) {
-    if (displayWidth(text) <= width) {
-        return std::string(text);
+    constexpr std::string_view ellipsis = "…";
+    const std::size_t longest = width * bytesPerColumn;
+
+    if (isPlain(text.substr(0, width + 1))) {
+        std::string plain(text.substr(0, text.size() > width ? width - 1 : width));
+        plain += text.size() > width ? ellipsis : "";
+        return plain;
     }
     std::string beginning;
-    std::size_t columns = 1; // of the ellipsis
-    for (;;) {
-        const utf8proc_int32_t codePoint = takeCodePoint(text);
-        columns += widthOf(codePoint);
-        if (columns > width) {
-            return beginning + "…";
+    std::size_t end = 0; // of what leaves room for the ellipsis
+    Display display;
+    Columns columns;
+    while (!text.empty()) {
+        const utf8proc_int32_t codePoint = display(takeCodePoint(text));
+        const std::size_t before = columns.count();
+        if (columns.add(codePoint) && before < width) {
+            end = beginning.size();
         }
         append(beginning, codePoint);
+        if (columns.count() > width || beginning.size() > longest) {
+            beginning.resize(end);
+            beginning += ellipsis;
+            break;
+        }
     }
+    return beginning;
 }
 
 } // namespace Rellinor::Host

@@ -27,13 +27,13 @@ namespace {
 
 constexpr std::array<std::string_view, 4> formats = {"summary", "table", "json", "tirel"};
 
-std::unique_ptr<RecordsFormat> makeFormat(const ImportOptions& options) {
+std::unique_ptr<RecordsFormat> makeFormat(const ImportOptions& options, const Terminal& terminal) {
     const Secrets secrets = options.reveal ? Secrets::revealed : Secrets::masked;
     switch (options.format) {
     case Format::summary:
         return std::make_unique<SummaryFormat>();
     case Format::table:
-        return std::make_unique<TableFormat>(secrets);
+        return std::make_unique<TableFormat>(secrets, terminal);
     case Format::json:
         return std::make_unique<JSONFormat>(secrets);
     case Format::tirel:
@@ -64,13 +64,15 @@ std::span<const std::string_view> formatNames() {
     return formats;
 }
 
-int import(const ImportOptions& options, std::ostream& out, std::ostream& errors) {
-    const std::unique_ptr<RecordsFormat> format = makeFormat(options);
+int import(const ImportOptions& options, const Terminal& terminal, std::ostream& out,
+           std::ostream& errors) {
+    const std::unique_ptr<RecordsFormat> format = makeFormat(options, terminal);
     std::optional<RecordsImporter> importer;
     int status = ExitStatus::success;
     for (const std::string& path : options.paths) {
         const auto say = [&](std::string_view message) {
-            errors << "rellinor: " << displayText(path) << ": " << displayText(message) << '\n';
+            errors << "rellinor: " << (path.empty() ? "\"\"" : displayText(path)) << ": "
+                   << displayText(message) << '\n';
         };
         const std::optional<ImportSource> source =
             options.source ? options.source : found(path, say);

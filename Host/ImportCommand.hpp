@@ -10,6 +10,8 @@
 
 #include <Rellinor/Models/ImportSource.hpp>
 
+#include "Host/Terminal.hpp"
+
 namespace Rellinor::Host {
 
 /// How the records are shown.
@@ -35,9 +37,10 @@ struct ImportOptions {
     std::vector<std::string> paths;
 };
 
-/// Imports every path in order, and shows the records on `out`. On `errors` it writes one line for
-/// each failure, and one for whatever somebody should know who thinks of deleting the file. Returns
-/// the exit status.
-[[nodiscard]] int import(const ImportOptions& options, std::ostream& out, std::ostream& errors);
+/// Imports every path in order, and shows the records on `out`, which is that terminal. On `errors`
+/// it writes one line for each failure, and one for whatever somebody should know who thinks of
+/// deleting the file. Returns the exit status.
+[[nodiscard]] int import(const ImportOptions& options, const Terminal& terminal, std::ostream& out,
+                         std::ostream& errors);
 
 } // namespace Rellinor::Host

@@ -2,6 +2,7 @@
 
 #include <exception>
 #include <iostream>
+#include <new>
 #include <variant>
 
 #include <signal.h> // NOLINT(modernize-deprecated-headers): SIGXFSZ is POSIX
@@ -14,30 +15,33 @@
 #include "Host/ExitStatus.hpp"
 #include "Host/ImportCommand.hpp"
 #include "Host/OutputFile.hpp"
+#include "Host/ProcessState.hpp"
 #include "Host/Source.hpp"
+#include "Host/Terminal.hpp"
 
 namespace {
 
 using namespace Rellinor::Host; // NOLINT(google-build-using-namespace)
 
 /// Whether an export would show its secrets to whoever looks at the screen.
-bool exposesSecrets(const ImportOptions& options) {
-    return options.format == Format::tirel && !options.reveal && ::isatty(STDOUT_FILENO) == 1;
+bool exposesSecrets(const ImportOptions& options, const Terminal& terminal) {
+    return options.format == Format::tirel && !options.reveal && terminal.width;
 }
 
 int answer(const ImportRequest& request) {
     if (request.output) {
         OutputFile file(*request.output, request.force ? Existing::replaced : Existing::kept);
-        const int status = import(request.options, file.stream(), std::cerr);
+        const int status = import(request.options, Terminal(), file.stream(), std::cerr);
         file.commit();
         return status;
     }
-    if (exposesSecrets(request.options)) {
+    const Terminal terminal = terminalAt(STDOUT_FILENO);
+    if (exposesSecrets(request.options, terminal)) {
         std::cerr << "rellinor: a Tirel export holds unmasked secrets: write it with --output "
                      "FILE, or show it with --reveal\n";
         return ExitStatus::wrongUsage;
     }
-    return import(request.options, std::cout, std::cerr);
+    return import(request.options, terminal, std::cout, std::cerr);
 }
 
 int answer(const DetectRequest& request) {
@@ -67,12 +71,19 @@ int run(int argc, char* argv[]) {
 } // namespace
 
 int main(int argc, char* argv[]) {
+    if (!openMissingStreams()) {
+        return ExitStatus::unwritableOutput;
+    }
+    protectSecrets();
     // A file that would grow beyond its limit is output that cannot be written, not an end.
     ::signal(SIGXFSZ, SIG_IGN);
     try {
         return run(argc, argv);
     } catch (const OutputError& error) {
         std::cerr << "rellinor: " << displayText(error.what()) << '\n';
+        return ExitStatus::unwritableOutput;
+    } catch (const std::bad_alloc&) {
+        std::cerr << "rellinor: there is not enough memory\n";
         return ExitStatus::unwritableOutput;
     } catch (const std::exception& exception) {
         std::cerr << "rellinor: " << displayText(exception.what()) << '\n';

@@ -11,6 +11,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "Host/EndingSignals.hpp"
+
 namespace Rellinor::Host {
 
 OutputFile::OutputFile(std::string path, Existing existing)
@@ -18,6 +20,7 @@ OutputFile::OutputFile(std::string path, Existing existing)
 
 OutputFile::~OutputFile() {
     ::unlink(_temporary.c_str()); // after a renaming there is none
+    removeOnEndingSignal(nullptr);
 }
 
 void OutputFile::commit() {
@@ -57,10 +60,13 @@ int OutputFile::open() {
     }
     // In the same folder, since nothing can be renamed from one file system to another.
     _temporary = std::filesystem::path(_path).replace_filename(".rellinor-XXXXXX").string();
+    const EndingSignalsHeld
+        held; // or one that came between the next two lines would leave the file
     const int descriptor = ::mkostemp(_temporary.data(), O_CLOEXEC); // with mode 0600
     if (descriptor < 0) {
         fail(errno);
     }
+    removeOnEndingSignal(_temporary.c_str());
     return descriptor;
 }
 

@@ -24,7 +24,9 @@ enum class Existing : std::uint8_t {
 /// A file that is there whole or not at all, readable and writable for its owner alone.
 ///
 /// It is written beside its place under another name, and takes its own when it is complete. A link
-/// counts as a file of its own: it is kept or replaced, never followed.
+/// counts as a file of its own: it is kept or replaced, never followed. A signal that ends the
+/// process leaves nothing behind, unless it is one that cannot be caught. There is one such file at
+/// a time.
 class OutputFile {
 public:
     /// @throws OutputError  there is such a file that is to be kept, or that is neither a file

@@ -1,107 +1,100 @@
 #include "Host/TableFormat.hpp"
 
-#include <algorithm>
 #include <cstddef>
-#include <cstdint>
 #include <optional>
 #include <ostream>
+#include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "Host/DisplayText.hpp"
+#include "Host/TextTable.hpp"
 
 namespace Rellinor::Host {
 
 namespace {
 
-constexpr std::size_t widestColumn = 36;
+using Row = std::vector<Cell>;
 
-/// Enough of a text to fill a column, whatever characters it is made of: nobody sees the rest of a
-/// text of many megabytes.
-constexpr std::size_t longestCell = std::size_t{64} * widestColumn;
+constexpr Column passwordColumns[] = {
+    {"SERVICE"}, {"USERNAME"}, {"PASSWORD", true}, {"URL"}, {"NOTE"}};
 
-using Row = std::vector<std::string>;
+constexpr Column noteColumns[] = {{"TITLE"}, {"CONTENT"}};
 
-std::string cell(std::string_view text) {
-    return shortened(displayText(text.substr(0, longestCell)), widestColumn);
-}
+constexpr Column cardColumns[] = {{"NAME"},      {"HOLDER"},        {"NUMBER", true}, {"CVV", true},
+                                  {"PIN", true}, {"EXPIRES", true}, {"NOTE"}};
 
-std::string cell(std::int64_t number) {
-    return std::to_string(number);
-}
+/// Makes the cells of records.
+class Cells {
+public:
+    Cells(Secrets secrets, std::size_t widest) noexcept : _secrets(secrets), _widest(widest) {}
 
-template <typename Value>
-std::string cell(const std::optional<Value>& optional) {
-    return optional ? cell(*optional) : "-";
-}
-
-Row row(const ImportedPasswordInfoProviding& password, Secrets secrets) {
-    return {cell(password.service()), cell(password.username()),
-            cell(shown(password.password(), secrets)), cell(password.url()), cell(password.note())};
-}
-
-Row row(const ImportedNoteInfoProviding& note, Secrets /*secrets*/) {
-    return {cell(note.title()), cell(note.content())};
-}
-
-Row row(const ImportedCardInfoProviding& card, Secrets secrets) {
-    return {cell(card.custName()),
-            cell(card.holderName()),
-            cell(shown(card.cardNumber(), secrets)),
-            cell(shown(card.cvv(), secrets)),
-            cell(shown(card.pin(), secrets)),
-            cell(card.expirationDay()) + '.' + cell(card.expirationMonth()) + '.' +
-                cell(card.expirationYear()),
-            cell(card.note())};
-}
-
-void writeRow(const Row& row, const std::vector<std::size_t>& widths, std::ostream& out) {
-    std::string line;
-    for (std::size_t column = 0; column < row.size(); ++column) {
-        line += "  ";
-        line += row[column];
-        line.append(widths[column] - displayWidth(row[column]), ' ');
+    [[nodiscard]] Row row(const ImportedPasswordInfoProviding& password) const {
+        return {cellOrDash(password.service()), cell(password.username()),
+                secret(password.password()), cell(password.url()), cellOrDash(password.note())};
     }
-    line.erase(line.find_last_not_of(' ') + 1);
-    out << line << '\n';
-}
 
-void writeTable(std::string_view title, Row header, const auto& records, Secrets secrets,
-                std::ostream& out) {
+    [[nodiscard]] Row row(const ImportedNoteInfoProviding& note) const {
+        return {cell(note.title()), cell(note.content())};
+    }
+
+    [[nodiscard]] Row row(const ImportedCardInfoProviding& card) const {
+        return {cell(card.custName()),
+                cell(card.holderName()),
+                secret(card.cardNumber()),
+                secret(card.cvv()),
+                secret(card.pin()),
+                cell(std::to_string(card.expirationDay()) + '.' +
+                     std::to_string(card.expirationMonth()) + '.' +
+                     std::to_string(card.expirationYear())),
+                cell(card.note())};
+    }
+
+private:
+    [[nodiscard]] Cell cell(std::string_view text) const {
+        return {.text = shortened(text, _widest)};
+    }
+
+    [[nodiscard]] Cell cellOrDash(const std::optional<std::string_view>& text) const {
+        return text ? cell(*text) : Cell{.text = "-", .style = Style::dim};
+    }
+
+    [[nodiscard]] Cell secret(std::string_view text) const {
+        Cell made = cell(shown(text, _secrets));
+        made.style = _secrets == Secrets::masked ? Style::dim : Style::plain;
+        return made;
+    }
+
+    Secrets _secrets;
+    std::size_t _widest;
+};
+
+void writeTable(std::string_view title, std::span<const Column> columns, const auto& records,
+                Secrets secrets, const Terminal& terminal, std::ostream& out) {
     if (records.empty()) {
         return;
     }
-    std::vector<Row> rows{std::move(header)};
+    TextTable table(columns, terminal);
+    const Cells cells(secrets, table.widest());
     for (const auto& record : records) {
-        rows.push_back(row(*record, secrets));
+        table.measure(cells.row(*record));
     }
-    std::vector<std::size_t> widths(rows.front().size());
-    for (const Row& row : rows) {
-        for (std::size_t column = 0; column < row.size(); ++column) {
-            widths[column] = std::max(widths[column], displayWidth(row[column]));
-        }
-    }
-    Row rule;
-    for (const std::size_t width : widths) {
-        rule.emplace_back(width, '-');
-    }
-    rows.insert(rows.begin() + 1, std::move(rule));
-
-    out << '\n' << title << " (" << records.size() << ")\n";
-    for (const Row& row : rows) {
-        writeRow(row, widths, out);
+    const std::string heading = std::string(title) + " (" + std::to_string(records.size()) + ")";
+    out << '\n' << styled(heading, Style::bold, terminal) << '\n';
+    table.writeHeadings(out);
+    for (const auto& record : records) {
+        table.write(cells.row(*record), out);
     }
 }
 
 } // namespace
 
 void TableFormat::write(std::string_view path, const ImportedRecords& records, std::ostream& out) {
-    out << displayText(path) << '\n';
-    writeTable("Passwords", {"SERVICE", "USERNAME", "PASSWORD", "URL", "NOTE"}, records.passwords,
-               _secrets, out);
-    writeTable("Notes", {"TITLE", "CONTENT"}, records.notes, _secrets, out);
-    writeTable("Cards", {"NAME", "HOLDER", "NUMBER", "CVV", "PIN", "EXPIRES", "NOTE"},
-               records.cards, _secrets, out);
+    out << styled(displayText(path), Style::bold, _terminal) << '\n';
+    writeTable("Passwords", passwordColumns, records.passwords, _secrets, _terminal, out);
+    writeTable("Notes", noteColumns, records.notes, _secrets, _terminal, out);
+    writeTable("Cards", cardColumns, records.cards, _secrets, _terminal, out);
     if (records.passwords.empty() && records.notes.empty() && records.cards.empty()) {
         out << "\nno records\n";
     }

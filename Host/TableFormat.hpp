@@ -1,19 +1,23 @@
 #pragma once
 
 #include "Host/RecordsFormat.hpp"
+#include "Host/Terminal.hpp"
 
 namespace Rellinor::Host {
 
 /// Aligned columns for people: a heading for each path, and under it a table for each kind of
-/// record that it holds. Long texts are shortened, and no control character reaches the terminal.
+/// record that it holds. Texts are shortened to fit a terminal, but stay whole in a file; no
+/// control character of theirs reaches either.
 class TableFormat final : public RecordsFormat {
 public:
-    explicit TableFormat(Secrets secrets) noexcept : _secrets(secrets) {}
+    TableFormat(Secrets secrets, const Terminal& terminal) noexcept
+        : _secrets(secrets), _terminal(terminal) {}
 
     void write(std::string_view path, const ImportedRecords& records, std::ostream& out) override;
 
 private:
     Secrets _secrets;
+    Terminal _terminal;
 };
 
 } // namespace Rellinor::Host
