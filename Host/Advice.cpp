@@ -1,12 +1,16 @@
 #include "Host/Advice.hpp"
 
 #include <cstddef>
+#include <exception>
 #include <string_view>
 #include <vector>
 
 #include "Host/Counted.hpp"
 #include "Host/Detection/Detection.hpp"
+#include "Host/DisplayText.hpp"
 #include "Host/Inspection/Inspection.hpp"
+#include "Host/Inspection/Places.hpp"
+#include "Host/Obstacle.hpp"
 #include "Host/Source.hpp"
 
 namespace Rellinor::Host {
@@ -46,26 +50,76 @@ std::string joined(const std::vector<std::string>& parts, std::string_view joine
     return text;
 }
 
-} // namespace
+/// How to ask for more, as it can be pasted into a shell; without the path if that is odd.
+std::string command(const std::string& path, ImportSource source) {
+    constexpr std::string_view odd = "\t\n\r\"'`$\\!*?[]{}()<>|&;~#";
+    std::string text = "rellinor check";
+    const bool isOdd = path.find_first_of(odd) != std::string::npos || path.starts_with('-') ||
+                       displayText(path) != path;
+    if (!isOdd) {
+        const std::string_view quote = path.contains(' ') ? "'" : "";
+        text += " --source ";
+        text += nameOf(source);
+        text += ' ';
+        text += quote;
+        text += path;
+        text += quote;
+    }
+    return text;
+}
 
-std::string advice(const std::string& path, ImportSource source, const RecordsResult& result) {
+/// What looks wrong, in words if it is one thing alone.
+std::string wrongThings(const Inspection& inspection) {
+    constexpr std::size_t mostPlaces = 3;
+
+    const std::vector<Remark>& wrong = inspection.wrong;
+    if (wrong.size() != 1) {
+        return std::to_string(wrong.size()) + " things look wrong";
+    }
+    std::string text = "1 thing looks wrong: " + wrong.front().text;
+    if (!wrong.front().places.empty()) {
+        text += ", " + describedPlaces(wrong.front().places, inspection.place, mostPlaces);
+    }
+    return text;
+}
+
+std::string gist(const Inspection& inspection, bool imported) {
+    std::vector<std::string> parts;
+    if (const std::size_t count = inspection.countOfLeftOut(); count > 0 && imported) {
+        const std::string ofAll =
+            inspection.count ? " of " + counted(*inspection.count, inspection.unit) : "";
+        parts.push_back(
+            (ofAll.empty() ? counted(count, inspection.unit) : std::to_string(count) + ofAll) +
+            " left out");
+    }
+    if (!inspection.wrong.empty()) {
+        parts.push_back(wrongThings(inspection));
+    }
+    return joined(parts, ", ");
+}
+
+std::string composed(const std::string& path, ImportSource source, const RecordsResult& result) {
+    if (!result) {
+        if (std::string reason = obstacle(path, source); !reason.empty()) {
+            return reason;
+        }
+    }
     if (std::string other = otherLayout(path, source); !other.empty()) {
         return other;
     }
-    const Inspection inspection = inspect(path, source, result);
-    std::vector<std::string> parts;
-    if (const std::size_t count = inspection.countOfLeftOut(); count > 0 && result) {
-        parts.push_back(counted(count, inspection.unit) + " left out");
-    }
-    if (inspection.wrong.size() == 1) {
-        parts.push_back(inspection.wrong.front().text);
-    } else if (!inspection.wrong.empty()) {
-        parts.push_back(counted(inspection.wrong.size(), "thing") + " wrong with the file");
-    }
-    if (parts.empty()) {
+    const std::string text = gist(inspect(path, source, result), result.has_value());
+    return text.empty() ? "" : text + " (" + command(path, source) + " tells more)";
+}
+
+} // namespace
+
+std::string advice(const std::string& path, ImportSource source, const RecordsResult& result) {
+    // What cannot be told, for lack of memory above all, must not keep the records from arriving.
+    try {
+        return composed(path, source, result);
+    } catch (const std::exception&) {
         return {};
     }
-    return joined(parts, ", ") + " (rellinor check tells more)";
 }
 
 } // namespace Rellinor::Host

@@ -11,7 +11,22 @@ namespace Rellinor::Host {
 struct CSVRow {
     std::size_t line = 0;                ///< where it begins, counted from 1
     std::string_view text;               ///< all of it, with its quotes and line breaks
-    std::vector<std::string_view> cells; ///< as they stand, with their quotes
+    std::string_view written;            ///< as long as `text`, with `\"` as it stands in the file
+    std::vector<std::string_view> cells; ///< as they stand, with their quotes; not all of very many
+    std::size_t numberOfCells = 0;       ///< of all
+};
+
+/// The cells of a row as they stand, one after the other, however many there are.
+class CSVCells {
+public:
+    explicit CSVCells(std::string_view row) noexcept : _rest(row) {}
+
+    /// Reads the next cell into `cell`; false if there is none.
+    [[nodiscard]] bool next(std::string_view& cell) noexcept;
+
+private:
+    std::string_view _rest;
+    bool _ended = false;
 };
 
 /// A cell without the pair of quotes around it, if there is one: as it is imported.
@@ -22,14 +37,20 @@ struct CSVRow {
 /// is none.
 class CSVRows {
 public:
-    explicit CSVRows(std::string_view contents);
+    /// How many of a row's cells are listed, far more than any export has.
+    static constexpr std::size_t mostCells = 100;
+
+    explicit CSVRows(std::string_view contents) : CSVRows(std::string(contents)) {}
+
+    explicit CSVRows(std::string&& contents);
 
     /// Reads the next row into `row`; false if there is none.
     [[nodiscard]] bool next(CSVRow& row);
 
 private:
-    [[nodiscard]] std::string_view takeRow(std::size_t& line);
+    void takeRow(CSVRow& row);
 
+    std::string _written;
     std::string _text;
     std::size_t _position = 0;
     std::size_t _line = 1;
