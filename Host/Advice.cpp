@@ -68,32 +68,33 @@ std::string command(const std::string& path, ImportSource source) {
     return text;
 }
 
-/// What looks wrong, in words if it is one thing alone.
-std::string wrongThings(const Inspection& inspection) {
+std::string described(const Remark& remark, std::string_view place) {
     constexpr std::size_t mostPlaces = 3;
 
-    const std::vector<Remark>& wrong = inspection.wrong;
-    if (wrong.size() != 1) {
-        return std::to_string(wrong.size()) + " things look wrong";
-    }
-    std::string text = "1 thing looks wrong: " + wrong.front().text;
-    if (!wrong.front().places.empty()) {
-        text += ", " + describedPlaces(wrong.front().places, inspection.place, mostPlaces);
-    }
-    return text;
+    return remark.text +
+           (remark.places.empty() ? "" : ", " + describedPlaces(remark.places, place, mostPlaces));
 }
 
+std::string leftOut(const Inspection& inspection) {
+    const std::size_t count = inspection.countOfLeftOut();
+    return (inspection.count
+                ? std::to_string(count) + " of " + counted(*inspection.count, inspection.unit)
+                : counted(count, inspection.unit)) +
+           " left out";
+}
+
+/// What an inspection found; what looks wrong is put in words if it is one thing alone.
 std::string gist(const Inspection& inspection, bool imported) {
+    const std::size_t things = inspection.wrong.size();
     std::vector<std::string> parts;
-    if (const std::size_t count = inspection.countOfLeftOut(); count > 0 && imported) {
-        const std::string ofAll =
-            inspection.count ? " of " + counted(*inspection.count, inspection.unit) : "";
-        parts.push_back(
-            (ofAll.empty() ? counted(count, inspection.unit) : std::to_string(count) + ofAll) +
-            " left out");
+    if (imported && inspection.countOfLeftOut() > 0) {
+        parts.push_back(leftOut(inspection));
     }
-    if (!inspection.wrong.empty()) {
-        parts.push_back(wrongThings(inspection));
+    if (things == 1) {
+        parts.push_back((imported ? "1 thing looks wrong: " : "") +
+                        described(inspection.wrong.front(), inspection.place));
+    } else if (things > 1) {
+        parts.push_back(std::to_string(things) + " things look wrong");
     }
     return joined(parts, ", ");
 }

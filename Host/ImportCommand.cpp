@@ -88,7 +88,7 @@ int import(const ImportOptions& options, std::ostream& out, std::ostream& errors
                 status = ExitStatus::importFailed;
                 format->writeFailure(result.error(), out);
                 say("not imported as " + std::string(nameOf(*source)) + ": " +
-                    result.error().localizedDescription() + (told.empty() ? "" : "; " + told));
+                    result.error().localizedDescription() + (told.empty() ? "" : " " + told));
                 return;
             }
             format->write(path, *result, out);
