@@ -55,6 +55,16 @@ bool isClean(const RecordsResult& result, const Inspection& inspection) {
     return result && inspection.leftOut.empty() && inspection.wrong.empty();
 }
 
+void writeNothingToSay(const Inspection& inspection, std::ostream& out) {
+    out << "  ";
+    if (inspection.count && inspection.notImported.empty()) {
+        out << "everything would arrive, ";
+    } else if (inspection.count) {
+        out << "every " << inspection.unit << " would arrive, ";
+    }
+    out << "nothing looks wrong\n";
+}
+
 void write(const RecordsResult& result, const Inspection& inspection, std::ostream& out) {
     if (inspection.count) {
         out << ", " << counted(*inspection.count, inspection.unit);
@@ -67,8 +77,7 @@ void write(const RecordsResult& result, const Inspection& inspection, std::ostre
     }
     write("looks wrong", inspection.wrong, inspection.place, out);
     if (isClean(result, inspection)) {
-        out << (inspection.count ? "  everything would arrive, nothing looks wrong\n"
-                                 : "  nothing looks wrong\n");
+        writeNothingToSay(inspection, out);
     }
     write("never imported from this source", inspection.notImported, inspection.place, out);
 }
