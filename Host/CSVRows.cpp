@@ -26,9 +26,10 @@ void keepLineFeedsOnly(std::string& text) {
     text.resize(kept);
 }
 
+constexpr std::string_view escaped = "\\\"";
+
 /// Makes a doubled quote of each `\"`, which is as long.
 void doubleEscapedQuotes(std::string& text) {
-    constexpr std::string_view escaped = "\\\"";
     for (std::size_t i = text.find(escaped); i < text.size(); i = text.find(escaped, i + 2)) {
         text[i] = '"';
     }
@@ -72,17 +73,12 @@ bool CSVCells::next(std::string_view& cell) noexcept {
     return true;
 }
 
-std::string_view unquoted(std::string_view cell) noexcept {
-    if (cell.empty() || cell.front() != '"' || cell.back() != '"') {
-        return cell;
-    }
-    return cell.size() < 2 ? std::string_view() : cell.substr(1, cell.size() - 2);
-}
-
 CSVRows::CSVRows(std::string&& contents) : _written(std::move(contents)) {
     keepLineFeedsOnly(_written);
-    _text = _written;
-    doubleEscapedQuotes(_text);
+    if (_written.contains(escaped)) {
+        _text = _written;
+        doubleEscapedQuotes(_text);
+    }
 }
 
 bool CSVRows::next(CSVRow& row) {
@@ -105,7 +101,7 @@ bool CSVRows::next(CSVRow& row) {
 }
 
 void CSVRows::takeRow(CSVRow& row) {
-    const std::string_view rest = std::string_view(_text).substr(_position);
+    const std::string_view rest = text().substr(_position);
     row.text = rest.substr(0, endOfRow(rest));
     row.written = std::string_view(_written).substr(_position, row.text.size());
     row.line = _line;

@@ -30,7 +30,12 @@ private:
 };
 
 /// A cell without the pair of quotes around it, if there is one: as it is imported.
-[[nodiscard]] std::string_view unquoted(std::string_view cell) noexcept;
+[[nodiscard]] inline std::string_view unquoted(std::string_view cell) noexcept {
+    if (cell.empty() || cell.front() != '"' || cell.back() != '"') {
+        return cell;
+    }
+    return cell.size() < 2 ? std::string_view() : cell.substr(1, cell.size() - 2);
+}
 
 /// The rows of a CSV text as an import sees them: `\"` stands for a doubled quote, CR LF ends a
 /// line, a line break or comma after an odd number of quotes belongs to the cell, and a blank row
@@ -50,8 +55,12 @@ public:
 private:
     void takeRow(CSVRow& row);
 
+    [[nodiscard]] std::string_view text() const noexcept {
+        return _text.empty() ? _written : _text;
+    }
+
     std::string _written;
-    std::string _text;
+    std::string _text; ///< empty if it is what is written
     std::size_t _position = 0;
     std::size_t _line = 1;
     bool _ended = false;
