@@ -67,13 +67,14 @@ std::string otherSeparator(const CSVRow& row, std::size_t fewest) {
     if (row.numberOfCells > 1) {
         return {};
     }
-    const auto parts = [&](char separator) {
-        return static_cast<std::size_t>(std::ranges::count(row.text, separator)) + 1 >= fewest;
-    };
-    const std::string_view name = parts(';') ? "semicolons" : parts('\t') ? "tabs" : "";
-    return name.empty() ? std::string()
-                        : "the columns are separated by " + std::string(name) +
-                              ", but only commas are read: export with commas";
+    using Separator = std::pair<char, std::string_view>;
+    for (const auto& [separator, name] : {Separator{';', "semicolons"}, {'\t', "tabs"}}) {
+        if (static_cast<std::size_t>(std::ranges::count(row.text, separator)) + 1 >= fewest) {
+            return "the columns are separated by " + std::string(name) +
+                   ", but only commas are read: export with commas";
+        }
+    }
+    return {};
 }
 
 void addIfAnywhere(std::vector<Remark>& remarks, Remark remark) {
