@@ -1,7 +1,7 @@
 #include "Host/CheckCommand.hpp"
 
-#include <algorithm>
 #include <cstddef>
+#include <new>
 #include <ostream>
 #include <string_view>
 
@@ -13,30 +13,15 @@
 #include "Host/DisplayText.hpp"
 #include "Host/ExitStatus.hpp"
 #include "Host/Inspection/Inspection.hpp"
+#include "Host/Inspection/Places.hpp"
+#include "Host/Obstacle.hpp"
 #include "Host/Source.hpp"
 
 namespace Rellinor::Host {
 
 namespace {
 
-/// "line 7", "lines 7 and 9", and of many only the first.
-std::string placesOf(const Remark& remark, std::string_view noun) {
-    constexpr std::size_t most = 12;
-
-    std::string text(noun);
-    text += remark.places.size() == 1 ? " " : "s ";
-    const std::size_t shown = std::min(remark.places.size(), most);
-    for (std::size_t i = 0; i < shown; ++i) {
-        if (i > 0) {
-            text += i + 1 == remark.places.size() ? " and " : ", ";
-        }
-        text += std::to_string(remark.places[i]);
-    }
-    if (remark.places.size() > shown) {
-        text += " and " + std::to_string(remark.places.size() - shown) + " more";
-    }
-    return text;
-}
+constexpr std::size_t mostPlaces = 12; // of a remark
 
 void write(std::string_view heading, const std::vector<Remark>& remarks, std::string_view noun,
            std::ostream& out) {
@@ -47,35 +32,77 @@ void write(std::string_view heading, const std::vector<Remark>& remarks, std::st
     for (const Remark& remark : remarks) {
         out << "    ";
         if (!remark.places.empty()) {
-            out << placesOf(remark, noun) << ": ";
+            out << describedPlaces(remark.places, noun, mostPlaces) << ": ";
         }
         out << displayText(remark.text) << '\n';
     }
 }
 
-void write(const RecordsResult& result, const Inspection& inspection, std::ostream& out) {
+void writeOutcome(const RecordsResult& result, std::ostream& out) {
     if (!result) {
         out << "  nothing would arrive: " << result.error().localizedDescription() << '\n';
-    } else {
-        const std::size_t passwords = result->passwords.size();
-        const std::size_t notes = result->notes.size();
-        const std::size_t cards = result->cards.size();
-        out << "  " << counted(passwords + notes + cards, "record")
-            << " would arrive: " << counted(passwords, "password") << ", " << counted(notes, "note")
-            << ", " << counted(cards, "card") << '\n';
+        return;
     }
-    if (const std::size_t count = inspection.countOfLeftOut(); count > 0) {
+    const std::size_t passwords = result->passwords.size();
+    const std::size_t notes = result->notes.size();
+    const std::size_t cards = result->cards.size();
+    out << "  " << counted(passwords + notes + cards, "record")
+        << " would arrive: " << counted(passwords, "password") << ", " << counted(notes, "note")
+        << ", " << counted(cards, "card") << '\n';
+}
+
+bool isClean(const RecordsResult& result, const Inspection& inspection) {
+    return result && inspection.leftOut.empty() && inspection.wrong.empty();
+}
+
+void writeNothingToSay(const Inspection& inspection, std::ostream& out) {
+    out << "  ";
+    if (inspection.count && inspection.notImported.empty()) {
+        out << "everything would arrive, ";
+    } else if (inspection.count) {
+        out << "every " << inspection.unit << " would arrive, ";
+    }
+    out << "nothing looks wrong\n";
+}
+
+void write(const RecordsResult& result, const Inspection& inspection, std::ostream& out) {
+    if (inspection.count) {
+        out << ", " << counted(*inspection.count, inspection.unit);
+    }
+    out << '\n';
+    writeOutcome(result, out);
+    if (const std::size_t count = inspection.countOfLeftOut(); result && count > 0) {
         write(counted(count, inspection.unit) + " would be left out", inspection.leftOut,
               inspection.place, out);
     }
     write("looks wrong", inspection.wrong, inspection.place, out);
-    write("never imported", inspection.notImported, inspection.place, out);
+    if (isClean(result, inspection)) {
+        writeNothingToSay(inspection, out);
+    }
+    write("never imported from this source", inspection.notImported, inspection.place, out);
+}
+
+/// Checks what one source makes of a path; whether everything would arrive and nothing looks wrong.
+bool check(const std::string& path, ImportSource source, std::ostream& out) {
+    bool clean = false;
+    out << "read as " << nameOf(source);
+    RecordsImporter().records(URL::fileURLWithPath(path), source, [&](const RecordsResult& result) {
+        try {
+            const Inspection inspection = inspect(path, source, result);
+            write(result, inspection, out);
+            clean = isClean(result, inspection);
+        } catch (const std::bad_alloc&) {
+            out << "\n  there is not enough memory to tell more\n";
+        }
+    });
+    return clean;
 }
 
 /// Checks one path; whether everything would arrive and nothing looks wrong.
 bool check(const std::string& path, std::optional<ImportSource> source, std::ostream& out) {
     out << displayText(path) << ": ";
-    if (!source) {
+    std::string reason = obstacle(path);
+    if (reason.empty() && !source) {
         const Detection detection = detect(path);
         if (!detection.source) {
             out << described(detection) << "\n  nothing was checked\n";
@@ -83,19 +110,14 @@ bool check(const std::string& path, std::optional<ImportSource> source, std::ost
         }
         source = detection.source;
     }
-    bool clean = false;
-    RecordsImporter().records(
-        URL::fileURLWithPath(path), *source, [&](const RecordsResult& result) {
-            const Inspection inspection = inspect(path, *source, result);
-            out << "read as " << nameOf(*source);
-            if (inspection.count) {
-                out << ", " << counted(*inspection.count, inspection.unit);
-            }
-            out << '\n';
-            write(result, inspection, out);
-            clean = result && inspection.leftOut.empty() && inspection.wrong.empty();
-        });
-    return clean;
+    if (reason.empty()) {
+        reason = obstacle(path, *source);
+    }
+    if (!reason.empty()) {
+        out << "not checked: " << reason << '\n';
+        return false;
+    }
+    return check(path, *source, out);
 }
 
 } // namespace

@@ -142,6 +142,9 @@ std::size_t displayWidth(std::string_view text) {
 
 bool isBlank(std::string_view text) {
     while (!text.empty()) {
+        if (text.front() > ' ' && text.front() <= '~') {
+            return false;
+        }
         const utf8proc_int32_t codePoint = takeCodePoint(text);
         if (codePoint != '\t' && ::utf8proc_category(codePoint) != UTF8PROC_CATEGORY_ZS) {
             return false;

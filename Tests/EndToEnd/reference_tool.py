@@ -77,7 +77,8 @@ CHANGES = {change.__name__: change for change in (
     fewer_records, other_order, empty_for_absent, fraction_for_integer, missing_member, more_members, other_code,
     other_domain, changing_domain, success_for_error, error_for_success)}
 # Wrong otherwise than by a changed result.
-OTHER_LIES = ["status", "no_last_line", "no_line_end", "no_json", "key_twice", "no_utf8", "crash"]
+OTHER_LIES = ["status", "no_last_line", "no_line_end", "no_json", "key_twice", "no_utf8", "crash", "silent",
+              "noisy"]
 
 
 def main(arguments):
@@ -87,7 +88,12 @@ def main(arguments):
     lines, failed = [], False
     for path in paths:
         result = source.import_file(path)
-        failed = failed or "error" in result
+        if "error" in result:
+            failed = True
+            if lie != "silent":
+                print("rellinor: %s: not imported as %s: some reason" % (path, arguments[3]), file=sys.stderr)
+        elif lie == "noisy":
+            print("rellinor: %s: some news" % path, file=sys.stderr)
         if "error" in result and result["error"]["domain"] == TEXT_DOMAIN:
             result["error"]["domain"] = "Text"
         if lie in CHANGES:

@@ -9,6 +9,7 @@ import unittest
 
 import compare
 from driver.comparison import same
+from driver.standard_error import complaints
 from driver.tool import Malformed, Tool, parse_line
 from reference_tool import CHANGES, OTHER_LIES
 from sources import SOURCES
@@ -61,6 +62,16 @@ class Driver(unittest.TestCase):
         for a, b in ((1, 1.0), (1, True), (None, ""), ([], {}), ([1], [1, 1]), ({"a": 1}, {"a": 1, "b": None}),
                      ("e\u0301", "\u00e9")):
             self.assertFalse(same(a, b), (a, b))
+
+    def test_standard_error(self):
+        failure, gist = b"rellinor: a: not imported as tirel: x\n", b"rellinor: b: 1 row left out (rellinor check tells more)\n"
+        self.assertEqual(complaints(b"", ["a"], set()), [])
+        self.assertEqual(complaints(failure + gist, ["a", "b"], {"a"}), [])
+        self.assertEqual(complaints(b"rellinor: a: this looks like x\n", ["a"], set()), [])
+        for errors in (b"", gist, gist + failure, failure + failure, failure + b"x\n", failure[:-1],
+                       failure.replace(b" tirel", b""), b"rellinor: a: x\n", b"\n" + failure,
+                       failure + b"rellinor: b: not imported as tirel: x\n"):
+            self.assertNotEqual(complaints(errors, ["a", "b"], {"a"}), [], errors)
 
     def test_lines(self):
         self.assertEqual(parse_line(b'{"a":9223372036854775807}'), {"a": 2 ** 63 - 1})

@@ -68,6 +68,33 @@ TEST(CSVRowsTest, countsLinesWhereRowsBegin) {
     EXPECT_EQ(lines("a\n\nb,\"1\n2\r\n3\"\nc"), (std::vector<std::size_t>{1, 3, 6}));
 }
 
+TEST(CSVRowsTest, keepsEscapedQuotesInWhatIsWritten) {
+    CSVRows reader(std::string_view("\uFEFFa\r\n\"b\\\"c\"\r\n"));
+    CSVRow row;
+    ASSERT_TRUE(reader.next(row));
+    EXPECT_EQ(row.written, "a");
+    ASSERT_TRUE(reader.next(row));
+    EXPECT_EQ(row.written, "\"b\\\"c\"");
+    EXPECT_EQ(row.text, "\"b\"\"c\"");
+}
+
+TEST(CSVRowsTest, listsNotMoreThanAHundredCellsButCountsAll) {
+    CSVRows reader(std::string(250, ','));
+    CSVRow row;
+    ASSERT_TRUE(reader.next(row));
+    EXPECT_EQ(row.cells.size(), 100);
+    EXPECT_EQ(row.numberOfCells, 251);
+}
+
+TEST(CSVRowsTest, walksAllCells) {
+    CSVCells cells("a,\"b,c\",");
+    std::vector<std::string_view> all;
+    for (std::string_view cell; cells.next(cell);) {
+        all.push_back(cell);
+    }
+    EXPECT_EQ(all, (std::vector<std::string_view>{"a", "\"b,c\"", ""}));
+}
+
 } // namespace
 
 } // namespace Rellinor::Host

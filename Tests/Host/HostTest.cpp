@@ -23,7 +23,9 @@ protected:
     [[nodiscard]] const TemporaryFolder& folder() const { return _folder; }
 
     /// The import of `path` fails, with one line of error and nothing else.
-    static void expectFailure(const std::string& path) {
+    ///
+    /// @param why  what the line says of the file
+    static void expectFailure(const std::string& path, const std::string& why) {
         for (const std::string format : {"summary", "table", "json"}) {
             const Ended ended =
                 rellinor({"import", "--source", "lastPass", "--format", format, path});
@@ -31,12 +33,19 @@ protected:
             EXPECT_EQ(ended.errors,
                       "rellinor: " + path +
                           ": not imported as lastPass: The operation couldn\u2019t be completed. "
-                          "(Rellinor.TextError error 1.)\n");
+                          "(Rellinor.TextError error 1.) " +
+                          why + "\n");
             EXPECT_EQ(ended.out,
                       format == "json"
                           ? "{\"error\":{\"domain\":\"Rellinor.TextError\",\"code\":1}}\n"
                           : "");
         }
+    }
+
+    void expectFailureOfFile(std::string_view name, std::string_view contents,
+                             const std::string& why) const {
+        const std::string path = _folder.file(name, contents);
+        expectFailure(path, why + " (rellinor check --source lastPass " + path + " tells more)");
     }
 
 private:
@@ -160,27 +169,31 @@ TEST_F(HostTest, writesOneLineOfJSONForEachPathInOrder) {
 // Bad input
 
 TEST_F(HostTest, failsClearlyForAMissingFile) {
-    expectFailure(folder() / "missing");
+    expectFailure(folder() / "missing", "there is no such file or folder");
 }
 
 TEST_F(HostTest, failsClearlyForAFolder) {
-    expectFailure(folder().path());
+    expectFailure(folder().path(), "it is a folder, and lastPass reads a file");
 }
 
 TEST_F(HostTest, failsClearlyForAnEmptyFile) {
-    expectFailure(folder().file("empty", ""));
+    expectFailureOfFile("empty", "", "the file is empty");
 }
 
 TEST_F(HostTest, failsClearlyForABlankFile) {
-    expectFailure(folder().file("blank", " \n\t\n\n"));
+    expectFailureOfFile("blank", " \n\t\n\n", "the file has nothing but blank lines");
 }
 
 TEST_F(HostTest, failsClearlyForALatin1File) {
-    expectFailure(lastPassExport("https://a.example,caf\xE9,one,,Mail,,0\n"));
+    expectFailureOfFile("latin1", lastPassRows("https://a.example,caf\xE9,one,,Mail,,0\n"),
+                        "the text is not UTF-8: save the file as UTF-8, line 2");
 }
 
 TEST_F(HostTest, failsClearlyForEightColumns) {
-    expectFailure(folder().file("eight", "url,username,password,extra,name,grouping,fav,totp\n"));
+    expectFailureOfFile(
+        "eight", "url,username,password,extra,name,grouping,fav,totp\n",
+        "8 columns, where a LastPass export has 7: take out \"totp\" and try again, "
+        "line 1");
 }
 
 TEST_F(HostTest, namesAnOddPathOnOneLine) {
@@ -283,7 +296,9 @@ TEST_F(HostTest, keepsOneImporterForBothForksOfKeePass) {
     EXPECT_EQ(ended.out, classic + ": 7 passwords, 0 notes, 0 cards\n" + xc +
                              ": 9 passwords, 0 notes, 0 cards\n" + classic +
                              ": 7 passwords, 0 notes, 0 cards\n");
-    EXPECT_EQ(linesIn(ended.errors), 1);
+    // Each file has a password with a double quote, which is worth a line.
+    EXPECT_EQ(linesIn(ended.errors), 4);
+    EXPECT_TRUE(ended.errors.contains("/missing: not imported as keePassXC: ")) << ended.errors;
 }
 
 TEST_F(HostTest, importsTheSampleExports) {

@@ -1,5 +1,6 @@
 """Comparison of what the tool prints with what it must print."""
 from driver.batches import batches
+from driver.standard_error import complaints
 from driver.tool import Malformed, parse_line
 from references.errors import DECLARED_DOMAINS, TEXT_DOMAIN
 
@@ -54,7 +55,10 @@ class Comparison:
         self.statuses[status] = self.statuses.get(status, 0) + 1
         for path, line in zip(group, lines):
             self.compare_line(path, line)
-        wanted = 1 if any("error" in self.expected[path] for path in group) else 0
+        failed = {path for path in group if "error" in self.expected[path]}
+        for complaint in complaints(errors, group, failed)[:1]:
+            self.report.add(group[0], "one line for each failure, and gists", complaint, "standard error")
+        wanted = 1 if failed else 0
         if status != wanted:
             self.report.add(group[0], "exit status %d" % wanted, "exit status %s, stderr %r" % (status, errors[:500]),
                             "call of %d files, the first of them shown" % len(group))

@@ -5,8 +5,8 @@ from references.errors import NotPinned
 CR, LF, CONTROL, EXTEND, ZWJ, REGIONAL, PICTOGRAPH, OTHER = (
     "CR", "LF", "Control", "Extend", "ZWJ", "Regional_Indicator", "Extended_Pictographic", "Other")
 
-# smiley, fire, heart, man, woman, girl, thumb, rocket, white flag
-PICTOGRAPHS = frozenset("\U0001f600\U0001f525\u2764\U0001f468\U0001f469\U0001f467\U0001f44d\U0001f680\U0001f3f3")
+# smiley, fire, heart, man, woman, girl, thumb, rocket, key, white flag
+PICTOGRAPHS = frozenset("\U0001f600\U0001f525\u2764\U0001f468\U0001f469\U0001f467\U0001f44d\U0001f680\U0001f511\U0001f3f3")
 
 
 def kind(character):

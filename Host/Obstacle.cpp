@@ -1,0 +1,44 @@
+#include "Host/Obstacle.hpp"
+
+#include <filesystem>
+#include <system_error>
+
+#include "Host/Source.hpp"
+
+namespace Rellinor::Host {
+
+namespace {
+
+std::filesystem::file_type typeOf(const std::string& path) {
+    std::error_code error;
+    return std::filesystem::status(path, error).type();
+}
+
+} // namespace
+
+std::string obstacle(const std::string& path) {
+    switch (typeOf(path)) {
+    case std::filesystem::file_type::regular:
+    case std::filesystem::file_type::directory:
+        return {};
+    case std::filesystem::file_type::not_found:
+        return "there is no such file or folder";
+    case std::filesystem::file_type::none:
+        return "it cannot be looked at";
+    default:
+        return "it is neither a file nor a folder";
+    }
+}
+
+std::string obstacle(const std::string& path, ImportSource source) {
+    const bool isFolder = typeOf(path) == std::filesystem::file_type::directory;
+    const bool needsFolder = source == ImportSource::firefox;
+    if (std::string general = obstacle(path); !general.empty() || isFolder == needsFolder) {
+        return general;
+    }
+    return std::string(isFolder ? "it is a folder, and " : "it is a file, and ") +
+           std::string(nameOf(source)) +
+           (needsFolder ? " reads a profile folder" : " reads a file");
+}
+
+} // namespace Rellinor::Host

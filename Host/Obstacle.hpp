@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+
+#include <Rellinor/Models/ImportSource.hpp>
+
+namespace Rellinor::Host {
+
+/// Why nothing can be read at `path`, whatever the source: nothing is there, or neither a file nor
+/// a folder. Empty if there is no such reason.
+[[nodiscard]] std::string obstacle(const std::string& path);
+
+/// The same for a source; one that needs a file reads no folder, and the other way round.
+[[nodiscard]] std::string obstacle(const std::string& path, ImportSource source);
+
+} // namespace Rellinor::Host
