@@ -1,0 +1,48 @@
+# The libraries whose readers are compared with imports. Scripts/install-dependencies benchmark
+# installs them; each that is missing is left out.
+
+find_package(PkgConfig REQUIRED)
+find_path(RELLINOR_LIBCSV_HEADERS csv.h)
+find_library(RELLINOR_LIBCSV_LIBRARY csv)
+mark_as_advanced(RELLINOR_LIBCSV_HEADERS RELLINOR_LIBCSV_LIBRARY)
+if(RELLINOR_LIBCSV_HEADERS AND RELLINOR_LIBCSV_LIBRARY AND NOT TARGET RellinorLibCSV)
+    add_library(RellinorLibCSV INTERFACE IMPORTED)
+    target_include_directories(RellinorLibCSV INTERFACE "${RELLINOR_LIBCSV_HEADERS}")
+    target_link_libraries(RellinorLibCSV INTERFACE "${RELLINOR_LIBCSV_LIBRARY}")
+endif()
+
+find_package(simdjson QUIET)
+
+find_path(RELLINOR_RAPIDJSON_HEADERS rapidjson/document.h)
+mark_as_advanced(RELLINOR_RAPIDJSON_HEADERS)
+if(RELLINOR_RAPIDJSON_HEADERS AND NOT TARGET RellinorRapidJSON)
+    add_library(RellinorRapidJSON INTERFACE IMPORTED)
+    target_include_directories(RellinorRapidJSON INTERFACE "${RELLINOR_RAPIDJSON_HEADERS}")
+endif()
+
+find_package(nlohmann_json QUIET)
+
+# peer(NAME TARGET): adds Peers/NAME.cpp if there is the library that it needs.
+set(missing_peers "")
+function(peer name target)
+    string(TOUPPER "RELLINOR_PEER_${name}" definition)
+    if(TARGET ${target})
+        target_sources(rellinor-compare PRIVATE "Peers/${name}.cpp")
+        target_link_libraries(rellinor-compare PRIVATE ${target})
+        target_compile_definitions(rellinor-compare PRIVATE ${definition}=1)
+    else()
+        target_compile_definitions(rellinor-compare PRIVATE ${definition}=0)
+        set(missing_peers ${missing_peers} ${name} PARENT_SCOPE)
+    endif()
+endfunction()
+
+peer(LibCSV RellinorLibCSV)
+peer(NlohmannJSON nlohmann_json::nlohmann_json)
+peer(RapidJSON RellinorRapidJSON)
+peer(Simdjson simdjson::simdjson)
+
+if(missing_peers)
+    list(JOIN missing_peers ", " names)
+    message(STATUS "rellinor-compare does without ${names}: "
+        "Scripts/install-dependencies benchmark installs what they need")
+endif()
