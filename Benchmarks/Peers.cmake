@@ -1,7 +1,6 @@
 # The libraries whose readers are compared with imports. Scripts/install-dependencies benchmark
 # installs them; each that is missing is left out.
 
-find_package(PkgConfig REQUIRED)
 find_path(RELLINOR_LIBCSV_HEADERS csv.h)
 find_library(RELLINOR_LIBCSV_LIBRARY csv)
 mark_as_advanced(RELLINOR_LIBCSV_HEADERS RELLINOR_LIBCSV_LIBRARY)
@@ -22,7 +21,9 @@ endif()
 
 find_package(nlohmann_json QUIET)
 
-# peer(NAME TARGET): adds Peers/NAME.cpp if there is the library that it needs.
+# peer(NAME TARGET CONTESTANT...): adds Peers/NAME.cpp, which has these contestants, if there is the
+# library that it needs.
+set(peers "")
 set(missing_peers "")
 function(peer name target)
     string(TOUPPER "RELLINOR_PEER_${name}" definition)
@@ -30,16 +31,17 @@ function(peer name target)
         target_sources(rellinor-compare PRIVATE "Peers/${name}.cpp")
         target_link_libraries(rellinor-compare PRIVATE ${target})
         target_compile_definitions(rellinor-compare PRIVATE ${definition}=1)
+        set(peers ${peers} ${ARGN} PARENT_SCOPE)
     else()
         target_compile_definitions(rellinor-compare PRIVATE ${definition}=0)
         set(missing_peers ${missing_peers} ${name} PARENT_SCOPE)
     endif()
 endfunction()
 
-peer(LibCSV RellinorLibCSV)
-peer(NlohmannJSON nlohmann_json::nlohmann_json)
-peer(RapidJSON RellinorRapidJSON)
-peer(Simdjson simdjson::simdjson)
+peer(LibCSV RellinorLibCSV libcsv)
+peer(NlohmannJSON nlohmann_json::nlohmann_json nlohmann-json)
+peer(RapidJSON RellinorRapidJSON rapidjson)
+peer(Simdjson simdjson::simdjson simdjson-dom simdjson-ondemand)
 
 if(missing_peers)
     list(JOIN missing_peers ", " names)
