@@ -6,9 +6,10 @@
 #include <exception>
 #include <filesystem>
 #include <iostream>
+#include <iterator>
 #include <stdexcept>
 #include <string>
-#include <string_view>
+#include <utility>
 #include <vector>
 
 #include <CLI/CLI.hpp>
@@ -18,6 +19,7 @@
 #include "Benchmarks/Import.hpp"
 #include "Benchmarks/Peers/Peers.hpp"
 #include "Benchmarks/Process.hpp"
+#include "Benchmarks/Rounds.hpp"
 #include "Benchmarks/Store.hpp"
 
 namespace Rellinor::Benchmarks {
@@ -88,56 +90,14 @@ std::vector<Contestant> othersOf(const Store& store, const Words& words,
     return others;
 }
 
-/// The runs of one contestant.
-struct Runs {
-    Contestant contestant;
-    std::vector<Run> runs;
-};
-
-Run runOf(const Contestant& contestant, std::size_t times) {
-    try {
-        return inChild([&] { return contestant.measure(times); });
-    } catch (const std::exception& error) {
-        throw std::runtime_error(contestant.name + ": " + error.what());
+void runAlone(const Contestant& import, const Store& store, const std::string& name) {
+    std::vector<Contestant> readers = peersOf(store);
+    readers.push_back(import);
+    const auto found = std::ranges::find(readers, name, &Contestant::name);
+    if (found == readers.end()) {
+        throw std::runtime_error("there is no such contestant");
     }
-}
-
-void runInTurns(std::vector<Runs>& all, const Words& words, const Delivered& delivered) {
-    for (std::size_t round = 0; round < words.rounds; ++round) {
-        for (std::size_t turn = 0; turn < all.size(); ++turn) {
-            Runs& runs = all[(round + turn) % all.size()];
-            runs.runs.push_back(runOf(runs.contestant, words.isWarm ? words.times : 1));
-            if (runs.runs.back().delivered != delivered) {
-                throw std::runtime_error(runs.contestant.name + " found other records");
-            }
-        }
-    }
-}
-
-void printList(std::string_view name, const std::vector<Run>& runs, auto value) {
-    std::cout << '"' << name << "\": [";
-    for (const Run& run : runs) {
-        std::cout << (&run == runs.data() ? "" : ", ") << value(run);
-    }
-    std::cout << ']';
-}
-
-void print(const Words& words, const Store& store, const Delivered& delivered,
-           const std::vector<Runs>& all) {
-    std::cout << "{\"source\": \"" << words.source
-              << "\", \"bytes\": " << std::filesystem::file_size(store.file)
-              << ", \"records\": " << delivered.records() << ", \"delivered\": " << delivered.bytes
-              << ", \"contestants\": {";
-    for (const Runs& runs : all) {
-        std::cout << (&runs == all.data() ? "" : ", ") << '"' << runs.contestant.name << "\": {";
-        printList("seconds", runs.runs, [](const Run& run) { return run.seconds; });
-        std::cout << ", ";
-        printList("peak", runs.runs, [](const Run& run) { return run.peakMemory; });
-        std::cout << ", ";
-        printList("faults", runs.runs, [](const Run& run) { return run.pageFaults; });
-        std::cout << '}';
-    }
-    std::cout << "}}\n";
+    std::cout << found->measure(1).delivered.records() << '\n';
 }
 
 void compare(const Words& words) {
@@ -147,24 +107,33 @@ void compare(const Words& words) {
     }
     const Contestant import = importOf(*store, words.isHostile);
     if (!words.alone.empty()) {
-        std::vector<Contestant> readers = peersOf(*store);
-        readers.push_back(import);
-        const auto found = std::ranges::find(readers, words.alone, &Contestant::name);
-        if (found == readers.end()) {
-            throw std::runtime_error("there is no such contestant");
-        }
-        std::cout << found->measure(1).delivered.records() << '\n';
+        runAlone(import, *store, words.alone);
         return;
     }
     // Once to know what is right, and to have the file in the page cache.
-    const Delivered delivered = runOf(import, 1).delivered;
+    const Delivered delivered = Runs{import, {}}.runAgain().delivered;
 
-    std::vector<Runs> all = {{import, {}}};
+    std::vector<Runs> everybody = {{import, {}}};
     for (Contestant& other : othersOf(*store, words, delivered)) {
-        all.push_back({std::move(other), {}});
+        everybody.push_back({std::move(other), {}});
     }
-    runInTurns(all, words, delivered);
-    print(words, *store, delivered, all);
+    runInTurns(everybody, {.count = words.rounds, .times = words.isWarm ? words.times : 1},
+               delivered);
+    std::cout << "{\"source\": \"" << words.source
+              << "\", \"bytes\": " << std::filesystem::file_size(store->file)
+              << ", \"records\": " << delivered.records() << ", \"delivered\": " << delivered.bytes
+              << ", \"contestants\": ";
+    writeJSON(everybody, std::cout);
+    std::cout << "}\n";
+}
+
+int run(int argc, char* argv[]) {
+    Words words;
+    CLI::App app(description);
+    readWords(app, words);
+    CLI11_PARSE(app, argc, argv);
+    compare(words);
+    return std::cout.flush() ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
 } // namespace
@@ -172,13 +141,8 @@ void compare(const Words& words) {
 } // namespace Rellinor::Benchmarks
 
 int main(int argc, char* argv[]) {
-    Rellinor::Benchmarks::Words words;
-    CLI::App app(Rellinor::Benchmarks::description);
-    Rellinor::Benchmarks::readWords(app, words);
-    CLI11_PARSE(app, argc, argv);
     try {
-        Rellinor::Benchmarks::compare(words);
-        return std::cout ? EXIT_SUCCESS : EXIT_FAILURE;
+        return Rellinor::Benchmarks::run(argc, argv);
     } catch (const std::exception& error) {
         std::cerr << "rellinor-compare: " << error.what() << '\n';
         return EXIT_FAILURE;

@@ -25,7 +25,7 @@ std::size_t status(std::string_view name) {
 std::size_t minorFaults() {
     ::rusage usage{};
     ::getrusage(RUSAGE_SELF, &usage);
-    return static_cast<std::size_t>(usage.ru_minflt);
+    return static_cast<std::size_t>(usage.ru_minflt); // NOLINT(*-union-access): the C library's
 }
 
 std::size_t residentFromNowOn() {

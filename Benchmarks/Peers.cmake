@@ -1,5 +1,5 @@
 # The libraries whose readers are compared with imports. Scripts/install-dependencies benchmark
-# installs them; each that is missing is left out.
+# installs them; what is missing is left out.
 
 find_path(RELLINOR_LIBCSV_HEADERS csv.h)
 find_library(RELLINOR_LIBCSV_LIBRARY csv)
@@ -12,9 +12,20 @@ endif()
 
 find_package(simdjson QUIET)
 
+# Clang 19 does not take its released headers.
+include(CheckCXXSourceCompiles)
 find_path(RELLINOR_RAPIDJSON_HEADERS rapidjson/document.h)
 mark_as_advanced(RELLINOR_RAPIDJSON_HEADERS)
-if(RELLINOR_RAPIDJSON_HEADERS AND NOT TARGET RellinorRapidJSON)
+if(RELLINOR_RAPIDJSON_HEADERS)
+    set(CMAKE_REQUIRED_INCLUDES "${RELLINOR_RAPIDJSON_HEADERS}")
+    set(CMAKE_REQUIRED_QUIET ON)
+    check_cxx_source_compiles(
+        "#include <rapidjson/document.h>\nint main() { rapidjson::Document document; }"
+        RELLINOR_RAPIDJSON_COMPILES)
+    unset(CMAKE_REQUIRED_INCLUDES)
+    unset(CMAKE_REQUIRED_QUIET)
+endif()
+if(RELLINOR_RAPIDJSON_COMPILES AND NOT TARGET RellinorRapidJSON)
     add_library(RellinorRapidJSON INTERFACE IMPORTED)
     target_include_directories(RellinorRapidJSON INTERFACE "${RELLINOR_RAPIDJSON_HEADERS}")
 endif()
@@ -45,6 +56,6 @@ peer(Simdjson simdjson::simdjson simdjson-dom simdjson-ondemand)
 
 if(missing_peers)
     list(JOIN missing_peers ", " names)
-    message(STATUS "rellinor-compare does without ${names}: "
-        "Scripts/install-dependencies benchmark installs what they need")
+    message(STATUS "rellinor-compare does without ${names}, which this compiler cannot find or take: "
+        "Scripts/install-dependencies benchmark installs the libraries")
 endif()

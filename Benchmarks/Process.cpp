@@ -90,6 +90,7 @@ Run byProgram(const std::vector<std::string>& command) {
     return runOf(writtenByChild([&](int descriptor) {
         std::vector<std::string> words = command;
         std::vector<char*> arguments;
+        arguments.reserve(words.size() + 1);
         for (std::string& word : words) {
             arguments.push_back(word.data());
         }

@@ -2,8 +2,7 @@
 
 #include <array>
 #include <cctype>
-#include <cstdio>
-#include <memory>
+#include <fstream>
 #include <stdexcept>
 #include <string_view>
 
@@ -108,11 +107,26 @@ void addDashlane(NamedRecords& records, Row& row) {
     addLogin(records, row, {.username = 2, .password = row.size() - 2, .url = 1, .service = 0});
 }
 
+using Adding = void (*)(NamedRecords& records, Row& row);
+
+Adding addingOf(ImportSource source) {
+    switch (source) {
+    case ImportSource::dashlane:
+        return addDashlane;
+    case ImportSource::lastPass:
+        return addLastPass;
+    case ImportSource::keePass:
+        return addKeePass;
+    default:
+        return addKeePassXC;
+    }
+}
+
 struct Reader {
-    void (*add)(NamedRecords& records, Row& row) = nullptr;
-    bool isHeader = false;
-    Row row;
-    NamedRecords records;
+    Adding add;
+    bool isHeader; // the next row
+    Row row = {};
+    NamedRecords records = {};
 };
 
 extern "C" {
@@ -141,14 +155,11 @@ NamedRecords read(const std::filesystem::path& file, Reader reader) {
         throw std::runtime_error("no parser");
     }
     ::csv_set_space_func(&parser, noBlank);
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> stream(std::fopen(file.c_str(), "rb"),
-                                                                 std::fclose);
-    if (!stream) {
-        throw std::runtime_error("the file cannot be opened");
-    }
-    std::array<char, 65536> piece; // NOLINT(*-member-init): filled by fread
-    for (std::size_t size = piece.size(); size == piece.size();) {
-        size = std::fread(piece.data(), 1, piece.size(), stream.get());
+    std::ifstream stream(file, std::ios::binary);
+    std::array<char, 65536> piece{};
+    while (stream) {
+        stream.read(piece.data(), piece.size());
+        const auto size = static_cast<std::size_t>(stream.gcount());
         if (::csv_parse(&parser, piece.data(), size, endOfCell, endOfRow, &reader) != size) {
             throw std::runtime_error("the file cannot be parsed");
         }
@@ -164,12 +175,8 @@ void addLibCSV(const Store& store, std::vector<Contestant>& peers) {
     if (store.format != StoreFormat::csv) {
         return;
     }
-    Reader reader;
-    reader.isHeader = store.source != ImportSource::dashlane;
-    reader.add = store.source == ImportSource::dashlane   ? addDashlane
-                 : store.source == ImportSource::lastPass ? addLastPass
-                 : store.source == ImportSource::keePass  ? addKeePass
-                                                          : addKeePassXC;
+    const Reader reader{.add = addingOf(store.source),
+                        .isHeader = store.source != ImportSource::dashlane};
     peers.push_back(contestant("libcsv", [=] { return read(store.file, reader); }));
 }
 

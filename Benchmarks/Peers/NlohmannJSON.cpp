@@ -116,11 +116,14 @@ void addNlohmannJSON(const Store& store, std::vector<Contestant>& peers) {
     };
     switch (store.source) {
     case ImportSource::tirel:
-        return add(tirel);
+        add(tirel);
+        break;
     case ImportSource::onePassword:
-        return add(onePassword);
+        add(onePassword);
+        break;
     default:
-        return add(firefox);
+        add(firefox);
+        break;
     }
 }
 

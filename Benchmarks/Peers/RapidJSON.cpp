@@ -135,11 +135,14 @@ void addRapidJSON(const Store& store, std::vector<Contestant>& peers) {
     };
     switch (store.source) {
     case ImportSource::tirel:
-        return add(tirel);
+        add(tirel);
+        break;
     case ImportSource::onePassword:
-        return add(onePassword);
+        add(onePassword);
+        break;
     default:
-        return add(firefox);
+        add(firefox);
+        break;
     }
 }
 

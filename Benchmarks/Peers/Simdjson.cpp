@@ -210,11 +210,14 @@ void addSimdjson(const Store& store, std::vector<Contestant>& peers) {
     };
     switch (store.source) {
     case ImportSource::tirel:
-        return add(byDOM<tirel<DOM>>, onDemand<tirel<OnDemand>>);
+        add(byDOM<tirel<DOM>>, onDemand<tirel<OnDemand>>);
+        break;
     case ImportSource::onePassword:
-        return add(onePasswordByDOM, onePasswordOnDemand);
+        add(onePasswordByDOM, onePasswordOnDemand);
+        break;
     default:
-        return add(byDOM<firefox<DOM>>, onDemand<firefox<OnDemand>>);
+        add(byDOM<firefox<DOM>>, onDemand<firefox<OnDemand>>);
+        break;
     }
 }
 
