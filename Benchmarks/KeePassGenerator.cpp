@@ -6,41 +6,65 @@ namespace Rellinor::Benchmarks {
 
 namespace {
 
-void writeLogin(InventedText& out) {
-    out.text("\"Root/");
-    out.word();
-    out.text(R"(",")");
+constexpr std::string_view betweenCells = R"(",")";
+
+void writeTitle(InventedText& out) {
     out.word();
     out.text(", ");
     out.word();
-    out.text(R"(",")");
-    out.account();
-    out.text(R"(",")");
-    out.secret();
-    out.text(R"(",")");
-    out.address();
-    out.text(R"(",")");
-    if (out.below(10) == 0) {
-        for (std::size_t line = 0, lines = 2 + out.below(4); line < lines; ++line) {
-            out.word();
-            out.text(": ");
-            out.secret();
-            out.text(", ");
-            out.word();
-            out.text("\n");
-        }
+}
+
+void writeNotes(InventedText& out) {
+    if (out.below(10) != 0) {
+        return;
     }
+    for (std::size_t line = 0, lines = 2 + out.below(4); line < lines; ++line) {
+        out.word();
+        out.text(": ");
+        out.secret();
+        out.text(", ");
+        out.word();
+        out.text("\n");
+    }
+}
+
+/// Every cell behind the title.
+void writeRest(InventedText& out) {
+    out.text(betweenCells);
+    out.account();
+    out.text(betweenCells);
+    out.secret();
+    out.text(betweenCells);
+    out.address();
+    out.text(betweenCells);
+    writeNotes(out);
     out.text("\"\n");
 }
 
 } // namespace
 
-std::string keePassExport(std::size_t rows, std::uint64_t seed) {
+std::string keePassXCExport(std::size_t rows, std::uint64_t seed) {
     InventedText out(seed);
     out.text(R"("Group","Title","Username","Password","URL","Notes")"
              "\n");
     for (std::size_t row = 0; row < rows; ++row) {
-        writeLogin(out);
+        out.text("\"Root/");
+        out.word();
+        out.text(betweenCells);
+        writeTitle(out);
+        writeRest(out);
+    }
+    return out.take();
+}
+
+std::string keePassExport(std::size_t rows, std::uint64_t seed) {
+    InventedText out(seed);
+    out.text(R"("Account","Login Name","Password","Web Site","Comments")"
+             "\n");
+    for (std::size_t row = 0; row < rows; ++row) {
+        out.text("\"");
+        writeTitle(out);
+        writeRest(out);
     }
     return out.take();
 }

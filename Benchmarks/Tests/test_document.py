@@ -1,0 +1,140 @@
+"""What Scripts/benchmark makes of measurements, with values worked out by hand."""
+import os
+import sys
+import tempfile
+import unittest
+import xml.etree.ElementTree
+from pathlib import Path
+
+sys.dont_write_bytecode = True
+ROOT = Path(__file__).resolve().parents[2]
+sys.path.insert(0, str(ROOT / "Scripts"))
+from comparison import bounds, hostile, page, plot  # noqa: E402
+from comparison.measuring import ratio  # noqa: E402
+from comparison.stores import CONTESTANTS, STORES  # noqa: E402
+
+DESCRIPTION = {"date": "2031-02-03", "machine": "a machine", "versions": ["g++ 1", "Python 2"]}
+
+
+def result(size, **seconds):
+    return {"bytes": 100 * size, "records": size, "contestants": {
+        name.replace("_", "-"): {"seconds": values, "peak": [150 * size] * len(values)}
+        for name, values in seconds.items()}}
+
+
+def last_pass(at_first=0.05):
+    """A record takes 5 µs and 150 bytes in the first file, and 10 µs in the second."""
+    return {
+        "sizes": {
+            "10000": {**result(10_000, **{"import": [at_first] * 3}, floor=[0.02] * 3)},
+            "200000": result(200_000, **{"import": [2.0, 2.0, 2.5]}, floor=[0.5, 2.0, 1.25],
+                             libcsv=[10.0, 6.0, 5.0], python_csv=[20.0, 20.0, 30.0])},
+        "hostile": {"quotes": result(1, **{"import": [1.0]}, floor=[0.5]),
+                    "line feeds": result(1, **{"import": [6.0]}, floor=[0.5])},
+        "warm": result(500, **{"import": [0.003]}, floor=[0.001]),
+        "process": {"rellinor": [0.004, 0.006], "wc": [0.002, 0.002], "true": [0.001, 0.001]},
+        "instructions": {"import": 1234.4},
+    }
+
+
+class BoundsTest(unittest.TestCase):
+    def test_ratios_are_taken_within_rounds(self):
+        # 1, 4 and 2, whose median is 2; that of the medians would be 2 / 1.
+        self.assertEqual(ratio({"one": [3.0, 4.0, 2.0], "other": [3.0, 1.0, 1.0]}, "one", "other"), 2.0)
+
+    def test_verdicts(self):
+        found = {(verdict.what, verdict.where): (round(verdict.value, 6), verdict.limit, verdict.holds)
+                 for verdict in bounds.verdicts(STORES["lastPass"], last_pass())}
+        at = "200,000 records"
+        grown = "10,000 to 200,000 records"
+        self.assertEqual(found, {
+            ("time ÷ floor", at): (2.0, "≤ 2", True),               # 4, 1, 2
+            ("libcsv ÷ time", at): (3.0, "≥ 3", True),              # 5, 3, 2
+            ("Python's csv ÷ time", at): (10.0, "≥ 10", True),      # 10, 10, 12
+            ("peak memory ÷ file", at): (1.5, "≤ 2.5", True),
+            ("time a record, growth", grown): (2.0, "≤ 1.2", False),
+            ("memory a record, growth", grown): (1.0, "≤ 1.2", True),
+            ("hostile: time ÷ floor", "quotes"): (2.0, "≤ 10", True),
+            ("hostile: time ÷ floor", "line feeds"): (12.0, "≤ 10", False),
+            ("warm: time ÷ floor", "500 records"): (3.0, "≤ 3", True),
+            ("rellinor import ÷ wc -l", "500 records"): (2.5, "≤ 3", True),
+        })
+
+
+class PageTest(unittest.TestCase):
+    def test_prose_is_kept_and_the_rest_replaced(self):
+        old = f"before\n\n{page.START}\n\nold\n\n{page.END}\n\nafter\n"
+        self.assertEqual(page.rewritten(old, "new\n"),
+                         f"before\n\n{page.START}\n\nnew\n\n{page.END}\n\nafter\n")
+
+    def test_a_page_without_markers_is_refused(self):
+        with self.assertRaises(ValueError):
+            page.rewritten("prose", "new\n")
+
+    def test_the_page_has_its_markers(self):
+        text = (ROOT / "Documentation" / "benchmarks.md").read_text()
+        self.assertNotEqual(page.rewritten(text, "new\n"), text)
+
+    def test_what_is_measured(self):
+        text = page.measured(DESCRIPTION, {"lastPass": last_pass()})
+        for line in (
+                "## 2031-02-03, a machine",
+                "With g++ 1, Python 2.",
+                "| LastPass | time ÷ floor | 200,000 records | ≤ 2 | 2.00 | holds |",
+                "| LastPass | hostile: time ÷ floor | line feeds | ≤ 10 | 12.0 | **broken** |",
+                "![Time against size](benchmarks/lastPass.svg)",
+                "|  | 10,000 | 200,000 |",
+                "| Rellinor | 50.0 ms | 2,000 ms |",
+                "| libcsv |  | 6,000 ms, 3.00 × |",
+                "| peak memory ÷ file | 1.50 | 1.50 |",
+                "| quotes | 2.00 |",
+                "| LastPass | 3,000 µs | 3.00 | 5.00 ms | 2.00 ms | 1.00 ms | 2.50 |",
+                "| LastPass | Rellinor 1,234 |"):
+            self.assertIn(line, text.split("\n"))
+        # Of the hostile shapes only the worst stands among the bounds.
+        self.assertNotIn("| LastPass | hostile: time ÷ floor | quotes |", text)
+
+
+class PlotTest(unittest.TestCase):
+    def test_lines_have_their_points(self):
+        root = xml.etree.ElementTree.fromstring(page.plot_of(STORES["lastPass"], last_pass()))
+        name = "{http://www.w3.org/2000/svg}"
+        lines = {line.get("class"): line.get("points").split() for line in root.iter(name + "polyline")}
+        self.assertEqual({line: len(points) for line, points in lines.items()},
+                         {"import": 2, "floor": 2, "libcsv": 1, "python-csv": 1})
+        # From 10 ms to 100 s there are four decades, of 97.5 each, up from 430.
+        self.assertEqual(lines["import"][0].split(",")[0], f"{plot.LEFT:.1f}")
+        self.assertEqual(lines["python-csv"], ["630.0,108.1"])  # log10 20 = 1.30103
+        texts = [text.text for text in root.iter(name + "text")]
+        for text in ("10 ms", "100 s", "10 k", "200 k", "Rellinor", "Python's csv"):
+            self.assertIn(text, texts)
+
+    def test_everybody_has_a_color(self):
+        lines = {name: [(1_000, 0.5), (10_000, 5.0)] for name in CONTESTANTS}
+        root = xml.etree.ElementTree.fromstring(plot.svg("All & sundry", lines))
+        labels = [float(text.get("y")) for text in root.iter("{http://www.w3.org/2000/svg}text")
+                  if text.text in CONTESTANTS.values()]
+        self.assertEqual(len(labels), len(CONTESTANTS))
+        gaps = [after - before for before, after in zip(sorted(labels), sorted(labels)[1:])]
+        self.assertTrue(all(gap > plot.LINE_HEIGHT - 0.2 for gap in gaps))
+
+
+class HostileTest(unittest.TestCase):
+    def test_shapes_fill_their_files(self):
+        for store in STORES.values():
+            for shape in hostile.shapes_of(store) if store.format != "sqlite" else ():
+                with self.subTest(store=store.name, shape=shape.name), tempfile.TemporaryDirectory() as folder:
+                    path = Path(folder) / "hostile"
+                    shape.write(path, 3_000_000)
+                    least = 1_900_000 if shape.name == "a million keys" else 1_990_000
+                    self.assertTrue(least < os.path.getsize(path) <= 3_000_000, os.path.getsize(path))
+
+    def test_a_repeated_piece(self):
+        with tempfile.TemporaryDirectory() as folder:
+            path = Path(folder) / "file"
+            hostile.repeated("", b"<", b"ab", b">").write(path, 9)
+            self.assertEqual(path.read_bytes(), b"<ababab>")
+
+
+if __name__ == "__main__":
+    unittest.main()
