@@ -16,11 +16,15 @@ namespace {
 
 using KeyIndex = std::uint8_t;
 
-/// Finds the known keys. What followed a key the last time most likely follows it again.
+/// Finds the known keys. What followed a key the last time most likely follows it again, and most
+/// names that are not known are told by their length and first character.
 class KeyFinder {
 public:
     explicit KeyFinder(JSONKeys keys) noexcept : _keys(keys) {
         require(keys.size() <= std::numeric_limits<KeyIndex>::max());
+        for (const std::string_view key : keys) {
+            _marks |= markOf(key);
+        }
     }
 
     /// The place of a name among the known ones; absent if it is none of them.
@@ -28,6 +32,9 @@ public:
         const KeyIndex guess = _successors[_last];
         if (guess < _keys.size() && _keys[guess] == name) {
             return _last = guess;
+        }
+        if ((_marks & markOf(name)) == 0) {
+            return std::nullopt;
         }
         const auto found = std::ranges::find(_keys, name);
         if (found == _keys.end()) {
@@ -39,7 +46,14 @@ public:
     }
 
 private:
+    /// One bit of 64, the same for equal names.
+    static std::uint64_t markOf(std::string_view name) noexcept {
+        const auto first = static_cast<unsigned char>(name.empty() ? '\0' : name.front());
+        return std::uint64_t{1} << ((name.size() + std::size_t{7} * first) % 64);
+    }
+
     JSONKeys _keys;
+    std::uint64_t _marks = 0; // of all keys
     std::array<KeyIndex, std::numeric_limits<KeyIndex>::max()> _successors = {};
     KeyIndex _last = 0;
 };
