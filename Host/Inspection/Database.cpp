@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <system_error>
@@ -16,18 +17,30 @@ namespace Rellinor::Host {
 
 namespace {
 
-bool isFilled(const std::string& path) {
+std::uintmax_t sizeOf(const std::string& path) {
     std::error_code error;
-    const auto size = std::filesystem::file_size(path, error);
-    return !error && size > 0;
+    const std::uintmax_t size = std::filesystem::file_size(path, error);
+    return error ? 0 : size;
 }
 
-/// Whether a database is of the kind that keeps its changes in a file "-wal".
-bool hasWriteAheadLog(const std::string& path) {
-    constexpr std::size_t writeVersion = 18; // in the header, and the read version behind it
+/// What the beginning of a database tells.
+struct Header {
+    std::size_t pageSize = 1;
+    bool hasWriteAheadLog = false; ///< whether it keeps its changes in a file "-wal"
+};
 
-    const auto header = contentsOf(path, writeVersion + 2);
-    return header && header->size() == writeVersion + 2 && header->ends_with("\2\2");
+Header headerOf(const std::string& path) {
+    constexpr std::size_t size = 20;
+
+    const auto bytes = contentsOf(path, size).value_or("");
+    if (bytes.size() < size || !bytes.starts_with("SQLite format 3")) {
+        return {};
+    }
+    const auto high = static_cast<unsigned char>(bytes[16]);
+    const auto low = static_cast<unsigned char>(bytes[17]);
+    const std::size_t pageSize = high * std::size_t{256} + low;
+    return {.pageSize = pageSize < 512 ? 65536 : pageSize,
+            .hasWriteAheadLog = bytes.ends_with("\2\2")};
 }
 
 /// A "file:" URI by which nothing is locked and no file is made beside the database.
@@ -69,8 +82,8 @@ struct Column {
 };
 
 constexpr std::string_view changesBeside =
-    "its latest changes stand in the file -wal beside it: close the browser and try again, or keep "
-    "the two files together";
+    "its latest changes stand in the file -wal beside it: start and close the browser, then try "
+    "again";
 
 } // namespace
 
@@ -107,21 +120,25 @@ void Database::Closer::operator()(::sqlite3* connection) const noexcept {
 }
 
 Database::Database(const std::string& path) {
-    const bool isLogged = hasWriteAheadLog(path);
-    const bool hasLog = isLogged && isFilled(path + "-wal");
+    const Header header = headerOf(path);
+    const bool hasLog = header.hasWriteAheadLog && sizeOf(path + "-wal") > 0;
+    if (sizeOf(path) % header.pageSize != 0) {
+        _problem = "the file is cut short: copy it again";
+        return;
+    }
     // To read the log, SQLite would make an index of it.
-    if (hasLog && !isFilled(path + "-shm")) {
+    if (hasLog && sizeOf(path + "-shm") == 0) {
         _problem = changesBeside;
         return;
     }
-    const bool isImmutable = isLogged && !hasLog;
+    _lacksLog = header.hasWriteAheadLog && !hasLog;
     std::error_code error;
     const std::string name =
-        isImmutable ? immutableURI(path) : std::filesystem::absolute(path, error).string();
+        _lacksLog ? immutableURI(path) : std::filesystem::absolute(path, error).string();
     ::sqlite3* connection = nullptr;
     const int code =
         ::sqlite3_open_v2(name.c_str(), &connection,
-                          SQLITE_OPEN_READONLY | (isImmutable ? SQLITE_OPEN_URI : 0), nullptr);
+                          SQLITE_OPEN_READONLY | (_lacksLog ? SQLITE_OPEN_URI : 0), nullptr);
     _connection.reset(connection);
     if (code != SQLITE_OK) {
         fail(code);
@@ -151,7 +168,8 @@ std::string Database::tableProblem(std::string_view table,
                    literal(table) + " COLLATE NOCASE",
                [&](const DatabaseRow& row) { isPlain = row.isTrue(0); });
     if (!isPlain) {
-        return "there is no table " + name + " in the database";
+        return "there is no table " + name + " in the database" +
+               (_lacksLog ? ", perhaps since its file -wal is missing" : "");
     }
     std::vector<Column> found;
     if (*isPlain) {
@@ -219,7 +237,7 @@ void Database::fail(int code) {
 }
 
 bool hasChangesBeside(const std::string& path) {
-    return hasWriteAheadLog(path) && isFilled(path + "-wal");
+    return headerOf(path).hasWriteAheadLog && sizeOf(path + "-wal") > 0;
 }
 
 } // namespace Rellinor::Host

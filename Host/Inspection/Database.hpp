@@ -75,6 +75,7 @@ private:
     std::unique_ptr<::sqlite3, Closer> _connection;
     std::string _problem;
     bool _isDamaged = false;
+    bool _lacksLog = false; // though there was one once
 };
 
 /// Whether changes to the database at `path` stand in a file beside it and not yet in itself.

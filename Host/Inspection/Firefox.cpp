@@ -61,7 +61,7 @@ void inspectLogin(const JSONValue& login, std::size_t place, Inspection& inspect
     if (const std::string reason = reasonOf(login); !reason.empty()) {
         Inspection::add(inspection.leftOut, reason, place);
     } else if (login.find(word("deleted"), JSONKind::yes)) {
-        Inspection::add(inspection.wrong, "deleted in Firefox, but would arrive", place);
+        Inspection::add(inspection.wrong, "deleted in Firefox, but imported all the same", place);
     }
 }
 
@@ -71,8 +71,8 @@ void inspectLogins(const JSONValue& logins, const RecordsResult& result, Inspect
         for (auto login = logins.begin(); login != logins.end(); ++login) {
             ++place;
         }
-        Inspection::add(inspection.wrong,
-                        "not an object, so that no login of logins.json would arrive", place + 1);
+        Inspection::add(inspection.wrong, "not an object, so that no login of logins.json arrives",
+                        place + 1);
         return;
     }
     for (const JSONValue& login : logins) {
@@ -91,7 +91,7 @@ void inspectLoginsFile(const std::string& path, const RecordsResult& result,
     const auto tree = parseJSONFile(*contents, words, inspection);
     if (!tree) {
         for (Remark& remark : inspection.wrong) {
-            remark.text = "in logins.json, " + remark.text + "; no login would arrive";
+            remark.text += "; nothing of logins.json arrives";
         }
         return;
     }
@@ -130,6 +130,16 @@ void inspectSignons(const std::string& path, const RecordsResult& result, Inspec
     settleDatabase(inspection, path, database, place, result);
 }
 
+/// Tells that there is an older store too, which may hold what is missed if the newer gave nothing.
+void addSecondStore(const RecordsResult& result, Inspection& inspection) {
+    if (deliveredBy(result) == 0) {
+        addWrong(inspection, "logins.json gave no login, and signons.sqlite beside it is not read");
+    } else {
+        inspection.notImported.push_back(
+            {.text = "signons.sqlite, since logins.json beside it is read", .places = {}});
+    }
+}
+
 /// Why there is no profile folder at a path; empty if there is one.
 std::string_view folderProblem(const std::string& path) {
     std::error_code error;
@@ -158,10 +168,7 @@ Inspection inspectFirefox(const std::string& path, const RecordsResult& result) 
     if (isReadable(logins)) {
         inspectLoginsFile(logins, result, inspection);
         if (isReadable(signons)) {
-            // Where the newer store gave nothing, the older one may hold what is missed.
-            auto& remarks = deliveredBy(result) == 0 ? inspection.wrong : inspection.notImported;
-            remarks.push_back(
-                {.text = "signons.sqlite, since there is a logins.json beside it", .places = {}});
+            addSecondStore(result, inspection);
         }
     } else if (isReadable(signons)) {
         inspectSignons(signons, result, inspection);

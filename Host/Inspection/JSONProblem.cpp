@@ -36,8 +36,7 @@ std::optional<Remark> encodingProblem(std::string_view text) {
     if (size == text.size()) {
         return std::nullopt;
     }
-    return Remark{.text = "not UTF-8: save the file in that encoding",
-                  .places = {lineAt(text, size)}};
+    return Remark{.text = "not UTF-8: save the file as UTF-8", .places = {lineAt(text, size)}};
 }
 
 std::optional<JSONTree> parseJSONFile(std::string_view contents, JSONWords words,

@@ -46,8 +46,7 @@ std::string joinedRecords(std::string_view text, Inspection& inspection) {
             joined += joined.empty() ? "" : ",";
             joined += line.text;
         } else if (looksLikeRecord(line.text)) {
-            Inspection::add(inspection.wrong,
-                            "would be passed over, since it does not begin with { but with a blank",
+            Inspection::add(inspection.wrong, "passed over, since a blank stands before its {",
                             line.number);
         }
     }
@@ -71,13 +70,22 @@ std::string_view problemOf(JSONFailure::Reason reason) {
 /// Finds the lines that make a file fail.
 void findBrokenLines(std::string_view text, Inspection& inspection) {
     constexpr std::size_t depth = JSONTree::deepestNesting - 2; // within the list of records
+    constexpr std::size_t most = 1000;                          // beyond, it is another format
 
+    std::size_t found = 0;
     TextLines lines(text);
     for (TextLine line; lines.next(line);) {
-        if (line.text.starts_with('{')) {
-            if (const auto tree = JSONTree::parsed({line.text}, {}, depth); !tree) {
-                Inspection::add(inspection.wrong, problemOf(tree.error().reason), line.number);
-            }
+        if (!line.text.starts_with('{')) {
+            continue;
+        }
+        const auto tree = JSONTree::parsed({line.text}, {}, depth);
+        if (!tree && ++found > most) {
+            Inspection::add(inspection.wrong, "the first of more lines that are no records",
+                            line.number);
+            return;
+        }
+        if (!tree) {
+            Inspection::add(inspection.wrong, problemOf(tree.error().reason), line.number);
         }
     }
 }
@@ -101,6 +109,17 @@ void inspectRecords(std::string_view text, std::string_view joined, const Record
                         line);
     }
     settleCount(inspection, list->count(), result);
+}
+
+/// What is wrong with a file as a whole; empty if nothing is.
+std::string_view problemOf(std::string_view text, std::string_view joined) {
+    if (isBlank(text)) {
+        return "the file is empty";
+    }
+    if (text.contains('\r') && !text.contains('\n')) {
+        return "all is one line: save the file with line feeds instead of carriage returns";
+    }
+    return joined.empty() ? "no line begins with {, so there is no record in the file" : "";
 }
 
 /// Whether a file is the one in the folder of an export that has attachments beside it.
@@ -130,12 +149,8 @@ Inspection inspectOnePassword(const std::string& path, const RecordsResult& resu
     }
     const std::string_view text = withoutByteOrderMark(*contents);
     const std::string joined = joinedRecords(text, inspection);
-    if (joined.empty()) {
-        const bool isEmpty = isBlank(text);
-        inspection.wrong.push_back({.text = isEmpty ? "the file is empty"
-                                                    : "no line begins with {, so there is no "
-                                                      "record in the file",
-                                    .places = {}});
+    if (const std::string_view problem = problemOf(text, joined); !problem.empty()) {
+        inspection.wrong.push_back({.text = std::string(problem), .places = {}});
     }
     if (result) {
         inspectRecords(text, joined, result, inspection);

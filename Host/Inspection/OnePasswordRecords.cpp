@@ -201,7 +201,8 @@ void OnePasswordRecords::add(const JSONValue& record, std::size_t line) {
         return;
     }
     if (record.find(word("trashed"), JSONKind::yes)) {
-        Inspection::add(_inspection.wrong, "in the trash of 1Password, but it would arrive", line);
+        Inspection::add(_inspection.wrong, "in the trash of 1Password, but imported all the same",
+                        line);
     }
     for (std::size_t i = 0; i < parts.size(); ++i) {
         _counts[i] += parts[i].isIn(record) ? std::size_t{1} : std::size_t{0};

@@ -9,7 +9,8 @@ std::size_t PIFRecordStarts::next() {
     while (begin >= _behind && takeLine()) {
     }
     ++_records;
-    _isWhole = _isWhole && begin == _begin && _position < _behind;
+    _isWhole = _isWhole && begin == _begin && _position < _behind &&
+               _joined.find_first_not_of(" \t\r", _position) >= _behind - 1;
     return _line.number;
 }
 
