@@ -34,8 +34,11 @@ std::size_t PIFRecordStarts::passObject() noexcept {
         } else if (letter == '{' || letter == '[') {
             begin = depth == 0 ? _position - 1 : begin;
             ++depth;
-        } else if ((letter == '}' || letter == ']') && (depth == 0 || --depth == 0)) {
-            break;
+        } else if (letter == '}' || letter == ']') {
+            depth -= depth > 0 ? 1 : 0;
+            if (depth == 0) {
+                break;
+            }
         }
     }
     return begin;

@@ -1,5 +1,6 @@
 #include "Host/Inspection/Inspectors.hpp"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -104,22 +105,34 @@ std::string_view flawOf(const std::optional<JSONValue>& value, Type type) {
     return "";
 }
 
-/// The first thing that is wrong with an object, as a path from it; empty if nothing is.
+/// The date in an entry; absent if its list has none.
+std::optional<JSONValue> dateIn(const JSONValue& entry, std::span<const Member> members) {
+    const bool hasDate = members.back().type == Type::date;
+    return hasDate ? entry[members.back().word] : std::nullopt;
+}
+
+/// The first thing that is wrong with the members of an object, as a path from it; empty if nothing
+/// is.
 std::string flawOf(const JSONValue& object, std::span<const Member> members) {
     for (const Member& member : members) {
-        const auto value = object[member.word];
-        std::string path = '.' + std::string(member.name);
-        if (const std::string_view flaw = flawOf(value, member.type); !flaw.empty()) {
+        if (const std::string_view flaw = flawOf(object[member.word], member.type); !flaw.empty()) {
+            std::string path(".");
+            path += member.name;
             path += flaw;
             return path;
         }
-        if (member.type == Type::date) {
-            if (const std::string flaw = flawOf(*value, dateMembers); !flaw.empty()) {
-                return path + flaw;
-            }
-        }
     }
     return {};
+}
+
+/// The same for an entry of a list, and for the date in it.
+std::string flawOfEntry(const JSONValue& entry, std::span<const Member> members) {
+    if (std::string flaw = flawOf(entry, members); !flaw.empty()) {
+        return flaw;
+    }
+    const auto date = dateIn(entry, members);
+    const std::string flaw = date ? flawOf(*date, dateMembers) : "";
+    return flaw.empty() ? "" : ".expirationDate" + flaw;
 }
 
 /// The first thing that is wrong with a list; empty if nothing is.
@@ -141,7 +154,7 @@ std::string flawOf(const std::optional<JSONValue>& value, const List& list) {
         return path() + " is not an object";
     }
     for (const JSONValue& entry : *value) {
-        if (const std::string flaw = flawOf(entry, list.members); !flaw.empty()) {
+        if (const std::string flaw = flawOfEntry(entry, list.members); !flaw.empty()) {
             return path() + flaw;
         }
         ++index;
@@ -164,16 +177,9 @@ std::string flawOf(const JSONValue& root) {
 
 /// How many members of an object are none of these.
 std::size_t countOfOthers(const JSONValue& object, std::span<const Member> members) {
-    std::size_t count = object.count();
-    for (const Member& member : members) {
-        if (const auto value = object[member.word]) {
-            --count;
-            if (member.type == Type::date) {
-                count += countOfOthers(*value, dateMembers);
-            }
-        }
-    }
-    return count;
+    return object.count() -
+           static_cast<std::size_t>(std::ranges::count_if(
+               members, [&](const Member& member) { return object[member.word].has_value(); }));
 }
 
 void inspectRecords(const JSONValue& root, const RecordsResult& result, Inspection& inspection) {
@@ -183,7 +189,9 @@ void inspectRecords(const JSONValue& root, const RecordsResult& result, Inspecti
         const auto entries = root[list.word];
         records += entries->count();
         for (const JSONValue& entry : *entries) {
+            const auto date = dateIn(entry, list.members);
             others += countOfOthers(entry, list.members);
+            others += date ? countOfOthers(*date, dateMembers) : 0;
         }
     }
     if (others > 0) {
