@@ -30,7 +30,7 @@ TIMEOUT = 60
 
 @functools.cache
 def imported(store):
-    """What the tool makes of the file: the three lists."""
+    """What the tool makes of the file: the three lists. Standard error may tell what is left out."""
     command = [*TOOL, "import", "--source", store.source, "--format", "json", "--reveal",
                str(VAULT / store.path)]
     ended = subprocess.run(command, capture_output=True, timeout=TIMEOUT)

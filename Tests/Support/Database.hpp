@@ -8,32 +8,9 @@
 #include <vector>
 
 #include "Private/Proxies/SQLiteRows.hpp"
-#include "Tests/Support/TemporaryFolder.hpp"
-
-struct sqlite3; // NOLINT(readability-identifier-naming): the C library's own
+#include "Tests/Support/Connection.hpp"
 
 namespace Rellinor::Tests {
-
-/// SQL texts, each of one or more statements.
-using Statements = std::vector<std::string>;
-
-/// A connection of SQLite's own to a database, which is made if there is none.
-class Connection {
-public:
-    explicit Connection(const std::string& path);
-    ~Connection();
-    Connection(const Connection&) = delete;
-    Connection& operator=(const Connection&) = delete;
-
-    /// Fails the test program if SQLite does not accept them.
-    void execute(const Statements& statements) const;
-
-private:
-    ::sqlite3* _connection = nullptr;
-};
-
-/// Makes a database "database" by these statements; returns its path.
-[[nodiscard]] std::string database(const TemporaryFolder& folder, const Statements& statements);
 
 /// Bytes that are not a text.
 struct Blob {

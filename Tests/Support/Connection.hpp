@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "Tests/Support/TemporaryFolder.hpp"
+
+struct sqlite3; // NOLINT(readability-identifier-naming): the C library's own
+
+namespace Rellinor::Tests {
+
+/// SQL texts, each of one or more statements.
+using Statements = std::vector<std::string>;
+
+/// A connection of SQLite's own to a database, which is made if there is none.
+class Connection {
+public:
+    explicit Connection(const std::string& path);
+    ~Connection();
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+
+    /// Fails the test program if SQLite does not accept them.
+    void execute(const Statements& statements) const;
+
+private:
+    ::sqlite3* _connection = nullptr;
+};
+
+/// Makes a database "database" by these statements; returns its path.
+[[nodiscard]] std::string database(const TemporaryFolder& folder, const Statements& statements);
+
+} // namespace Rellinor::Tests
