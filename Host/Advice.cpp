@@ -6,6 +6,7 @@
 
 #include "Host/Counted.hpp"
 #include "Host/Detection/Detection.hpp"
+#include "Host/Detection/Wording.hpp"
 #include "Host/Inspection/Inspection.hpp"
 #include "Host/Source.hpp"
 
@@ -27,14 +28,7 @@ std::string otherLayout(const std::string& path, ImportSource source) {
         (detection.source && sameImporter(*detection.source, source))) {
         return {};
     }
-    std::string text = "this looks like " + detection.layout;
-    if (detection.source) {
-        text += ": try --source ";
-        text += nameOf(*detection.source);
-    } else if (!detection.advice.empty()) {
-        text += ": " + detection.advice;
-    }
-    return text;
+    return proposal(detection);
 }
 
 std::string joined(const std::vector<std::string>& parts, std::string_view joiner) {

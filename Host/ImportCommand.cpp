@@ -48,7 +48,13 @@ constexpr NSError unknownFile = {"Rellinor.UnknownFileError", 1};
 /// The source that reads a path, if one is found; in any case `say` is told what was found.
 std::optional<ImportSource> found(const std::string& path, const auto& say) {
     const Detection detection = detect(path);
-    say((detection.source ? "" : "not imported: ") + described(detection));
+    if (detection.source) {
+        say("read as " + described(detection));
+    } else if (detection.layout.empty()) {
+        say("not imported: " + described(detection));
+    } else {
+        say("not imported: " + proposal(detection));
+    }
     return detection.source;
 }
 
