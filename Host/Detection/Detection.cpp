@@ -13,6 +13,9 @@ namespace {
 
 /// A text, by the first that recognises it. Names tell more than positions.
 Detection detectText(const std::string& path, std::string_view beginning) {
+    if (auto found = detectMarkup(beginning)) {
+        return *found;
+    }
     if (auto found = detectNamedColumns(beginning)) {
         return *found;
     }
@@ -20,9 +23,6 @@ Detection detectText(const std::string& path, std::string_view beginning) {
         return *found;
     }
     if (auto found = detectRecordLines(path, beginning)) {
-        return *found;
-    }
-    if (auto found = detectMarkup(beginning)) {
         return *found;
     }
     if (auto found = detectPositions(beginning)) {

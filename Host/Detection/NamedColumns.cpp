@@ -73,7 +73,7 @@ std::string renaming(const OtherLayout& layout, std::size_t countOfColumns) {
         text += added.size() == 1 ? ", add an empty column " : ", add empty columns ";
         text += listed(added);
     }
-    return text + " and use --source keePass";
+    return text + ", and use --source keePass";
 }
 
 std::optional<Detection> detectOther(const Header& header, const OtherLayout& layout) {

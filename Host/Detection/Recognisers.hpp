@@ -37,6 +37,9 @@ inline constexpr std::size_t sizeOfBeginning = std::size_t{64} * 1024;
 [[nodiscard]] std::optional<Detection> detectDatabase(const std::string& path,
                                                       std::string_view beginning);
 
+/// An XML document or a web page.
+[[nodiscard]] std::optional<Detection> detectMarkup(std::string_view beginning);
+
 /// A CSV text, by the names of its columns.
 [[nodiscard]] std::optional<Detection> detectNamedColumns(std::string_view beginning);
 
@@ -47,9 +50,6 @@ inline constexpr std::size_t sizeOfBeginning = std::size_t{64} * 1024;
 /// The lines of a 1PIF file.
 [[nodiscard]] std::optional<Detection> detectRecordLines(const std::string& path,
                                                          std::string_view beginning);
-
-/// An XML document or a web page.
-[[nodiscard]] std::optional<Detection> detectMarkup(std::string_view beginning);
 
 /// A CSV text without names of columns, by what stands where.
 [[nodiscard]] std::optional<Detection> detectPositions(std::string_view beginning);

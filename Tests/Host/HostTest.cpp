@@ -22,8 +22,9 @@ protected:
 
     [[nodiscard]] const TemporaryFolder& folder() const { return _folder; }
 
-    /// The import of `path` fails, with one line of error and nothing else.
-    static void expectFailure(const std::string& path) {
+    /// The import of `path` fails, with one line of error, which ends with what may help, and
+    /// nothing else.
+    static void expectFailure(const std::string& path, const std::string& hint = "") {
         for (const std::string format : {"summary", "table", "json"}) {
             const Ended ended =
                 rellinor({"import", "--source", "lastPass", "--format", format, path});
@@ -31,7 +32,8 @@ protected:
             EXPECT_EQ(ended.errors,
                       "rellinor: " + path +
                           ": not imported as lastPass: The operation couldn\u2019t be completed. "
-                          "(Rellinor.TextError error 1.)\n");
+                          "(Rellinor.TextError error 1.)" +
+                          hint + "\n");
             EXPECT_EQ(ended.out,
                       format == "json"
                           ? "{\"error\":{\"domain\":\"Rellinor.TextError\",\"code\":1}}\n"
@@ -180,7 +182,9 @@ TEST_F(HostTest, failsClearlyForALatin1File) {
 }
 
 TEST_F(HostTest, failsClearlyForEightColumns) {
-    expectFailure(folder().file("eight", "url,username,password,extra,name,grouping,fav,totp\n"));
+    expectFailure(folder().file("eight", "url,username,password,extra,name,grouping,fav,totp\n"),
+                  " this looks like a LastPass export with 8 columns instead of 7: take the column "
+                  "totp out");
 }
 
 TEST_F(HostTest, namesAnOddPathOnOneLine) {
