@@ -54,8 +54,8 @@ public:
         const int result = ::sqlite3_open_v2(addressOf(path).c_str(), &connection, flags, nullptr);
         _connection.reset(connection);
         if (result == SQLITE_OK) {
-            ::sqlite3_db_config(connection, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
-            ::sqlite3_db_config(connection, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+            set(SQLITE_DBCONFIG_DEFENSIVE, 1);
+            set(SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0);
         }
     }
 
@@ -91,6 +91,10 @@ public:
     }
 
 private:
+    void set(int option, int value) const {
+        ::sqlite3_db_config(_connection.get(), option, value, nullptr); // NOLINT(*-vararg)
+    }
+
     /// The address of a file that SQLite takes for one that never changes.
     static std::string addressOf(const std::string& path) {
         constexpr std::string_view digits = "0123456789ABCDEF";
