@@ -21,14 +21,10 @@ bool sameImporter(ImportSource one, ImportSource other) noexcept {
     return one == other || (isKeePass(one) && isKeePass(other));
 }
 
-/// What the file is, if it is not what it was taken for.
-std::string otherLayout(const std::string& path, ImportSource source) {
-    const Detection detection = detect(path);
-    if (detection.layout.empty() || detection.confidence == Confidence::possible ||
-        (detection.source && sameImporter(*detection.source, source))) {
-        return {};
-    }
-    return proposal(detection);
+/// Whether the file is nothing else than what it was taken for, as far as that can be told.
+bool isAsTaken(const Detection& detection, ImportSource source) {
+    return detection.layout.empty() || detection.confidence == Confidence::possible ||
+           (detection.source && sameImporter(*detection.source, source));
 }
 
 std::string joined(const std::vector<std::string>& parts, std::string_view joiner) {
@@ -43,7 +39,10 @@ std::string joined(const std::vector<std::string>& parts, std::string_view joine
 } // namespace
 
 std::string advice(const std::string& path, ImportSource source, const RecordsResult& result) {
-    if (std::string other = otherLayout(path, source); !other.empty()) {
+    const Detection detection = detect(path);
+    const std::string other = isAsTaken(detection, source) ? "" : proposal(detection);
+    // Of columns that are nearly right, the inspection tells more.
+    if (!other.empty() && !(detection.nearly && sameImporter(*detection.nearly, source))) {
         return other;
     }
     const Inspection inspection = inspect(path, source, result);
@@ -57,7 +56,7 @@ std::string advice(const std::string& path, ImportSource source, const RecordsRe
         parts.push_back(counted(inspection.wrong.size(), "thing") + " wrong with the file");
     }
     if (parts.empty()) {
-        return {};
+        return other;
     }
     return joined(parts, ", ") + " (rellinor check tells more)";
 }

@@ -101,6 +101,7 @@ std::optional<Detection> detectNearly(const Header& header, const ReadLayout& la
 
     Detection detection;
     detection.layout = layout.layout;
+    detection.nearly = layout.source;
     if (header.size() == expected) {
         detection.layout += " with other names of columns";
     } else {

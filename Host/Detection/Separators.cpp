@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <utility>
 
 #include "Host/CSVRows.hpp"
 #include "Host/Detection/Header.hpp"
@@ -48,7 +49,9 @@ std::optional<Detection> detectSeparators(std::string_view beginning) {
             return unknown(between, advice);
         }
         found->layout += " with " + between;
-        found->source.reset();
+        if (found->source) {
+            found->nearly = std::exchange(found->source, std::nullopt);
+        }
         found->advice = advice;
         return found;
     }
