@@ -7,6 +7,7 @@
 
 #include "Host/Counted.hpp"
 #include "Host/Detection/Detection.hpp"
+#include "Host/Detection/Wording.hpp"
 #include "Host/DisplayText.hpp"
 #include "Host/Inspection/Inspection.hpp"
 #include "Host/Inspection/Places.hpp"
@@ -24,21 +25,10 @@ bool sameImporter(ImportSource one, ImportSource other) noexcept {
     return one == other || (isKeePass(one) && isKeePass(other));
 }
 
-/// What the file is, if it is not what it was taken for.
-std::string otherLayout(const std::string& path, ImportSource source) {
-    const Detection detection = detect(path);
-    if (detection.layout.empty() || detection.confidence == Confidence::possible ||
-        (detection.source && sameImporter(*detection.source, source))) {
-        return {};
-    }
-    std::string text = "this looks like " + detection.layout;
-    if (detection.source) {
-        text += ": try --source ";
-        text += nameOf(*detection.source);
-    } else if (!detection.advice.empty()) {
-        text += ": " + detection.advice;
-    }
-    return text;
+/// Whether the file is nothing else than what it was taken for, as far as that can be told.
+bool isAsTaken(const Detection& detection, ImportSource source) {
+    return detection.layout.empty() || detection.confidence == Confidence::possible ||
+           (detection.source && sameImporter(*detection.source, source));
 }
 
 std::string joined(const std::vector<std::string>& parts, std::string_view joiner) {
@@ -100,16 +90,17 @@ std::string gist(const Inspection& inspection, bool imported) {
 }
 
 std::string composed(const std::string& path, ImportSource source, const RecordsResult& result) {
-    if (!result) {
-        if (std::string reason = obstacle(path, source); !reason.empty()) {
-            return reason;
-        }
-    }
-    if (std::string other = otherLayout(path, source); !other.empty()) {
+    const Detection detection = detect(path);
+    const std::string other = isAsTaken(detection, source) ? "" : proposal(detection);
+    // Of columns that are nearly right, the inspection tells more.
+    if (!other.empty() && !(detection.nearly && sameImporter(*detection.nearly, source))) {
         return other;
     }
+    if (std::string reason = obstacle(path, source); !reason.empty()) {
+        return reason;
+    }
     const std::string text = gist(inspect(path, source, result), result.has_value());
-    return text.empty() ? "" : text + " (" + command(path, source) + " tells more)";
+    return text.empty() ? other : text + " (" + command(path, source) + " tells more)";
 }
 
 } // namespace

@@ -16,6 +16,7 @@
 #include "Host/DisplayText.hpp"
 #include "Host/ExitStatus.hpp"
 #include "Host/JSONFormat.hpp"
+#include "Host/Obstacle.hpp"
 #include "Host/Source.hpp"
 #include "Host/SummaryFormat.hpp"
 #include "Host/TableFormat.hpp"
@@ -48,7 +49,13 @@ constexpr NSError unknownFile = {"Rellinor.UnknownFileError", 1};
 /// The source that reads a path, if one is found; in any case `say` is told what was found.
 std::optional<ImportSource> found(const std::string& path, const auto& say) {
     const Detection detection = detect(path);
-    say((detection.source ? "" : "not imported: ") + described(detection));
+    if (detection.source) {
+        say("read as " + described(detection));
+    } else if (detection.layout.empty()) {
+        say("not imported: " + described(detection));
+    } else {
+        say("not imported: " + proposal(detection));
+    }
     return detection.source;
 }
 
@@ -84,8 +91,10 @@ int import(const ImportOptions& options, const Terminal& terminal, std::ostream&
         if (!importer || !options.keepImporter) {
             importer.emplace();
         }
+        // Asked before, since a source that is a database makes a file where there is none.
+        const std::string hindrance = obstacle(path);
         const auto show = [&](const RecordsResult& result) {
-            const std::string told = advice(path, *source, result);
+            const std::string told = hindrance.empty() ? advice(path, *source, result) : hindrance;
             if (!result) {
                 status = ExitStatus::importFailed;
                 format->writeFailure(result.error(), out);

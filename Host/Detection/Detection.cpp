@@ -1,9 +1,93 @@
 #include "Host/Detection/Detection.hpp"
 
+#include <filesystem>
+#include <string_view>
+#include <system_error>
+
+#include "Host/Detection/Recognisers.hpp"
+#include "Host/FileContents.hpp"
+
 namespace Rellinor::Host {
 
-Detection detect(const std::string& /*path*/) {
-    return {};
+namespace {
+
+/// A text, by the first that recognises it. Names tell more than positions.
+Detection detectText(const std::string& path, std::string_view beginning) {
+    if (auto found = detectMarkup(beginning)) {
+        return *found;
+    }
+    if (auto found = detectNamedColumns(beginning)) {
+        return *found;
+    }
+    if (auto found = detectJSON(path, beginning)) {
+        return *found;
+    }
+    if (auto found = detectRecordLines(path, beginning)) {
+        return *found;
+    }
+    if (auto found = detectPositions(beginning)) {
+        return *found;
+    }
+    if (auto found = detectSeparators(beginning)) {
+        return *found;
+    }
+    return unknown("nothing in it tells the source");
+}
+
+Detection detectFile(const std::string& path) {
+    const std::optional<std::string> beginning = contentsOf(path, sizeOfBeginning);
+    if (!beginning) {
+        return unknown("it cannot be read");
+    }
+    if (beginning->empty()) {
+        return unknown("the file is empty");
+    }
+    if (auto found = detectDatabase(path, *beginning)) {
+        return *found;
+    }
+    if (auto found = detectArchive(path, *beginning)) {
+        return *found;
+    }
+    if (auto found = detectSignature(*beginning)) {
+        return *found;
+    }
+    if (auto found = detectEncoding(*beginning)) {
+        return *found;
+    }
+    return detectText(path, *beginning);
+}
+
+/// Why there is nothing to look at.
+Detection detectMissing(const std::string& path, const std::error_code& error) {
+    if (error && error != std::errc::no_such_file_or_directory &&
+        error != std::errc::not_a_directory) {
+        return unknown("it cannot be read");
+    }
+    std::error_code ignored;
+    return std::filesystem::is_symlink(path, ignored) ? unknown("a link that leads nowhere")
+                                                      : unknown("there is no such file or folder");
+}
+
+} // namespace
+
+Detection detect(const std::string& path) {
+    if (path.contains('\0')) {
+        return unknown("there is no such file or folder"); // no name has a NUL
+    }
+    std::error_code error;
+    switch (std::filesystem::status(path, error).type()) {
+    case std::filesystem::file_type::regular:
+        return detectFile(path);
+    case std::filesystem::file_type::directory:
+        return detectFolder(path);
+    case std::filesystem::file_type::none:
+    case std::filesystem::file_type::not_found:
+        return detectMissing(path, error);
+    case std::filesystem::file_type::fifo:
+        return unknown("a pipe", "save what comes out of it as a file first");
+    default:
+        return unknown("neither a file nor a folder");
+    }
 }
 
 } // namespace Rellinor::Host

@@ -22,6 +22,8 @@ struct Detection {
     Confidence confidence = Confidence::possible;
     std::string reason; ///< what tells, without any of the contents
     std::string advice; ///< what to do with what is known but not read; empty otherwise
+    /// What would read it if its columns were as expected.
+    std::optional<ImportSource> nearly = std::nullopt;
 };
 
 /// Looks at the file or folder at `path`, and changes nothing there.

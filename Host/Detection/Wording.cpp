@@ -43,4 +43,15 @@ std::string described(const Detection& detection) {
     return displayText(text);
 }
 
+std::string proposal(const Detection& detection) {
+    std::string text = "this looks like a " + detection.layout;
+    if (detection.source) {
+        text += ": try --source ";
+        text += nameOf(*detection.source);
+    } else if (!detection.advice.empty()) {
+        text += ": " + detection.advice;
+    }
+    return text;
+}
+
 } // namespace Rellinor::Host
