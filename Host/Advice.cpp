@@ -40,7 +40,7 @@ std::string joined(const std::vector<std::string>& parts, std::string_view joine
 
 std::string advice(const std::string& path, ImportSource source, const RecordsResult& result) {
     const Detection detection = detect(path);
-    const std::string other = isAsTaken(detection, source) ? "" : proposal(detection);
+    std::string other = isAsTaken(detection, source) ? "" : proposal(detection);
     // Of columns that are nearly right, the inspection tells more.
     if (!other.empty() && !(detection.nearly && sameImporter(*detection.nearly, source))) {
         return other;
