@@ -91,7 +91,7 @@ std::string gist(const Inspection& inspection, bool imported) {
 
 std::string composed(const std::string& path, ImportSource source, const RecordsResult& result) {
     const Detection detection = detect(path);
-    const std::string other = isAsTaken(detection, source) ? "" : proposal(detection);
+    std::string other = isAsTaken(detection, source) ? "" : proposal(detection);
     // Of columns that are nearly right, the inspection tells more.
     if (!other.empty() && !(detection.nearly && sameImporter(*detection.nearly, source))) {
         return other;
