@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <functional>
+#include <iterator>
 #include <span>
 #include <string_view>
 
@@ -35,8 +35,7 @@ std::string unknown(std::string_view word, Names names, std::string_view hint) {
 }
 
 /// Fails unless `parsed` knows the word.
-CLI::Validator knownTo(std::function<bool(std::string_view)> parsed, std::function<Names()> names,
-                       std::string_view hint) {
+CLI::Validator knownTo(bool (*parsed)(std::string_view), Names (*names)(), std::string_view hint) {
     return {[=](const std::string& word) {
                 return parsed(word) ? std::string() : unknown(word, names(), hint);
             },
@@ -118,7 +117,7 @@ std::optional<ImportSource> sourceOf(const std::string& word) {
 std::string complaint(const CLI::Error& error, int argc, char* argv[]) {
     const std::span<char*> arguments(argv, static_cast<std::size_t>(argc));
     if (arguments.size() > 1 && !std::string_view(arguments[1]).starts_with('-') &&
-        !std::ranges::count(commandNames, std::string_view(arguments[1]))) {
+        std::ranges::find(commandNames, std::string_view(arguments[1])) == std::end(commandNames)) {
         return unknown(arguments[1], commandNames,
                        "the commands are import, detect, check and sources");
     }
