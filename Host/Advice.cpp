@@ -61,8 +61,8 @@ std::string command(const std::string& path, ImportSource source) {
 std::string described(const Remark& remark, std::string_view place) {
     constexpr std::size_t mostPlaces = 3;
 
-    return remark.text +
-           (remark.places.empty() ? "" : ", " + describedPlaces(remark.places, place, mostPlaces));
+    return (remark.places.empty() ? "" : describedPlaces(remark.places, place, mostPlaces) + ": ") +
+           remark.text;
 }
 
 std::string leftOut(const Inspection& inspection) {
@@ -81,12 +81,11 @@ std::string gist(const Inspection& inspection, bool imported) {
         parts.push_back(leftOut(inspection));
     }
     if (things == 1) {
-        parts.push_back((imported ? "1 thing looks wrong: " : "") +
-                        described(inspection.wrong.front(), inspection.place));
+        parts.push_back(described(inspection.wrong.front(), inspection.place));
     } else if (things > 1) {
         parts.push_back(std::to_string(things) + " things look wrong");
     }
-    return joined(parts, ", ");
+    return joined(parts, "; ");
 }
 
 std::string composed(const std::string& path, ImportSource source, const RecordsResult& result) {

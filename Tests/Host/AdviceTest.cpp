@@ -45,7 +45,7 @@ TEST_F(AdviceTest, countsTheRowsThatAreLeftOut) {
 
 TEST_F(AdviceTest, putsOneThingInWords) {
     const std::string path = exported("https://a.example,ann,5\" disk,,A,,0\n");
-    EXPECT_EQ(advice(path), "1 thing looks wrong: a quote that is not closed, line 2 (rellinor "
+    EXPECT_EQ(advice(path), "line 2: a quote that is not closed (rellinor "
                             "check --source lastPass " +
                                 path + " tells more)\n");
 }
@@ -53,7 +53,7 @@ TEST_F(AdviceTest, putsOneThingInWords) {
 TEST_F(AdviceTest, countsSeveralThings) {
     const std::string path = exported(",,,,,,0\nhttps://a.example,ann,&amp;,,A\n"
                                       "https://b.example,bob,5\" disk,,A,,0");
-    EXPECT_EQ(advice(path), "1 of 3 rows left out, 3 things look wrong (rellinor check --source "
+    EXPECT_EQ(advice(path), "1 of 3 rows left out; 3 things look wrong (rellinor check --source "
                             "lastPass " +
                                 path + " tells more)\n");
 }

@@ -186,14 +186,13 @@ TEST_F(HostTest, failsClearlyForABlankFile) {
 
 TEST_F(HostTest, failsClearlyForALatin1File) {
     expectFailureOfFile("latin1", lastPassRows("https://a.example,caf\xE9,one,,Mail,,0\n"),
-                        "the text is not UTF-8: save the file as UTF-8, line 2");
+                        "line 2: the text is not UTF-8: save the file as UTF-8");
 }
 
 TEST_F(HostTest, failsClearlyForEightColumns) {
     expectFailureOfFile(
         "eight", "url,username,password,extra,name,grouping,fav,totp\n",
-        "8 columns, where a LastPass export has 7: take out \"totp\" and try again, "
-        "line 1");
+        "line 1: 8 columns, where a LastPass export has 7: take out \"totp\" and try again");
 }
 
 TEST_F(HostTest, namesAnOddPathOnOneLine) {
