@@ -7,6 +7,7 @@
 
 #include <sqlite3.h>
 
+#include "Host/DatabaseAddress.hpp"
 #include "Host/Detection/Recognisers.hpp"
 
 namespace Rellinor::Host {
@@ -51,7 +52,8 @@ public:
     explicit Database(const std::string& path) {
         constexpr int flags = SQLITE_OPEN_READONLY | SQLITE_OPEN_URI;
         ::sqlite3* connection = nullptr;
-        const int result = ::sqlite3_open_v2(addressOf(path).c_str(), &connection, flags, nullptr);
+        const int result =
+            ::sqlite3_open_v2(immutableAddress(path).c_str(), &connection, flags, nullptr);
         _connection.reset(connection);
         if (result == SQLITE_OK) {
             set(SQLITE_DBCONFIG_DEFENSIVE, 1);
@@ -93,20 +95,6 @@ public:
 private:
     void set(int option, int value) const {
         ::sqlite3_db_config(_connection.get(), option, value, nullptr); // NOLINT(*-vararg)
-    }
-
-    /// The address of a file that SQLite takes for one that never changes.
-    static std::string addressOf(const std::string& path) {
-        constexpr std::string_view digits = "0123456789ABCDEF";
-        std::error_code ignored;
-        std::string address = "file:";
-        for (const char character : std::filesystem::absolute(path, ignored).string()) {
-            const auto byte = static_cast<unsigned char>(character);
-            address += '%';
-            address += digits[byte / digits.size()];
-            address += digits[byte % digits.size()];
-        }
-        return address + "?immutable=1";
     }
 
     std::unique_ptr<::sqlite3, decltype(&::sqlite3_close)> _connection{nullptr, &::sqlite3_close};

@@ -10,6 +10,7 @@
 
 #include <sqlite3.h>
 
+#include "Host/DatabaseAddress.hpp"
 #include "Host/FileContents.hpp"
 #include "Host/Letters.hpp"
 
@@ -41,28 +42,6 @@ Header headerOf(const std::string& path) {
     const std::size_t pageSize = high * std::size_t{256} + low;
     return {.pageSize = pageSize < 512 ? 65536 : pageSize,
             .hasWriteAheadLog = bytes.ends_with("\2\2")};
-}
-
-/// A "file:" URI by which nothing is locked and no file is made beside the database.
-std::string immutableURI(const std::string& path) {
-    constexpr std::string_view digits = "0123456789ABCDEF";
-    constexpr std::string_view plain = "/-._~";
-
-    std::error_code error;
-    std::string uri = "file:";
-    for (const char letter : std::filesystem::absolute(path, error).string()) {
-        const bool isPlain = (lowerCase(letter) >= 'a' && lowerCase(letter) <= 'z') ||
-                             (letter >= '0' && letter <= '9') || plain.contains(letter);
-        if (isPlain) {
-            uri += letter;
-        } else {
-            const auto byte = static_cast<unsigned char>(letter);
-            uri += '%';
-            uri += digits[byte / digits.size()];
-            uri += digits[byte % digits.size()];
-        }
-    }
-    return uri + "?immutable=1";
 }
 
 /// A text as a literal of SQL.
@@ -134,7 +113,7 @@ Database::Database(const std::string& path) {
     _lacksLog = header.hasWriteAheadLog && !hasLog;
     std::error_code error;
     const std::string name =
-        _lacksLog ? immutableURI(path) : std::filesystem::absolute(path, error).string();
+        _lacksLog ? immutableAddress(path) : std::filesystem::absolute(path, error).string();
     ::sqlite3* connection = nullptr;
     const int code =
         ::sqlite3_open_v2(name.c_str(), &connection,
