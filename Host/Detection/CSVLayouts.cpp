@@ -1,29 +1,26 @@
 #include "Host/Detection/CSVLayouts.hpp"
 
+#include "Host/KnownColumns.hpp"
+
 namespace Rellinor::Host {
 
 namespace {
 
 using Name = std::string_view;
 
-constexpr Name lastPass[] = {"url", "username", "password", "extra", "name", "grouping", "fav"};
-constexpr Name lastPassLater[] = {"totp"};
-
-constexpr Name keePass[] = {"Account", "Login Name", "Password", "Web Site", "Comments"};
-
-constexpr Name keePassXC[] = {"Group", "Title", "Username", "Password", "URL", "Notes"};
-constexpr Name keePassXCLater[] = {"TOTP", "Icon", "Last Modified", "Created"};
-
 constexpr ReadLayout read[] = {
     {.layout = "LastPass export",
      .source = ImportSource::lastPass,
-     .columns = lastPass,
-     .later = lastPassLater},
-    {.layout = "KeePass export", .source = ImportSource::keePass, .columns = keePass, .later = {}},
+     .columns = lastPassColumns,
+     .later = laterLastPassColumns},
+    {.layout = "KeePass export",
+     .source = ImportSource::keePass,
+     .columns = classicKeePassColumns,
+     .later = {}},
     {.layout = "KeePassXC export",
      .source = ImportSource::keePassXC,
-     .columns = keePassXC,
-     .later = keePassXCLater},
+     .columns = keePassXCColumns,
+     .later = laterKeePassXCColumns},
 };
 
 constexpr Name dashlaneLogins[] = {"username", "username2", "username3", "title",
@@ -114,7 +111,7 @@ std::span<const ReadLayout> readLayouts() noexcept {
 }
 
 ColumnNames keePassColumns() noexcept {
-    return keePass;
+    return classicKeePassColumns;
 }
 
 std::span<const OtherLayout> otherLayouts() noexcept {

@@ -9,20 +9,15 @@
 
 #include "Host/Inspection/CSVInspection.hpp"
 #include "Host/Inspection/KeyedCSV.hpp"
+#include "Host/KnownColumns.hpp"
 
 namespace Rellinor::Host {
 
 namespace {
 
-constexpr std::array<std::string_view, 5> classicColumns = {"Account", "Login Name", "Password",
-                                                            "Web Site", "Comments"};
-constexpr std::array<std::string_view, 6> columnsOfXC = {"Group",    "Title", "Username",
-                                                         "Password", "URL",   "Notes"};
-constexpr std::array<std::string_view, 4> laterColumnsOfXC = {"TOTP", "Icon", "Last Modified",
-                                                              "Created"};
 constexpr std::array<CSVLayout, 2> layouts = {{
-    {"KeePass", classicColumns, {}},
-    {"KeePassXC", columnsOfXC, laterColumnsOfXC},
+    {"KeePass", classicKeePassColumns, {}},
+    {"KeePassXC", keePassXCColumns, laterKeePassXCColumns},
 }};
 
 /// What an import makes of the columns of a layout.

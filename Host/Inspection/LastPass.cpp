@@ -8,6 +8,7 @@
 
 #include "Host/Inspection/CSVInspection.hpp"
 #include "Host/Inspection/KeyedCSV.hpp"
+#include "Host/KnownColumns.hpp"
 
 namespace Rellinor::Host {
 
@@ -15,10 +16,8 @@ namespace {
 
 enum Column : std::uint8_t { url, username, password, extra, name, grouping, favorite };
 
-constexpr std::array<std::string_view, 7> columns = {"url",  "username", "password", "extra",
-                                                     "name", "grouping", "fav"};
-constexpr std::array<std::string_view, 1> laterColumns = {"totp"};
-constexpr std::array<CSVLayout, 1> layouts = {{{"LastPass", columns, laterColumns}}};
+constexpr std::array<CSVLayout, 1> layouts = {
+    {{"LastPass", lastPassColumns, laterLastPassColumns}}};
 
 /// Whether the cells are all there and empty. A row that ends before one of them is not.
 bool areEmpty(const KeyedRow& row, std::initializer_list<Column> cells) {
