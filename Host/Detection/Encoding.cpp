@@ -1,8 +1,7 @@
 #include <algorithm>
 #include <array>
 
-#include <utf8proc.h>
-
+#include "Host/Characters.hpp"
 #include "Host/Detection/Recognisers.hpp"
 
 namespace Rellinor::Host {
@@ -29,19 +28,8 @@ bool isWideText(std::string_view beginning) noexcept {
 bool isUTF8(std::string_view text, bool isCut) {
     constexpr std::size_t longestCharacter = 4;
 
-    while (!text.empty()) {
-        utf8proc_int32_t codePoint = 0;
-        // The library takes its bytes as unsigned characters.
-        const auto* bytes =
-            reinterpret_cast<const utf8proc_uint8_t*>(text.data()); // NOLINT(*-cast)
-        const utf8proc_ssize_t length =
-            ::utf8proc_iterate(bytes, static_cast<utf8proc_ssize_t>(text.size()), &codePoint);
-        if (length <= 0) {
-            return isCut && text.size() < longestCharacter;
-        }
-        text.remove_prefix(static_cast<std::size_t>(length));
-    }
-    return true;
+    const auto broken = firstBrokenByte(text);
+    return !broken || (isCut && text.size() - *broken < longestCharacter);
 }
 
 bool isControl(char character) noexcept {
