@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <cstring>
 #include <span>
+#include <string_view>
 
 #if defined(__SSE2__)
 #include <emmintrin.h>
@@ -28,19 +29,20 @@ public:
         }
     }
 
+    /// What a text begins with, filled up with spaces if it is shorter.
+    [[nodiscard]] static PortableByteBlock first(std::string_view text) noexcept {
+        if (text.size() >= size) {
+            return PortableByteBlock(std::span(text).first<size>());
+        }
+        std::array<char, size> padded{};
+        padded.fill(' ');
+        std::memcpy(padded.data(), text.data(), text.size());
+        return PortableByteBlock(padded);
+    }
+
     /// Which bytes are the character.
     [[nodiscard]] std::uint64_t equalTo(char character) const noexcept {
-        const std::uint64_t wanted = ones * static_cast<unsigned char>(character);
-        std::uint64_t mask = 0;
-        for (std::size_t index = 0; index < _words.size(); ++index) {
-            const std::uint64_t difference = _words[index] ^ wanted;
-            // The high bit of each byte that differs in no bit.
-            const std::uint64_t equal =
-                ~(((difference & ~highBits) + ~highBits) | difference | ~highBits);
-            // The multiplication gathers the eight of them in the topmost byte.
-            mask |= ((equal >> 7U) * 0x0102040810204080U >> 56U) << (8 * index);
-        }
-        return mask;
+        return zeros([wanted = repeated(character)](std::uint64_t word) { return word ^ wanted; });
     }
 
     /// Which bytes are one of the characters.
@@ -48,9 +50,37 @@ public:
         return equalTo(one) | equalTo(other);
     }
 
+    /// Which bytes are not ASCII.
+    [[nodiscard]] std::uint64_t nonASCII() const noexcept {
+        return zeros([](std::uint64_t word) { return ~word & highBits; });
+    }
+
+    /// Which bytes are one of the characters, or below a limit, which is a power of two.
+    [[nodiscard]] std::uint64_t equalToOrBelow(char one, char other, char limit) const noexcept {
+        const std::uint64_t highest = repeated(static_cast<char>(-limit));
+        return equalTo(one, other) | zeros([&](std::uint64_t word) { return word & highest; });
+    }
+
 private:
     static constexpr std::uint64_t ones = 0x0101010101010101U;
     static constexpr std::uint64_t highBits = 0x80U * ones;
+
+    static constexpr std::uint64_t repeated(char character) noexcept {
+        return ones * static_cast<unsigned char>(character);
+    }
+
+    /// One bit for each byte of which `change` makes nothing.
+    [[nodiscard]] std::uint64_t zeros(auto&& change) const noexcept {
+        std::uint64_t mask = 0;
+        for (std::size_t index = 0; index < _words.size(); ++index) {
+            const std::uint64_t word = change(_words[index]);
+            // The high bit of each byte that has no bit.
+            const std::uint64_t zero = ~(((word & ~highBits) + ~highBits) | word | ~highBits);
+            // The multiplication gathers the eight of them in the topmost byte.
+            mask |= ((zero >> 7U) * 0x0102040810204080U >> 56U) << (8 * index);
+        }
+        return mask;
+    }
 
     std::array<std::uint64_t, 8> _words{};
 };
@@ -66,6 +96,17 @@ public:
         std::memcpy(_parts.data(), bytes.data(), size);
     }
 
+    /// What a text begins with, filled up with spaces if it is shorter.
+    [[nodiscard]] static SSE2ByteBlock first(std::string_view text) noexcept {
+        if (text.size() >= size) {
+            return SSE2ByteBlock(std::span(text).first<size>());
+        }
+        std::array<char, size> padded{};
+        padded.fill(' ');
+        std::memcpy(padded.data(), text.data(), text.size());
+        return SSE2ByteBlock(padded);
+    }
+
     /// Which bytes are the character.
     [[nodiscard]] std::uint64_t equalTo(char character) const noexcept {
         const __m128i wanted = ::_mm_set1_epi8(character);
@@ -78,6 +119,23 @@ public:
         const __m128i second = ::_mm_set1_epi8(other);
         return mask([&](__m128i bytes) {
             return ::_mm_or_si128(::_mm_cmpeq_epi8(bytes, first), ::_mm_cmpeq_epi8(bytes, second));
+        });
+    }
+
+    /// Which bytes are not ASCII.
+    [[nodiscard]] std::uint64_t nonASCII() const noexcept {
+        return mask([](__m128i bytes) { return bytes; });
+    }
+
+    /// Which bytes are one of the characters, or below a limit, which is a power of two.
+    [[nodiscard]] std::uint64_t equalToOrBelow(char one, char other, char limit) const noexcept {
+        const __m128i first = ::_mm_set1_epi8(one);
+        const __m128i second = ::_mm_set1_epi8(other);
+        const __m128i greatest = ::_mm_set1_epi8(static_cast<char>(limit - 1));
+        return mask([&](__m128i bytes) {
+            const __m128i equal =
+                ::_mm_or_si128(::_mm_cmpeq_epi8(bytes, first), ::_mm_cmpeq_epi8(bytes, second));
+            return ::_mm_or_si128(equal, ::_mm_cmpeq_epi8(::_mm_min_epu8(bytes, greatest), bytes));
         });
     }
 

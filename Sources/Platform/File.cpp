@@ -47,14 +47,22 @@ ssize_t readSome(const FileDescriptor& file, std::span<char> target) noexcept {
 }
 
 void grow(FileContents& contents) {
-    FileContents larger{.buffer = WipedBuffer(contents.buffer.size() * 2), .size = contents.size};
+    FileContents larger{.buffer = WipedBuffer(contents.buffer.size() * 2),
+                        .begin = contents.begin,
+                        .size = contents.size};
     std::ranges::copy(contents.bytes(), larger.bytes().begin());
     std::swap(contents, larger);
 }
 
+/// Where more of the file may be read to.
+std::span<char> roomBehind(FileContents& contents, const FileMargins& margins) {
+    const std::size_t end = contents.begin + contents.size;
+    return contents.buffer.bytes().subspan(end, contents.buffer.size() - end - margins.behind);
+}
+
 } // namespace
 
-std::optional<FileContents> readFile(std::string_view path) {
+std::optional<FileContents> readFile(std::string_view path, FileMargins margins) {
     if (path.contains('\0')) {
         return std::nullopt; // cut at its NUL, the path would name another file
     }
@@ -67,12 +75,14 @@ std::optional<FileContents> readFile(std::string_view path) {
     }
 
     // One byte more than the file holds, so that its end shows without growing the buffer.
-    FileContents contents{.buffer = WipedBuffer(static_cast<std::size_t>(status.st_size) + 1)};
+    const auto expected = static_cast<std::size_t>(status.st_size) + 1;
+    FileContents contents{.buffer = WipedBuffer(margins.before + expected + margins.behind),
+                          .begin = margins.before};
     for (;;) {
-        if (contents.size == contents.buffer.size()) {
+        if (roomBehind(contents, margins).empty()) {
             grow(contents);
         }
-        const ssize_t count = readSome(file, contents.buffer.bytes().subspan(contents.size));
+        const ssize_t count = readSome(file, roomBehind(contents, margins));
         if (count < 0) {
             return std::nullopt;
         }

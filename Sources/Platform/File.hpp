@@ -9,12 +9,19 @@
 
 namespace Rellinor {
 
+/// How many bytes are kept free around those of a file, for who puts something there.
+struct FileMargins {
+    std::size_t before = 0;
+    std::size_t behind = 0;
+};
+
 /// The bytes of a file, as they were read.
 struct FileContents {
     WipedBuffer buffer;
-    std::size_t size = 0; ///< how much of the buffer the file filled
+    std::size_t begin = 0; ///< where the file's bytes stand in the buffer
+    std::size_t size = 0;  ///< how many there are
 
-    [[nodiscard]] std::span<char> bytes() noexcept { return buffer.bytes().first(size); }
+    [[nodiscard]] std::span<char> bytes() noexcept { return buffer.bytes().subspan(begin, size); }
 };
 
 /// Reads the whole regular file at `path`, following links.
@@ -24,7 +31,8 @@ struct FileContents {
 /// up to its end then counts.
 ///
 /// @throws std::bad_alloc
-[[nodiscard]] std::optional<FileContents> readFile(std::string_view path);
+[[nodiscard]] std::optional<FileContents> readFile(std::string_view path,
+                                                   FileMargins margins = {});
 
 /// Whether there is something at `path`, following links, that this user may read. That is no
 /// promise: it holds for a folder too, and may have changed by the time of reading.

@@ -59,7 +59,7 @@ private:
 };
 
 /// Keeps what it is told.
-class NodesBuilder final : public JSONEvents {
+class NodesBuilder {
 public:
     NodesBuilder(JSONKeys keys, ImportMemory& memory) noexcept : _keys(keys), _memory(memory) {}
 
@@ -67,45 +67,39 @@ public:
 
     [[nodiscard]] const JSONNode& root() const noexcept { return *_root; }
 
-    void beginObject() override { begin(JSONKind::object); }
+    void beginObject() { begin(JSONKind::object); }
 
-    void endObject() override { end(); }
+    void endObject() { end(); }
 
-    void beginArray() override { begin(JSONKind::objects); }
+    void beginArray() { begin(JSONKind::objects); }
 
-    void endArray() override { end(); }
+    void endArray() { end(); }
 
-    void key(std::string_view text) override {
+    void key(JSONString text) {
         if (_unkept == 0) {
-            _key = _keys.find(text);
+            _key = _keys.find(decoded(text));
         }
     }
 
-    void string(std::string_view text) override {
+    void string(JSONString text) {
         if (isKept(JSONKind::string)) {
-            addString(text);
+            addString(decoded(text));
         }
     }
 
-    void decodedString(std::string_view text) override {
-        if (isKept(JSONKind::string)) {
-            addString(_memory.copy(text));
-        }
-    }
-
-    void integer(std::int64_t value) override {
+    void integer(std::int64_t value) {
         if (isKept(JSONKind::integer)) {
             add({.content = {.integer = value}, .kind = JSONKind::integer});
         }
     }
 
-    void null() override {
+    void null() {
         if (isKept(JSONKind::null)) {
             add({.kind = JSONKind::null});
         }
     }
 
-    void otherValue() override {
+    void otherValue() {
         if (isKept(JSONKind::other)) {
             add({.kind = JSONKind::other});
         }
@@ -155,6 +149,11 @@ private:
         return _nodes.append(node);
     }
 
+    [[nodiscard]] std::string_view decoded(JSONString text) {
+        return text.hasEscapes() ? text.decoded(_memory.allocate(text.written().size()))
+                                 : text.written();
+    }
+
     void addString(std::string_view text) {
         require(std::uint64_t{text.size()} >> unsigned{JSONNode::bitsOfLength} == 0);
         add({.kind = JSONKind::string}).setText(text);
@@ -171,10 +170,10 @@ private:
 
 } // namespace
 
-std::optional<JSONDocument> JSONDocument::parsed(std::initializer_list<std::string_view> pieces,
-                                                 JSONKeys keys, ImportMemory& memory) {
+std::optional<JSONDocument> JSONDocument::parsed(std::string_view text, JSONKeys keys,
+                                                 ImportMemory& memory) {
     NodesBuilder builder(keys, memory);
-    if (!parseJSON(pieces, builder)) {
+    if (!JSONParser(text, builder).parse()) {
         return std::nullopt;
     }
     const JSONNode& root = builder.root();

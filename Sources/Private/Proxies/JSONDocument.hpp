@@ -1,6 +1,5 @@
 #pragma once
 
-#include <initializer_list>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -22,13 +21,12 @@ class JSONDocument {
 public:
     /// Parses a text; absent if it is not JSON.
     ///
-    /// @param pieces  the text, in pieces that are read as one; must outlive the document, which
-    ///                points into it
+    /// @param text    must outlive the document, which points into it
     /// @param keys    the members to keep
     /// @param memory  receives the texts that were written with escapes
     /// @throws std::bad_alloc
-    [[nodiscard]] static std::optional<JSONDocument>
-    parsed(std::initializer_list<std::string_view> pieces, JSONKeys keys, ImportMemory& memory);
+    [[nodiscard]] static std::optional<JSONDocument> parsed(std::string_view text, JSONKeys keys,
+                                                            ImportMemory& memory);
 
     /// The object or array that the text is.
     [[nodiscard]] JSONValue root() const noexcept { return JSONValue(*_root); }

@@ -18,7 +18,7 @@ std::optional<std::string_view> JSONFileProxy::fileData() {
 
 std::optional<JSONDocument> JSONFileProxy::document(JSONKeys keys) {
     const auto text = fileData();
-    return text ? JSONDocument::parsed({*text}, keys, _memory) : std::nullopt;
+    return text ? JSONDocument::parsed(*text, keys, _memory) : std::nullopt;
 }
 
 } // namespace Rellinor

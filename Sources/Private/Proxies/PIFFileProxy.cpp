@@ -15,8 +15,9 @@ namespace Rellinor {
 
 namespace {
 
-std::span<char> contentsOf(const URL& file, ImportMemory& memory) {
-    auto contents = readFile(file.path());
+/// The text of a file, with room around it.
+std::span<char> contentsOf(const URL& file, FileMargins margins, ImportMemory& memory) {
+    auto contents = readFile(file.path(), margins);
     if (!contents) {
         throw PIFParsingError("The file couldn\u2019t be opened.");
     }
@@ -29,7 +30,7 @@ std::span<char> contentsOf(const URL& file, ImportMemory& memory) {
 }
 
 /// Moves the lines that begin with "{" together, in place, with a comma between two of them.
-std::string_view joinedRecords(std::span<char> text) noexcept {
+std::span<char> joinedRecords(std::span<char> text) noexcept {
     const std::string_view view(text.data(), text.size());
     std::size_t kept = 0;
     for (std::size_t begin = 0; begin < view.size();) {
@@ -43,12 +44,20 @@ std::string_view joinedRecords(std::span<char> text) noexcept {
         }
         begin = end + 1;
     }
-    return view.substr(0, kept);
+    return text.first(kept);
 }
 
-JSONDocument rawJSON(std::initializer_list<std::string_view> pieces, JSONKeys keys,
-                     ImportMemory& memory) {
-    auto document = JSONDocument::parsed(pieces, keys, memory);
+/// Puts something before and behind a text, where there is room for it.
+std::string_view surrounded(std::span<char> text, std::string_view before,
+                            std::string_view behind) noexcept {
+    char* const begin = text.data() - before.size();
+    char* const end = text.data() + text.size();
+    std::ranges::copy(before, begin);
+    return {begin, std::ranges::copy(behind, end).out};
+}
+
+JSONDocument rawJSON(std::string_view text, JSONKeys keys, ImportMemory& memory) {
+    auto document = JSONDocument::parsed(text, keys, memory);
     if (!document) {
         throw PIFParsingError("The data couldn\u2019t be read because it isn\u2019t in the "
                               "correct format.");
@@ -60,17 +69,19 @@ JSONDocument rawJSON(std::initializer_list<std::string_view> pieces, JSONKeys ke
 
 JSON PIFFileProxy::toJSON(const URL& file, std::string_view topLevelKey, JSONKeys keys,
                           ImportMemory& memory) {
-    const std::string_view records = joinedRecords(contentsOf(file, memory));
+    const std::string before = "{ \"" + std::string(topLevelKey) + "\": [";
+    constexpr std::string_view behind = "] }";
+    const FileMargins margins{.before = before.size(), .behind = behind.size()};
+    const std::span<char> records = joinedRecords(contentsOf(file, margins, memory));
     if (!isUTF8(topLevelKey)) {
         throw PIFParsingError("Could not parse JSON string as data");
     }
     // Quirk: strange lines take part in the whole.
-    return json({"{ \"", topLevelKey, "\": [", records, "] }"}, keys, memory);
+    return json(surrounded(records, before, behind), keys, memory);
 }
 
-JSON PIFFileProxy::json(std::initializer_list<std::string_view> pieces, JSONKeys keys,
-                        ImportMemory& memory) {
-    JSONDocument document = rawJSON(pieces, keys, memory);
+JSON PIFFileProxy::json(std::string_view text, JSONKeys keys, ImportMemory& memory) {
+    JSONDocument document = rawJSON(text, keys, memory);
     if (!document.root().object()) {
         throw PIFParsingError("Could not parse JSON object as [String: AnyObject]");
     }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <initializer_list>
 #include <string_view>
 
 #include <Rellinor/URL.hpp>
@@ -18,8 +17,7 @@ public:
     /// All records of a file, as the list that is the one member of a JSON object. A record that is
     /// not JSON makes the file fail.
     ///
-    /// @param topLevelKey  the name of that member, set into the text as it is; outlives what is
-    ///                     returned
+    /// @param topLevelKey  the name of that member, set into the text as it is
     /// @param keys         the members to keep, `topLevelKey` among them
     /// @param memory       receives the texts; outlives what is returned
     /// @throws PIFParsingError, std::bad_alloc
@@ -28,10 +26,9 @@ public:
 
     /// The object that a JSON text is.
     ///
-    /// @param pieces  the text, in pieces that are read as one; outlive what is returned
+    /// @param text  outlives what is returned
     /// @throws PIFParsingError, std::bad_alloc
-    [[nodiscard]] static JSON json(std::initializer_list<std::string_view> pieces, JSONKeys keys,
-                                   ImportMemory& memory);
+    [[nodiscard]] static JSON json(std::string_view text, JSONKeys keys, ImportMemory& memory);
 };
 
 } // namespace Rellinor

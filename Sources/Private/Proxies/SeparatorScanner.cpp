@@ -1,9 +1,5 @@
 #include "Private/Proxies/SeparatorScanner.hpp"
 
-#include <array>
-#include <cstring>
-#include <span>
-
 #include "Platform/ByteBlock.hpp"
 
 namespace Rellinor {
@@ -18,22 +14,12 @@ constexpr std::uint64_t prefixParity(std::uint64_t bits) noexcept {
     return bits;
 }
 
-/// The block that a text begins with, filled up with NULs, which separate nothing, at its end.
-ByteBlock firstBlock(std::string_view text) noexcept {
-    if (text.size() >= ByteBlock::size) {
-        return ByteBlock(std::span(text).first<ByteBlock::size>());
-    }
-    std::array<char, ByteBlock::size> padded{};
-    std::memcpy(padded.data(), text.data(), text.size());
-    return ByteBlock(padded);
-}
-
 } // namespace
 
 void SeparatorScanner::scanNextBlock() noexcept {
     static_assert(blockSize == ByteBlock::size);
 
-    const ByteBlock block = firstBlock(_text.substr(_nextBlock));
+    const ByteBlock block = ByteBlock::first(_text.substr(_nextBlock));
     const std::uint64_t quotes = block.equalTo('"');
     const std::uint64_t insideQuotes =
         quotes == 0 ? _insideQuotes : prefixParity(quotes) ^ _insideQuotes;

@@ -82,7 +82,7 @@ std::string kept(const JSONValue& value) {
 /// What is kept of a text; "error" if it is not JSON.
 std::string kept(std::string_view text) {
     ImportMemory memory;
-    const auto document = JSONDocument::parsed({text}, keys, memory);
+    const auto document = JSONDocument::parsed(text, keys, memory);
     return document ? kept(document->root()) : "error";
 }
 
@@ -139,7 +139,7 @@ TEST(JSONDocumentTest, decodesTexts) {
 TEST(JSONDocumentTest, pointsIntoTheTextWhereItCan) {
     const std::string text = R"({"a":"plain","b":"escap\u0065d"})";
     ImportMemory memory;
-    const auto document = JSONDocument::parsed({text}, keys, memory);
+    const auto document = JSONDocument::parsed(text, keys, memory);
     ASSERT_TRUE(document);
     const JSONObject top = *document->root().object();
     EXPECT_EQ(top[Key::a]->text()->data(), text.data() + 6);
@@ -170,7 +170,7 @@ TEST(JSONDocumentTest, keepsManyValuesInOrderOverAllChunks) {
         }
         text += "]";
         ImportMemory memory;
-        const auto document = JSONDocument::parsed({text}, keys, memory);
+        const auto document = JSONDocument::parsed(text, keys, memory);
         ASSERT_TRUE(document);
         const JSONObjects objects = *document->root().objects();
         std::size_t index = 0;
@@ -191,7 +191,7 @@ TEST(JSONDocumentTest, isWholeAfterItMoved) {
     ImportMemory memory;
     std::optional<JSONDocument> second;
     {
-        auto first = JSONDocument::parsed({R"({"list":[{"a":1},{"a":"x"}]})"}, keys, memory);
+        auto first = JSONDocument::parsed(R"({"list":[{"a":1},{"a":"x"}]})", keys, memory);
         ASSERT_TRUE(first);
         second.emplace(*std::move(first));
     }

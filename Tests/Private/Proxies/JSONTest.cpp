@@ -35,7 +35,7 @@ class JSONTest : public testing::Test {
 protected:
     /// @param text  outlives the test
     JSON json(std::string_view text) {
-        return {JSONDocument::parsed({text}, keys, _memory).value(), keys};
+        return {JSONDocument::parsed(text, keys, _memory).value(), keys};
     }
 
     /// The names of the objects that a key holds.

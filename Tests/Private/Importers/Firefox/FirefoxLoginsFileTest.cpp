@@ -19,7 +19,7 @@ using Entries = std::vector<Entry>;
 /// The entries of a file with this text, copied out with the fields that they have.
 Entries entries(std::string_view text) {
     ImportMemory memory;
-    auto document = JSONDocument::parsed({text}, FirefoxLoginsFile::keys, memory);
+    auto document = JSONDocument::parsed(text, FirefoxLoginsFile::keys, memory);
     const auto file = document ? FirefoxLoginsFile::decoded(*std::move(document)) : std::nullopt;
     if (!file) {
         return {};

@@ -432,7 +432,7 @@ protected:
     JSONObject record(std::string_view text) {
         std::ranges::transform(allOnePasswordRecordKeys, _keys.begin(),
                                [](OnePasswordRecordKey key) { return rawValue(key); });
-        _document = JSONDocument::parsed({text}, _keys, _memory);
+        _document = JSONDocument::parsed(text, _keys, _memory);
         return _document.value().root().object().value();
     }
 
@@ -513,6 +513,14 @@ TEST(OnePasswordImporterTest, keepsTheTextsOfARecordWhenAllElseIsGone) {
     EXPECT_EQ(copyOf(*password), (Password{"ann", "é", "https://a.example", "Mail"}));
 }
 
+/// The buffer has a byte more than the file, to see the file's end, and room for what is put around
+/// the records.
+std::size_t sizeOfBuffer(std::string_view text) {
+    constexpr std::string_view before = "{ \"records\": [";
+    constexpr std::string_view behind = "] }";
+    return before.size() + text.size() + 1 + behind.size();
+}
+
 TEST(OnePasswordImporterTest, wipesTheTextOfTheFileWhenTheLastRecordIsLetGo) {
     const TemporaryFolder folder;
     const std::string text = std::string(5000, '*') + "\n" + aNote + annsForm;
@@ -521,15 +529,14 @@ TEST(OnePasswordImporterTest, wipesTheTextOfTheFileWhenTheLastRecordIsLetGo) {
     RecordsImporter().records(URL::fileURLWithPath(path), ImportSource::onePassword,
                               [&](RecordsResult result) { last = result.value().notes.at(0); });
     EXPECT_EQ(last->content(), "text");
-    // The buffer has a byte more than the file, to see the file's end.
-    EXPECT_TRUE(givesBackZeros(text.size() + 1, [&] { last.reset(); }));
+    EXPECT_TRUE(givesBackZeros(sizeOfBuffer(text), [&] { last.reset(); }));
 }
 
 TEST(OnePasswordImporterTest, wipesTheTextOfAFileThatFails) {
     const TemporaryFolder folder;
     const std::string text = std::string(5000, '*') + "\n" + aNote + annsForm + "{";
     const std::string path = folder.file("export.1pif", text);
-    EXPECT_TRUE(givesBackZeros(text.size() + 1, [&] {
+    EXPECT_TRUE(givesBackZeros(sizeOfBuffer(text), [&] {
         EXPECT_EQ(outcomeOf(ImportSource::onePassword, path), notInTheFormat);
     }));
 }

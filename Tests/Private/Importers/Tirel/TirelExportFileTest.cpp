@@ -22,7 +22,7 @@ using Names = std::vector<std::string>;
 /// no export.
 std::optional<Names> records(std::string_view text) {
     ImportMemory memory;
-    auto document = JSONDocument::parsed({text}, TirelExportFile::keys, memory);
+    auto document = JSONDocument::parsed(text, TirelExportFile::keys, memory);
     const auto file = document ? TirelExportFile::decoded(*std::move(document)) : std::nullopt;
     if (!file) {
         return std::nullopt;

@@ -271,7 +271,7 @@ class TirelImporterRecordTest : public testing::Test {
 protected:
     TirelRecord record(TirelRecordType type, const Members& entry) {
         _text = entry.text();
-        _document = JSONDocument::parsed({_text}, namesOfTirelExportMembers, _memory);
+        _document = JSONDocument::parsed(_text, namesOfTirelExportMembers, _memory);
         return {type, _document.value().root().object().value()};
     }
 
