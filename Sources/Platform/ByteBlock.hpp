@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cstddef>
@@ -50,9 +51,10 @@ public:
         return equalTo(one) | equalTo(other);
     }
 
-    /// Which bytes are not ASCII.
-    [[nodiscard]] std::uint64_t nonASCII() const noexcept {
-        return zeros([](std::uint64_t word) { return ~word & highBits; });
+    /// Whether all bytes are ASCII.
+    [[nodiscard]] bool isASCII() const noexcept {
+        return std::ranges::none_of(_words,
+                                    [](std::uint64_t word) { return (word & highBits) != 0; });
     }
 
     /// Which bytes are one of the characters, or below a limit, which is a power of two.
@@ -122,9 +124,11 @@ public:
         });
     }
 
-    /// Which bytes are not ASCII.
-    [[nodiscard]] std::uint64_t nonASCII() const noexcept {
-        return mask([](__m128i bytes) { return bytes; });
+    /// Whether all bytes are ASCII.
+    [[nodiscard]] bool isASCII() const noexcept {
+        const __m128i one = ::_mm_or_si128(_parts[0].bytes, _parts[1].bytes);
+        const __m128i other = ::_mm_or_si128(_parts[2].bytes, _parts[3].bytes);
+        return ::_mm_movemask_epi8(::_mm_or_si128(one, other)) == 0;
     }
 
     /// Which bytes are one of the characters, or below a limit, which is a power of two.

@@ -31,8 +31,7 @@ struct FileContents {
 /// up to its end then counts.
 ///
 /// @throws std::bad_alloc
-[[nodiscard]] std::optional<FileContents> readFile(std::string_view path,
-                                                   FileMargins margins = {});
+[[nodiscard]] std::optional<FileContents> readFile(std::string_view path, FileMargins margins = {});
 
 /// Whether there is something at `path`, following links, that this user may read. That is no
 /// promise: it holds for a folder too, and may have changed by the time of reading.

@@ -4,7 +4,9 @@
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <string_view>
+#include <utility>
 
 #include "Platform/JSONNumber.hpp"
 #include "Platform/JSONString.hpp"
@@ -45,202 +47,234 @@ public:
     ///
     /// @throws what `events` throws
     [[nodiscard]] bool parse() {
-        skipBlanks();
-        if (front() != '{' && front() != '[') {
+        Place place = skipBlanks(0);
+        if (at(place) != '{' && at(place) != '[') {
             return false;
         }
         do {
-            if (!parseValue()) {
-                return false;
-            }
-            while (_depth > 0 && !_isBeforeValue) {
-                if (!parseBehindValue()) {
-                    return false;
-                }
-            }
-        } while (_depth > 0);
-        skipBlanks();
-        return _position == _text.size();
+            place = parseValue(place);
+            place = place != broken ? parseBehindValue(place) : broken;
+        } while (_depth > 0 && place != broken);
+        return place != broken && skipBlanks(place) == _text.size();
     }
 
 private:
+    /// A position in the text. What parses something is given where that begins and returns where
+    /// it ends, or that it is broken.
+    using Place = std::size_t;
+
+    static constexpr Place broken = std::string_view::npos;
     static constexpr std::size_t deepestNesting = 512;
 
-    /// What stands next; NUL, which may stand nowhere, at the end.
-    [[nodiscard]] char front() const noexcept {
-        return _position < _text.size() ? _text[_position] : '\0';
+    static constexpr bool isDigit(char character) noexcept {
+        return character >= '0' && character <= '9';
     }
 
-    [[nodiscard]] bool skip(char character) noexcept {
-        const bool isThere = front() == character;
-        _position += isThere ? 1 : 0;
-        return isThere;
+    /// What stands there; NUL, which may stand nowhere, at the end.
+    [[nodiscard]] char at(Place place) const noexcept {
+        return place < _text.size() ? _text[place] : '\0';
     }
 
-    void skipBlanks() noexcept {
-        while (front() == ' ' || front() == '\n' || front() == '\r' || front() == '\t') {
-            ++_position;
+    [[nodiscard]] Place skipBlanks(Place place) const noexcept {
+        for (;; ++place) {
+            const char character = at(place);
+            if (character > ' ') {
+                return place; // as nearly always
+            }
+            if (character != ' ' && character != '\n' && character != '\r' && character != '\t') {
+                return place;
+            }
         }
     }
 
-    /// A single value, or the beginning of an object or array up to its first value or its end.
-    bool parseValue() {
-        _isBeforeValue = false;
-        switch (front()) {
-        case '{':
-            return parseBeginOfObject();
-        case '[':
-            return parseBeginOfArray();
-        case '"':
-            return parseString([&](JSONString text) { _events.string(text); });
-        case 'n':
-            return parseWord("null", [&] { _events.null(); });
-        case 't':
-            return parseWord("true", [&] { _events.otherValue(); });
-        case 'f':
-            return parseWord("false", [&] { _events.otherValue(); });
-        default:
-            return parseNumber();
+    /// A value, with its key if it is a member; of objects and arrays that are not empty the first
+    /// one that is in them.
+    Place parseValue(Place place) {
+        for (;;) {
+            place = _isInObject ? parseKey(place) : place;
+            if (place == broken) {
+                return broken;
+            }
+            const char first = at(place);
+            if (first == '"') {
+                return parseString(place, [&](JSONString text) { _events.string(text); });
+            }
+            const bool isObject = first == '{';
+            if (!isObject && first != '[') {
+                return parseNumberOrWord(place);
+            }
+            if (_depth == deepestNesting) {
+                return broken;
+            }
+            begin(isObject);
+            place = skipBlanks(place + 1);
+            if (at(place) == (isObject ? '}' : ']')) {
+                return place;
+            }
         }
     }
 
-    bool parseBeginOfObject() {
-        if (!open(true)) {
-            return false;
+    /// What is between a value and the next one, which may stand further outside, or the end of
+    /// all.
+    Place parseBehindValue(Place place) {
+        while (_depth > 0) {
+            place = skipBlanks(place);
+            const char character = at(place);
+            if (character == ',') {
+                return skipBlanks(place + 1);
+            }
+            if (character != (_isInObject ? '}' : ']')) {
+                return broken;
+            }
+            end();
+            ++place;
         }
-        _events.beginObject();
-        return front() == '}' || parseKey();
+        return place;
     }
 
-    bool parseBeginOfArray() {
-        if (!open(false)) {
-            return false;
+    void begin(bool isObject) {
+        _wasInObject[_depth++] = std::exchange(_isInObject, isObject);
+        if (isObject) {
+            _events.beginObject();
+        } else {
+            _events.beginArray();
         }
-        _events.beginArray();
-        _isBeforeValue = front() != ']';
-        return true;
     }
 
-    /// Enters the object or array that begins here.
-    bool open(bool isObject) noexcept {
-        if (_depth == deepestNesting) {
-            return false;
-        }
-        _isObject[_depth++] = isObject;
-        ++_position;
-        skipBlanks();
-        return true;
-    }
-
-    /// A comma and what is between it and the next value, or the end of the object or array.
-    bool parseBehindValue() {
-        const bool isInObject = _isObject[_depth - 1];
-        skipBlanks();
-        if (skip(',')) {
-            skipBlanks();
-            _isBeforeValue = true;
-            return !isInObject || parseKey();
-        }
-        if (!skip(isInObject ? '}' : ']')) {
-            return false;
-        }
-        --_depth;
-        if (isInObject) {
+    void end() {
+        if (_isInObject) {
             _events.endObject();
         } else {
             _events.endArray();
         }
-        return true;
+        _isInObject = _wasInObject[--_depth];
     }
 
     /// A key and all up to its value.
-    bool parseKey() {
-        if (front() != '"' || !parseString([&](JSONString text) { _events.key(text); })) {
-            return false;
+    Place parseKey(Place place) {
+        if (at(place) != '"') {
+            return broken;
         }
-        skipBlanks();
-        if (!skip(':')) {
-            return false;
+        place = parseString(place, [&](JSONString text) { _events.key(text); });
+        if (place == broken) {
+            return broken;
         }
-        skipBlanks();
-        _isBeforeValue = true;
-        return true;
+        place = skipBlanks(place);
+        return at(place) == ':' ? skipBlanks(place + 1) : broken;
     }
 
-    bool parseString(auto&& tell) {
-        const std::size_t begin = ++_position;
-        bool hasEscapes = false;
-        for (;;) {
-            _position = _strings.next(_position);
-            if (front() == '"') {
-                break;
-            }
-            if (front() != '\\') {
-                return false; // a control character, or the end of the text
-            }
-            const std::size_t length = lengthOfJSONEscape(_text.substr(_position));
-            if (length == 0) {
-                return false;
-            }
-            hasEscapes = true;
-            _position += length;
+    Place parseString(Place place, auto&& tell) {
+        const Place begin = place + 1;
+        Place end = _strings.next(begin);
+        const bool hasEscapes = at(end) == '\\';
+        if (hasEscapes) {
+            end = skipEscapes(end);
         }
-        const std::string_view written = _text.substr(begin, _position - begin);
+        if (at(end) != '"') {
+            return broken; // a control character, a false escape, or the end of the text
+        }
+        const std::string_view written(_text.data() + begin, end - begin);
         if (_strings.mayHaveNonASCIIBehind(begin) && !isUTF8(written)) {
-            return false;
+            return broken;
         }
         tell(JSONString(written, hasEscapes));
-        ++_position;
-        return true;
+        return end + 1;
     }
 
-    bool parseWord(std::string_view word, auto&& tell) {
-        if (!_text.substr(_position).starts_with(word)) {
-            return false;
-        }
-        _position += word.size();
-        tell();
-        return true;
-    }
-
-    bool parseNumber() {
-        const std::size_t begin = _position;
-        (void)skip('-');
-        const bool hasInteger = skip('0') || skipDigits();
-        const bool hasFraction = !skip('.') || skipDigits();
-        if (!hasInteger || !hasFraction) {
-            return false;
-        }
-        if (skip('e') || skip('E')) {
-            (void)(skip('+') || skip('-'));
-            if (!skipDigits()) {
-                return false;
+    /// The rest of a string up to what is no escape.
+    [[nodiscard]] Place skipEscapes(Place place) noexcept {
+        while (at(place) == '\\') {
+            const std::size_t length = lengthOfJSONEscape(_text.substr(place));
+            if (length == 0) {
+                break;
             }
+            place = _strings.next(place + length);
         }
-        if (const auto value = integralValue(_text.substr(begin, _position - begin))) {
-            _events.integer(*value);
+        return place;
+    }
+
+    Place parseNumberOrWord(Place place) {
+        switch (at(place)) {
+        case 'n':
+            return parseWord(place, "null", [&] { _events.null(); });
+        case 't':
+            return parseWord(place, "true", [&] { _events.otherValue(); });
+        case 'f':
+            return parseWord(place, "false", [&] { _events.otherValue(); });
+        default:
+            return parseNumber(place);
+        }
+    }
+
+    Place parseWord(Place place, std::string_view word, auto&& tell) {
+        if (!_text.substr(place).starts_with(word)) {
+            return broken;
+        }
+        tell();
+        return place + word.size();
+    }
+
+    Place parseNumber(Place begin) {
+        constexpr std::size_t mostDigits = std::numeric_limits<std::int64_t>::digits10;
+
+        const bool isNegative = at(begin) == '-';
+        const Place digits = begin + (isNegative ? 1 : 0);
+        Place place = digits;
+        std::uint64_t magnitude = 0; // wraps around if there are too many digits
+        for (; isDigit(at(place)); ++place) {
+            magnitude = magnitude * 10 + static_cast<std::uint64_t>(at(place) - '0');
+        }
+        const std::size_t count = place - digits;
+        if (count == 0 || (count > 1 && at(digits) == '0')) {
+            return broken;
+        }
+        const Place end = skipFractionAndExponent(place);
+        if (end == broken) {
+            return broken;
+        }
+        if (end == place && count <= mostDigits) {
+            const auto value = static_cast<std::int64_t>(magnitude); // as of nearly all numbers
+            _events.integer(isNegative ? -value : value);
+        } else if (const auto integer = integralValue(_text.substr(begin, end - begin))) {
+            _events.integer(*integer);
         } else {
             _events.otherValue();
         }
-        return true;
+        return end;
     }
 
-    /// Whether there is at least one.
-    [[nodiscard]] bool skipDigits() noexcept {
-        const std::size_t begin = _position;
-        while (front() >= '0' && front() <= '9') {
-            ++_position;
+    [[nodiscard]] Place skipFractionAndExponent(Place place) const noexcept {
+        if (at(place) == '.') {
+            const Place fraction = place + 1;
+            place = skipDigits(fraction);
+            if (place == fraction) {
+                return broken;
+            }
         }
-        return _position > begin;
+        if (at(place) == 'e' || at(place) == 'E') {
+            const bool hasSign = at(place + 1) == '+' || at(place + 1) == '-';
+            const Place exponent = place + (hasSign ? 2 : 1);
+            place = skipDigits(exponent);
+            if (place == exponent) {
+                return broken;
+            }
+        }
+        return place;
+    }
+
+    [[nodiscard]] Place skipDigits(Place place) const noexcept {
+        while (isDigit(at(place))) {
+            ++place;
+        }
+        return place;
     }
 
     std::string_view _text;
     JSONStringScanner _strings;
     Events& _events;
-    std::size_t _position = 0;
-    bool _isBeforeValue = true; // and not behind one
-    std::size_t _depth = 0;     // how many objects and arrays are open
-    std::array<bool, deepestNesting> _isObject{};
+    std::size_t _depth = 0; // how many objects and arrays are open
+    bool _isInObject = false;
+    std::array<bool, deepestNesting> _wasInObject; // for each of them: before it began
 };
 
 } // namespace Rellinor

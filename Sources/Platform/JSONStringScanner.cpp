@@ -10,7 +10,7 @@ void JSONStringScanner::scanBlock(std::size_t begin) noexcept {
     const ByteBlock block = ByteBlock::first(_text.substr(begin));
     _found = block.equalToOrBelow('"', '\\', ' ');
     _nextBlock = begin + blockSize;
-    _endOfNonASCII = block.nonASCII() != 0 ? _nextBlock : _endOfNonASCII;
+    _endOfNonASCII = block.isASCII() ? _endOfNonASCII : _nextBlock;
 }
 
 std::size_t JSONStringScanner::nextInLaterBlocks() noexcept {

@@ -6,6 +6,8 @@
 
 #include <utf8proc.h>
 
+#include "Platform/ByteBlock.hpp"
+
 namespace Rellinor {
 
 namespace {
@@ -16,11 +18,15 @@ constexpr bool isASCII(char character) noexcept {
     return static_cast<unsigned char>(character) < 0x80U;
 }
 
-/// How many of the leading bytes are ASCII, counted in steps of 8 and then one by one.
+/// How many of the leading bytes are ASCII, counted in long steps, in shorter ones, and one by one.
 std::size_t lengthOfASCIIPrefix(std::string_view bytes) noexcept {
     constexpr std::uint64_t highBits = 0x8080808080808080U;
 
     std::size_t length = 0;
+    while (bytes.size() - length >= ByteBlock::size &&
+           ByteBlock::first(bytes.substr(length)).isASCII()) {
+        length += ByteBlock::size;
+    }
     for (std::uint64_t word = 0; bytes.size() - length >= sizeof word; length += sizeof word) {
         std::memcpy(&word, bytes.data() + length, sizeof word);
         if ((word & highBits) != 0) {

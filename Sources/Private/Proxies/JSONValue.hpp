@@ -20,7 +20,14 @@ class JSONObjects;
 /// A value of a JSON document, which must outlive it; a view.
 class JSONValue {
 public:
+    /// A null that stands nowhere.
+    JSONValue() noexcept = default;
+
     explicit JSONValue(const JSONNode& node) noexcept : _node(&node) {}
+
+    [[nodiscard]] bool isNowhere() const noexcept { return _node == &nowhere; }
+
+    [[nodiscard]] JSONKind kind() const noexcept { return _node->kind; }
 
     [[nodiscard]] bool isNull() const noexcept { return _node->kind == JSONKind::null; }
 
@@ -41,7 +48,9 @@ public:
     [[nodiscard]] std::optional<JSONObjects> objects() const noexcept;
 
 private:
-    const JSONNode* _node;
+    static constexpr JSONNode nowhere{};
+
+    const JSONNode* _node = &nowhere;
 };
 
 /// An object as a dictionary from known keys to values; a view.
@@ -66,6 +75,17 @@ public:
             place = JSONNodes::behind(member);
         }
         return std::nullopt;
+    }
+
+    /// Calls `visit` with the place of each member's key among the known ones and its value, in the
+    /// order of the text.
+    void forEach(auto&& visit) const {
+        const JSONNode* place = _node + 1;
+        while (place != _node->content.behind) {
+            const JSONNode& member = JSONNodes::at(place);
+            visit(std::size_t{member.key}, JSONValue(member));
+            place = JSONNodes::behind(member);
+        }
     }
 
 private:

@@ -1,81 +1,135 @@
 #include "Private/Importers/Tirel/TirelExportFile.hpp"
 
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <utility>
+
 namespace Rellinor {
 
 namespace {
 
 using Member = TirelExportMember;
+using enum TirelRecordType;
 
-bool hasText(const JSONObject& entry, Member member) noexcept {
-    return entry[member].and_then(&JSONValue::text).has_value();
-}
+/// A member that an object has to have, and of which kind it is.
+struct Requirement {
+    Member member;
+    JSONKind kind;
+    bool isOptional = false; ///< may be missing or null
+};
 
-bool hasInteger(const JSONObject& entry, Member member) noexcept {
-    return entry[member].and_then(&JSONValue::integer).has_value();
-}
+constexpr std::array requirementsOfLogin = {
+    Requirement{.member = Member::color, .kind = JSONKind::integer},
+    Requirement{.member = Member::custName, .kind = JSONKind::string, .isOptional = true},
+    Requirement{.member = Member::loginName, .kind = JSONKind::string},
+    Requirement{.member = Member::note, .kind = JSONKind::string},
+    Requirement{.member = Member::pwd, .kind = JSONKind::string},
+    Requirement{.member = Member::pwdChange, .kind = JSONKind::integer, .isOptional = true},
+    Requirement{.member = Member::url, .kind = JSONKind::string},
+};
 
-/// Whether an optional member is missing or null.
-bool lacks(const JSONObject& entry, Member member) noexcept {
-    const auto value = entry[member];
-    return !value || value->isNull();
-}
+constexpr std::array requirementsOfNote = {
+    Requirement{.member = Member::color, .kind = JSONKind::integer},
+    Requirement{.member = Member::label, .kind = JSONKind::string},
+    Requirement{.member = Member::text, .kind = JSONKind::string},
+};
+
+constexpr std::array requirementsOfCard = {
+    Requirement{.member = Member::cardNumber, .kind = JSONKind::string},
+    Requirement{.member = Member::custName, .kind = JSONKind::string},
+    Requirement{.member = Member::holderName, .kind = JSONKind::string},
+    Requirement{.member = Member::cvv, .kind = JSONKind::string},
+    Requirement{.member = Member::pin, .kind = JSONKind::string},
+    Requirement{.member = Member::note, .kind = JSONKind::string},
+    Requirement{.member = Member::expirationDate, .kind = JSONKind::object},
+};
+
+constexpr std::array requirementsOfExpirationDate = {
+    Requirement{.member = Member::day, .kind = JSONKind::integer},
+    Requirement{.member = Member::month, .kind = JSONKind::integer},
+    Requirement{.member = Member::year, .kind = JSONKind::integer},
+};
+
+/// What is required of the members of an object, to be checked in one walk over them.
+class Shape {
+public:
+    constexpr explicit Shape(std::span<const Requirement> requirements) noexcept {
+        for (const Requirement& requirement : requirements) {
+            const auto member = std::to_underlying(requirement.member);
+            _kinds[member] = requirement.kind;
+            _known |= bitOf(member);
+            _optional |= requirement.isOptional ? bitOf(member) : 0;
+        }
+    }
+
+    [[nodiscard]] bool fits(const JSONObject& object) const noexcept {
+        std::uint32_t seen = 0;
+        std::uint32_t fitting = _optional;
+        object.forEach([&](std::size_t member, const JSONValue& value) {
+            const std::uint32_t bit = bitOf(member);
+            const bool isFirst = (seen & bit) == 0; // of its name, so that it counts
+            const bool isOfKind = value.kind() == _kinds[member];
+            const bool isAbsent = value.isNull() && (_optional & bit) != 0;
+            seen |= bit;
+            fitting &= isFirst ? ~bit : ~0U;
+            fitting |= isFirst && (isOfKind || isAbsent) ? bit : 0;
+        });
+        return (fitting & _known) == _known;
+    }
+
+private:
+    static constexpr std::uint32_t bitOf(std::size_t member) noexcept { return 1U << member; }
+
+    static_assert(namesOfTirelExportMembers.size() <= 32);
+
+    std::array<JSONKind, namesOfTirelExportMembers.size()> _kinds{};
+    std::uint32_t _known = 0;
+    std::uint32_t _optional = 0;
+};
+
+constexpr Shape shapeOfLogin(requirementsOfLogin);
+constexpr Shape shapeOfNote(requirementsOfNote);
+constexpr Shape shapeOfCard(requirementsOfCard);
+constexpr Shape shapeOfExpirationDate(requirementsOfExpirationDate);
 
 bool isLogin(const JSONObject& entry) noexcept {
-    return hasInteger(entry, Member::color) &&
-           (lacks(entry, Member::custName) || hasText(entry, Member::custName)) &&
-           hasText(entry, Member::loginName) && hasText(entry, Member::note) &&
-           hasText(entry, Member::pwd) &&
-           (lacks(entry, Member::pwdChange) || hasInteger(entry, Member::pwdChange)) &&
-           hasText(entry, Member::url);
+    return shapeOfLogin.fits(entry);
 }
 
 bool isNote(const JSONObject& entry) noexcept {
-    return hasInteger(entry, Member::color) && hasText(entry, Member::label) &&
-           hasText(entry, Member::text);
-}
-
-bool isExpirationDate(const JSONObject& date) noexcept {
-    return hasInteger(date, Member::day) && hasInteger(date, Member::month) &&
-           hasInteger(date, Member::year);
+    return shapeOfNote.fits(entry);
 }
 
 bool isCard(const JSONObject& entry) noexcept {
-    const auto date = entry[Member::expirationDate].and_then(&JSONValue::object);
-    return hasText(entry, Member::cardNumber) && hasText(entry, Member::custName) &&
-           hasText(entry, Member::holderName) && hasText(entry, Member::cvv) &&
-           hasText(entry, Member::pin) && hasText(entry, Member::note) && date &&
-           isExpirationDate(*date);
+    return shapeOfCard.fits(entry) &&
+           shapeOfExpirationDate.fits(entry[Member::expirationDate].value().object().value());
 }
 
-/// Adds the records of a list; false if it is not there, or an entry is of another shape.
-bool add(std::vector<TirelRecord>& records, const std::optional<JSONValue>& list,
-         TirelRecordType type, bool (*isOfType)(const JSONObject&) noexcept) {
-    const auto entries = list.and_then(&JSONValue::objects);
-    if (!entries) {
-        return false;
-    }
-    for (const JSONObject& entry : *entries) {
-        if (!isOfType(entry)) {
-            return false;
-        }
-        records.emplace_back(type, entry);
-    }
-    return true;
+/// The entries of a list; absent if it is not there, or an entry is of another shape.
+std::optional<JSONObjects> entriesOf(const JSONObject& top, Member list,
+                                     bool (*isOfType)(const JSONObject&) noexcept) {
+    const auto entries = top[list].and_then(&JSONValue::objects);
+    return entries && std::ranges::all_of(*entries, isOfType) ? entries : std::nullopt;
 }
 
 } // namespace
 
 std::optional<TirelExportFile> TirelExportFile::decoded(JSONDocument document) {
     const auto top = document.root().object();
-    std::vector<TirelRecord> records;
-    const bool isExport =
-        top && add(records, (*top)[Member::logins], TirelRecordType::webPassword, isLogin) &&
-        add(records, (*top)[Member::notes], TirelRecordType::secureNote, isNote) &&
-        add(records, (*top)[Member::cards], TirelRecordType::creditCard, isCard);
-    if (!isExport) {
+    const auto logins = top ? entriesOf(*top, Member::logins, isLogin) : std::nullopt;
+    const auto notes = logins ? entriesOf(*top, Member::notes, isNote) : std::nullopt;
+    const auto cards = notes ? entriesOf(*top, Member::cards, isCard) : std::nullopt;
+    if (!cards) {
         return std::nullopt;
     }
-    return TirelExportFile(std::move(document), std::move(records));
+    return TirelExportFile(std::move(document), {{
+                                                    {.type = webPassword, .entries = *logins},
+                                                    {.type = secureNote, .entries = *notes},
+                                                    {.type = creditCard, .entries = *cards},
+                                                }});
 }
 
 } // namespace Rellinor

@@ -16,11 +16,13 @@ using Key = TirelRecordKey;
 constexpr std::string_view missingFields = "Record did not contain required fields";
 
 std::optional<std::string_view> textOf(const TirelRecord& record, Key key) noexcept {
-    return record[key].and_then(&JSONValue::text);
+    const auto value = record[key];
+    return value ? value->text() : std::nullopt;
 }
 
 std::optional<std::int64_t> integerOf(const TirelRecord& record, Key key) noexcept {
-    return record[key].and_then(&JSONValue::integer);
+    const auto value = record[key];
+    return value ? value->integer() : std::nullopt;
 }
 
 } // namespace

@@ -1,6 +1,5 @@
 #include "Private/Importers/Tirel/TirelRecord.hpp"
 
-#include <algorithm>
 #include <array>
 #include <span>
 
@@ -47,28 +46,49 @@ constexpr std::array originsOfExpirationDate = {
     Origin{Key::expirationYear, Member::year},
 };
 
-std::optional<JSONValue> valueIn(const JSONObject& object, std::span<const Origin> origins,
-                                 TirelRecordKey key) noexcept {
-    const auto origin = std::ranges::find(origins, key, &Origin::key);
-    const auto value = origin != origins.end() ? object[origin->member] : std::nullopt;
-    return value && !value->isNull() ? value : std::nullopt;
+/// For each member of an object the key whose value it is.
+using Keys = std::array<std::optional<Key>, namesOfTirelExportMembers.size()>;
+
+constexpr Keys keysOf(std::span<const Origin> origins) noexcept {
+    Keys keys;
+    for (const Origin& origin : origins) {
+        keys[std::to_underlying(origin.member)] = origin.key;
+    }
+    return keys;
+}
+
+constexpr Keys keysOfLogin = keysOf(originsOfLogin);
+constexpr Keys keysOfNote = keysOf(originsOfNote);
+constexpr Keys keysOfCard = keysOf(originsOfCard);
+constexpr Keys keysOfExpirationDate = keysOf(originsOfExpirationDate);
+
+/// Takes over the members of an object, the first of those of one name.
+void take(auto& values, const JSONObject& object, const Keys& keys) noexcept {
+    object.forEach([&](std::size_t member, const JSONValue& value) {
+        if (const auto key = keys[member]) {
+            JSONValue& taken = values[std::to_underlying(*key)];
+            taken = taken.isNowhere() ? value : taken;
+        }
+    });
 }
 
 } // namespace
 
-std::optional<JSONValue> TirelRecord::operator[](TirelRecordKey key) const noexcept {
-    switch (_type) {
+TirelRecord::TirelRecord(TirelRecordType type, const JSONObject& entry) noexcept {
+    switch (type) {
         using enum TirelRecordType;
     case webPassword:
-        return valueIn(_entry, originsOfLogin, key);
+        take(_values, entry, keysOfLogin);
+        return;
     case secureNote:
-        return valueIn(_entry, originsOfNote, key);
+        take(_values, entry, keysOfNote);
+        return;
     case creditCard:
-        if (const auto value = valueIn(_entry, originsOfCard, key)) {
-            return value;
+        take(_values, entry, keysOfCard);
+        if (const auto date = entry[Member::expirationDate].and_then(&JSONValue::object)) {
+            take(_values, *date, keysOfExpirationDate);
         }
-        const auto date = _entry[Member::expirationDate].and_then(&JSONValue::object);
-        return date ? valueIn(*date, originsOfExpirationDate, key) : std::nullopt;
+        return;
     }
     fault();
 }

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <utility>
 
 #include "Private/Importers/Tirel/TirelExportMember.hpp"
 #include "Private/Proxies/JSONValue.hpp"
@@ -40,15 +43,19 @@ class TirelRecord {
 public:
     /// @param type   of the list that the entry stands in
     /// @param entry  of that list
-    TirelRecord(TirelRecordType type, const JSONObject& entry) noexcept
-        : _type(type), _entry(entry) {}
+    TirelRecord(TirelRecordType type, const JSONObject& entry) noexcept;
 
     /// The value of a key; absent if the record has no such key.
-    [[nodiscard]] std::optional<JSONValue> operator[](TirelRecordKey key) const noexcept;
+    [[nodiscard]] std::optional<JSONValue> operator[](TirelRecordKey key) const noexcept {
+        const JSONValue value = _values[std::to_underlying(key)];
+        return value.isNull() ? std::nullopt : std::optional(value);
+    }
 
 private:
-    TirelRecordType _type;
-    JSONObject _entry;
+    static constexpr std::size_t numberOfKeys =
+        std::size_t{std::to_underlying(TirelRecordKey::text)} + 1;
+
+    std::array<JSONValue, numberOfKeys> _values; // those that the entry has not are nowhere
 };
 
 } // namespace Rellinor
