@@ -64,6 +64,20 @@ public:
         return valueAt(indexOf(key));
     }
 
+    // The value of a member, absent too if it is of another type.
+
+    [[nodiscard]] std::optional<std::string_view> text(RecordKey auto key) const noexcept {
+        const auto value = (*this)[key];
+        return value ? value->text() : std::nullopt;
+    }
+
+    [[nodiscard]] std::optional<JSONObject> object(RecordKey auto key) const noexcept {
+        const auto value = (*this)[key];
+        return value ? value->object() : std::nullopt;
+    }
+
+    [[nodiscard]] std::optional<JSONObjects> objects(RecordKey auto key) const noexcept;
+
     /// The value of the member whose key has this place among the known ones.
     [[nodiscard]] std::optional<JSONValue> valueAt(std::size_t key) const noexcept {
         const JSONNode* place = _node + 1;
@@ -139,6 +153,11 @@ private:
 };
 
 // NOLINTEND(*-union-access)
+
+std::optional<JSONObjects> JSONObject::objects(RecordKey auto key) const noexcept {
+    const auto value = (*this)[key];
+    return value ? value->objects() : std::nullopt;
+}
 
 inline std::optional<JSONObject> JSONValue::object() const noexcept {
     return _node->kind == JSONKind::object ? std::optional(JSONObject(*_node)) : std::nullopt;

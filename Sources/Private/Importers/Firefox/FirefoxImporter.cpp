@@ -16,7 +16,7 @@ namespace {
 using EncryptedLogins = std::vector<FirefoxEncryptedRecord>;
 
 std::optional<std::string_view> textOf(const JSONObject& login, EncryptedKeys key) noexcept {
-    return login[key].and_then(&JSONValue::text);
+    return login.text(key);
 }
 
 std::optional<std::string_view> textOf(const SQLiteRow& login, EncryptedKeys key) noexcept {

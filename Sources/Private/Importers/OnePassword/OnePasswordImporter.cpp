@@ -20,23 +20,15 @@ constexpr std::string_view missingFields = "Record did not contain expected fiel
 /// The members that are kept: those of the records, in their order, and the list of them.
 constexpr auto keptMembers = namesOf(allOnePasswordRecordKeys, keyOfRecords);
 
-std::optional<std::string_view> textOf(const JSONObject& object, Key key) noexcept {
-    return object[key].and_then(&JSONValue::text);
-}
-
-std::optional<JSONObject> secureContentsOf(const JSONObject& record) noexcept {
-    return record[Key::secureContents].and_then(&JSONValue::object);
-}
-
 /// A list of dictionaries in the secure contents.
 std::optional<JSONObjects> listOf(const std::optional<JSONObject>& secureContents,
                                   Key key) noexcept {
-    return secureContents ? (*secureContents)[key].and_then(&JSONValue::objects) : std::nullopt;
+    return secureContents ? secureContents->objects(key) : std::nullopt;
 }
 
 // Quirk: only the first url counts.
 std::optional<std::string_view> urlOf(const std::optional<JSONObjects>& urls) noexcept {
-    return urls && !urls->empty() ? textOf(*urls->begin(), Key::url) : std::nullopt;
+    return urls && !urls->empty() ? (*urls->begin()).text(Key::url) : std::nullopt;
 }
 
 /// The value of the first field of that designation.
@@ -46,13 +38,13 @@ std::optional<std::string_view> valueOf(const std::optional<JSONObjects>& fields
         return std::nullopt;
     }
     const auto field = std::ranges::find_if(*fields, [&](const JSONObject& candidate) {
-        return textOf(candidate, Key::designation) == rawValue(designation);
+        return candidate.text(Key::designation) == rawValue(designation);
     });
-    return field != fields->end() ? textOf(*field, Key::value) : std::nullopt;
+    return field != fields->end() ? (*field).text(Key::value) : std::nullopt;
 }
 
 bool isOfType(const JSONObject& record, OnePasswordRecordType type) noexcept {
-    return textOf(record, Key::type) == rawValue(type);
+    return record.text(Key::type) == rawValue(type);
 }
 
 } // namespace
@@ -73,8 +65,8 @@ bool OnePasswordImporter::isNote(const RawRecord& record) noexcept {
 }
 
 Built<ImportedPassword> OnePasswordImporter::buildPassword(const RawRecord& record) noexcept {
-    const auto title = textOf(record, Key::title);
-    const auto secureContents = secureContentsOf(record);
+    const auto title = record.text(Key::title);
+    const auto secureContents = record.object(Key::secureContents);
     const auto url = urlOf(listOf(secureContents, Key::urls));
     const auto fields = listOf(secureContents, Key::fields);
     const auto username = valueOf(fields, Key::username);
@@ -89,9 +81,9 @@ Built<ImportedPassword> OnePasswordImporter::buildPassword(const RawRecord& reco
 }
 
 Built<ImportedNote> OnePasswordImporter::buildNote(const RawRecord& record) noexcept {
-    const auto title = textOf(record, Key::title);
-    const auto secureContents = secureContentsOf(record);
-    const auto content = secureContents ? textOf(*secureContents, Key::note) : std::nullopt;
+    const auto title = record.text(Key::title);
+    const auto secureContents = record.object(Key::secureContents);
+    const auto content = secureContents ? secureContents->text(Key::note) : std::nullopt;
     if (!title || !content) {
         return std::unexpected(missingFields);
     }

@@ -105,13 +105,13 @@ bool isNote(const JSONObject& entry) noexcept {
 
 bool isCard(const JSONObject& entry) noexcept {
     return shapeOfCard.fits(entry) &&
-           shapeOfExpirationDate.fits(entry[Member::expirationDate].value().object().value());
+           shapeOfExpirationDate.fits(entry.object(Member::expirationDate).value());
 }
 
 /// The entries of a list; absent if it is not there, or an entry is of another shape.
 std::optional<JSONObjects> entriesOf(const JSONObject& top, Member list,
                                      bool (*isOfType)(const JSONObject&) noexcept) {
-    const auto entries = top[list].and_then(&JSONValue::objects);
+    const auto entries = top.objects(list);
     return entries && std::ranges::all_of(*entries, isOfType) ? entries : std::nullopt;
 }
 

@@ -85,7 +85,7 @@ TirelRecord::TirelRecord(TirelRecordType type, const JSONObject& entry) noexcept
         return;
     case creditCard:
         take(_values, entry, keysOfCard);
-        if (const auto date = entry[Member::expirationDate].and_then(&JSONValue::object)) {
+        if (const auto date = entry.object(Member::expirationDate)) {
             take(_values, *date, keysOfExpirationDate);
         }
         return;
