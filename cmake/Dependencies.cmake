@@ -5,6 +5,15 @@
 # (see Sources/Platform/BoostSources.cpp) and its libraries are not linked.
 option(RELLINOR_BOOST_FROM_HEADERS "Compile Boost's sources from its headers" OFF)
 
+# Starting a program takes as long as finding and binding its shared libraries: most of the time of a
+# short run of the host tool. A package of a system links the shared ones, which the system mends.
+option(RELLINOR_STATIC_DEPENDENCIES "Link the static kinds of the libraries that Rellinor calls" OFF)
+
+if(RELLINOR_STATIC_DEPENDENCIES)
+    set(Boost_USE_STATIC_LIBS ON)
+    list(PREPEND CMAKE_FIND_LIBRARY_SUFFIXES .a)
+endif()
+
 if(RELLINOR_BOOST_FROM_HEADERS)
     find_package(Boost 1.81 REQUIRED)
 else()
