@@ -36,8 +36,9 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME librellinor-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(boost "${Boost_VERSION_MAJOR}.${Boost_VERSION_MINOR}")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
-    "libboost-json${boost}-dev, libboost-url${boost}-dev, libsodium-dev, libsqlite3-dev, \
+    "libboost-url${boost}-dev, libsodium-dev, libsqlite3-dev, \
 libutf8proc-dev, pkgconf | pkg-config, zlib1g-dev")
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SUGGESTS "libboost-json${boost}-dev")
 set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "importer of other password managers' exports, to build with
 ${about}
 This package has the headers, the static library, and files for CMake and

@@ -17,7 +17,7 @@ endif()
 if(RELLINOR_BOOST_FROM_HEADERS)
     find_package(Boost 1.81 REQUIRED)
 else()
-    find_package(Boost 1.81 REQUIRED COMPONENTS json url)
+    find_package(Boost 1.81 REQUIRED COMPONENTS url)
 endif()
 
 find_package(SQLite3 REQUIRED)

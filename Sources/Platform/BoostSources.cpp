@@ -1,4 +1,3 @@
 // The compiled parts of Boost, from its headers; built only where its libraries cannot be linked.
 
-#include <boost/json/src.hpp>
 #include <boost/url/src.hpp>

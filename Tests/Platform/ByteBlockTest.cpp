@@ -49,7 +49,37 @@ TYPED_TEST(ByteBlockTest, agreesWithALoopOverRandomBytes) {
             EXPECT_EQ(TypeParam(std::span(bytes).template first<64>()).equalTo(character),
                       bitsOneByOne(bytes, character));
         }
+        EXPECT_EQ(TypeParam::first(bytes).equalTo('"', '\n'),
+                  bitsOneByOne(bytes, '"') | bitsOneByOne(bytes, '\n'));
+        EXPECT_EQ(TypeParam::first(bytes).equalToOrBelow('"', ',', ' '),
+                  bitsOneByOne(bytes, '"') | bitsOneByOne(bytes, ',') | bitsOneByOne(bytes, '\n') |
+                      bitsOneByOne(bytes, '\0'));
     }
+}
+
+TYPED_TEST(ByteBlockTest, tellsEveryByteBelowALimit) {
+    for (int value = 0; value < 256; ++value) {
+        const std::string bytes(64, static_cast<char>(value));
+        EXPECT_EQ(TypeParam::first(bytes).equalToOrBelow('"', '\\', ' ') != 0,
+                  value < 0x20 || value == '"' || value == '\\')
+            << value;
+    }
+}
+
+TYPED_TEST(ByteBlockTest, tellsOneByteBeyondASCIIAtEveryPlace) {
+    EXPECT_TRUE(TypeParam::first(std::string(64, '\x7F')).isASCII());
+    for (std::size_t place = 0; place < 64; ++place) {
+        std::string bytes(64, '\0');
+        bytes[place] = '\x80';
+        EXPECT_FALSE(TypeParam::first(bytes).isASCII()) << place;
+    }
+}
+
+TYPED_TEST(ByteBlockTest, fillsUpAShortTextWithSpaces) {
+    const std::string x(5, 'x');
+    EXPECT_EQ(TypeParam::first(x).equalTo('x'), 0x1FU);
+    EXPECT_EQ(TypeParam::first(x).equalTo(' '), ~std::uint64_t{0x1F});
+    EXPECT_EQ(TypeParam::first("").equalTo(' '), ~std::uint64_t{0});
 }
 
 } // namespace

@@ -1,15 +1,19 @@
 #include "Platform/JSONParser.hpp"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
+#include <boost/json/error.hpp>
+#include <boost/json/parse.hpp>
 #include <gtest/gtest.h>
 
 #include "Tests/Support/JSONTexts.hpp"
+#include "Tests/Support/RandomText.hpp"
 
 namespace Rellinor::Tests {
 
@@ -148,6 +152,29 @@ TEST(JSONParserTest, decodesLongTextsWithEscapesAnywhere) {
 TEST(JSONParserTest, tellsTheSecondTextWithEscapesWithoutTheFirst) {
     EXPECT_EQ(told(R"(["a\nb","c\td","e",{"f\rg":"h\bi"}])"),
               "[\"a\nb\"\"c\td\"<e>{f\rg=\"h\bi\"}]");
+}
+
+TEST(JSONParserTest, acceptsWhatBoostJSONAccepts) {
+    static constexpr std::array<std::string_view, 32> pieces = {
+        "{",      "}",    "[",     "]",   ",",       ":",       "\"",     "\"a\"",
+        "\"a\":", "\\",   "\\u00", "\\n", "\\uD83D", "\\uDD11", "\u00E9", "\xC3",
+        "null",   "true", "false", "-",   "0",       "12",      ".",      "e",
+        "E+3",    "1.5",  " ",     "\n",  "\t",      "\x01",    "x",      "\"\"",
+    };
+    boost::json::parse_options options;
+    options.max_depth = 512;
+    RandomText random(3);
+    std::size_t accepted = 0;
+    for (int round = 0; round < 200'000; ++round) {
+        // Mostly what is nearly right.
+        const std::string inner = random.of(pieces, 6);
+        const std::string text = random.below(2) == 0 ? "[" + inner + "]" : "{\"k\":" + inner + "}";
+        boost::json::error_code error;
+        (void)boost::json::parse(text, error, {}, options);
+        ASSERT_EQ(told(text).has_value(), !error) << text;
+        accepted += error ? 0U : 1U;
+    }
+    EXPECT_GT(accepted, 5'000U);
 }
 
 TEST(JSONParserTest, letsThroughWhatIsThrownByWhoIsTold) {
