@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <limits>
 #include <utility>
@@ -12,12 +13,22 @@
 
 #include "Platform/JSONNumber.hpp"
 #include "Platform/WipedBuffer.hpp"
+#include "Platform/WipedStack.hpp"
 
 namespace Rellinor {
 
 namespace {
 
 constexpr std::size_t deepestNesting = 512;
+
+/// What the parser takes of the stack at most within one container: it has a buffer there for texts
+/// with escapes.
+constexpr std::size_t stackOfText = std::size_t{12} * 1024;
+
+/// Where the stack has grown to. It grows downwards.
+[[gnu::always_inline]] inline std::uintptr_t stackFrame() noexcept {
+    return reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0)); // NOLINT(*-cast)
+}
 
 /// Puts together a text that comes in pieces, as one with escapes does.
 class PiecedText {
@@ -70,7 +81,7 @@ public:
     bool on_document_end(Error& /*error*/) noexcept { return true; }
 
     bool on_object_begin(Error& /*error*/) {
-        ++_depth;
+        goDeeper();
         _events.beginObject();
         return true;
     }
@@ -82,7 +93,7 @@ public:
     }
 
     bool on_array_begin(Error& /*error*/) {
-        ++_depth;
+        goDeeper();
         _events.beginArray();
         return true;
     }
@@ -156,12 +167,20 @@ public:
         return true;
     }
 
+    /// How far the stack has grown while a container was begun.
+    [[nodiscard]] std::uintptr_t endOfStack() const noexcept { return _endOfStack; }
+
     bool on_comment_part(Text /*piece*/, Error& /*error*/) noexcept { return true; }
 
     bool on_comment(Text /*piece*/, Error& /*error*/) noexcept { return true; }
 
 private:
     static std::string_view viewOf(Text text) noexcept { return {text.data(), text.size()}; }
+
+    void goDeeper() noexcept {
+        ++_depth;
+        _endOfStack = std::min(_endOfStack, stackFrame());
+    }
 
     bool number(Text piece, Error& error) {
         if (isOutside(error)) {
@@ -193,25 +212,42 @@ private:
     PiecedText _text;
     std::string_view _piece;
     std::size_t _depth = 0;
+    std::uintptr_t _endOfStack = stackFrame();
 };
 
 // NOLINTEND(readability-identifier-naming,readability-convert-member-functions-to-static)
 
 } // namespace
 
-bool parseJSON(std::initializer_list<std::string_view> pieces, JSONEvents& events) {
+namespace {
+
+/// Kept out of line: what it had on the stack lies beyond the caller's end.
+[[gnu::noinline]] bool parse(std::initializer_list<std::string_view> pieces, JSONEvents& events,
+                             std::uintptr_t& endOfStack) {
     boost::json::parse_options strict;
     strict.max_depth = deepestNesting;
     boost::json::basic_parser<Handler> parser(strict, events);
     boost::json::error_code error;
-    const auto parse = [&](std::string_view piece, bool isLast) {
+    const auto parsePiece = [&](std::string_view piece, bool isLast) {
         parser.handler().setPiece(piece);
         return parser.write_some(!isLast, piece.data(), piece.size(), error) == piece.size() &&
                !error;
     };
-    return std::ranges::all_of(pieces,
-                               [&](std::string_view piece) { return parse(piece, false); }) &&
-           parse({}, true);
+    const bool isJSON =
+        std::ranges::all_of(pieces,
+                            [&](std::string_view piece) { return parsePiece(piece, false); }) &&
+        parsePiece({}, true);
+    endOfStack = parser.handler().endOfStack();
+    return isJSON;
+}
+
+} // namespace
+
+bool parseJSON(std::initializer_list<std::string_view> pieces, JSONEvents& events) {
+    std::uintptr_t endOfStack = stackFrame();
+    const bool isJSON = parse(pieces, events, endOfStack);
+    wipeStack(stackFrame() - endOfStack + stackOfText);
+    return isJSON;
 }
 
 } // namespace Rellinor
