@@ -69,6 +69,7 @@ TEST(ThreadsTest, importAsOneThreadDoes) {
     std::vector<std::vector<std::size_t>> different(threads); // by thread, as places in the list
     {
         std::vector<std::jthread> running;
+        running.reserve(threads);
         for (std::size_t thread = 0; thread < threads; ++thread) {
             running.emplace_back([&, thread] {
                 begin.arrive_and_wait();
@@ -98,6 +99,7 @@ TEST(ThreadsTest, letGoOfRecordsOnAnother) {
     std::vector<int> same(threads);
     {
         std::vector<std::jthread> running;
+        running.reserve(threads);
         for (std::size_t thread = 0; thread < threads; ++thread) {
             running.emplace_back([&, thread, result = std::move(results[thread])]() mutable {
                 same[thread] = copyOf(result) == expected ? 1 : 0;
