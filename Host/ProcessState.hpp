@@ -7,8 +7,8 @@ namespace Rellinor::Host {
 /// any file is opened; false if it cannot be done.
 [[nodiscard]] bool openMissingStreams() noexcept;
 
-/// Keeps what the process holds from others: it leaves no memory dump, and what it creates is for
-/// its owner alone.
+/// Keeps what the process holds from others: it leaves no memory dump, its user's other processes
+/// cannot look into it where the system is Linux, and what it creates is for its owner alone.
 void protectSecrets() noexcept;
 
 } // namespace Rellinor::Host

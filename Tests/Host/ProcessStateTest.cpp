@@ -6,6 +6,10 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#if defined(__linux__)
+#include <sys/prctl.h>
+#endif
+
 #include <gtest/gtest.h>
 
 namespace Rellinor::Host {
@@ -61,6 +65,16 @@ TEST(ProcessStateTest, leavesNoMemoryDump) {
         return ::getrlimit(RLIMIT_CORE, &limit) == 0 && limit.rlim_cur == 0 && limit.rlim_max == 0;
     }));
 }
+
+#if defined(__linux__) && !defined(RELLINOR_SANITIZED)
+TEST(ProcessStateTest, isClosedToOtherProcesses) {
+    EXPECT_TRUE(holdsElsewhere([] {
+        const bool before = ::prctl(PR_GET_DUMPABLE) != 0; // NOLINT(*-vararg)
+        protectSecrets();
+        return before && ::prctl(PR_GET_DUMPABLE) == 0; // NOLINT(*-vararg)
+    }));
+}
+#endif
 
 TEST(ProcessStateTest, createsFilesForTheirOwnerAlone) {
     EXPECT_TRUE(holdsElsewhere([] {

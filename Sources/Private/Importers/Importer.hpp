@@ -1,13 +1,16 @@
 #pragma once
 
+#include <cstddef>
 #include <expected>
 #include <memory>
 #include <string_view>
+#include <utility>
 
 #include <Rellinor/RecordsImporting.hpp>
 #include <Rellinor/URL.hpp>
 
 #include "Platform/Fault.hpp"
+#include "Platform/WipedStack.hpp"
 #include "Private/Importers/ImportMemory.hpp"
 #include "Private/Importers/RecordsBlock.hpp"
 #include "Private/Importers/ThrownError.hpp"
@@ -36,7 +39,9 @@ public:
 
     /// Imports the file or folder at `url` and calls `onComplete` once, before it returns.
     void records(const URL& url, const RecordsCompletion& onComplete) {
-        onComplete(assembled(url)); // outside every try: what the host throws is the host's
+        RecordsResult result = assembled(url);
+        wipeStack(stackOfImport);
+        onComplete(std::move(result)); // outside every try: what the host throws is the host's
     }
 
     // Defaults: every record is a password, and a kind that no predicate tells has no builder.
@@ -58,7 +63,11 @@ private:
     Importer() = default;
     ~Importer() = default;
 
-    RecordsResult assembled(const URL& url) noexcept {
+    /// More than an import takes of the stack.
+    static constexpr std::size_t stackOfImport = std::size_t{16} * 1024;
+
+    // Kept out of line: what it had on the stack lies beyond the caller's end.
+    [[gnu::noinline]] RecordsResult assembled(const URL& url) noexcept {
         try {
             auto& source = static_cast<Source&>(*this);
             const auto block = std::make_shared<RecordsBlock>();

@@ -84,6 +84,7 @@ SQLiteRows SQLiteFileProxy::select(std::string_view query) {
     if (_dbp == nullptr) {
         return rows;
     }
+    keepLittle();
     ::sqlite3_stmt* statement = nullptr;
     if (!prepareStatement(query, statement)) {
         close();
@@ -105,6 +106,12 @@ SQLiteRows SQLiteFileProxy::select(std::string_view query) {
     // Only the deferred close bears that.
     close();
     return rows;
+}
+
+void SQLiteFileProxy::keepLittle() const noexcept {
+    // Where that fails, the database cannot be read either.
+    ::sqlite3_exec(_dbp, "PRAGMA cache_size = 8; PRAGMA temp_store = MEMORY", nullptr, nullptr,
+                   nullptr);
 }
 
 bool SQLiteFileProxy::prepareStatement(std::string_view query,
@@ -132,6 +139,7 @@ void SQLiteFileProxy::mapColumns(::sqlite3_stmt* statement, SQLiteRows& rows) {
 }
 
 void SQLiteFileProxy::close() const noexcept {
+    ::sqlite3_db_release_memory(_dbp);
     ::sqlite3_close_v2(_dbp);
 }
 

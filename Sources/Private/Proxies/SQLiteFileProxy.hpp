@@ -35,6 +35,10 @@ public:
     [[nodiscard, gnu::noinline]] SQLiteRows select(std::string_view query) override;
 
 private:
+    /// Has the connection, which stays to the end of the process, keep as little of the file as it
+    /// can, and nothing of it in other files.
+    void keepLittle() const noexcept;
+
     [[nodiscard]] bool prepareStatement(std::string_view query,
                                         ::sqlite3_stmt*& statement) const noexcept;
 

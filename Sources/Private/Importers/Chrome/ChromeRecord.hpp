@@ -16,7 +16,7 @@ enum class ChromeRecordKey : std::uint8_t {
 };
 
 /// All of them, in the order in which they are selected.
-inline constexpr std::array selectedChromeRecordKeys = {
+inline constexpr auto selectedChromeRecordKeys = std::array{
     ChromeRecordKey::username,
     ChromeRecordKey::url,
     ChromeRecordKey::password,

@@ -16,7 +16,7 @@ enum class EncryptedKeys : std::uint8_t {
 };
 
 /// All of them, in their order.
-inline constexpr std::array allEncryptedKeys = {
+inline constexpr auto allEncryptedKeys = std::array{
     EncryptedKeys::host,
     EncryptedKeys::user,
     EncryptedKeys::password,

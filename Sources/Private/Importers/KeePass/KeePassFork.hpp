@@ -16,7 +16,7 @@ enum class KeePassFork : std::uint8_t {
     keepassXC,
 };
 
-inline constexpr std::array allKeepassKeys = csvHeaders(std::array{
+inline constexpr auto allKeepassKeys = csvHeaders(std::array{
     KeePassRecordKey::account,
     KeePassRecordKey::login,
     KeePassRecordKey::password,
@@ -24,7 +24,7 @@ inline constexpr std::array allKeepassKeys = csvHeaders(std::array{
     KeePassRecordKey::comments,
 });
 
-inline constexpr std::array allKeepassXCKeys = csvHeaders(std::array{
+inline constexpr auto allKeepassXCKeys = csvHeaders(std::array{
     KeePassRecordKey::group,
     KeePassRecordKey::title,
     KeePassRecordKey::username,
@@ -44,13 +44,13 @@ inline constexpr std::array allKeepassXCKeys = csvHeaders(std::array{
     fault();
 }
 
-inline constexpr std::array requiredKeepassKeys = csvHeaders(std::array{
+inline constexpr auto requiredKeepassKeys = csvHeaders(std::array{
     KeePassRecordKey::site,
     KeePassRecordKey::login,
     KeePassRecordKey::password,
 });
 
-inline constexpr std::array requiredKeepassXCKeys = csvHeaders(std::array{
+inline constexpr auto requiredKeepassXCKeys = csvHeaders(std::array{
     KeePassRecordKey::url,
     KeePassRecordKey::username,
     KeePassRecordKey::password,

@@ -21,7 +21,7 @@ enum class LastPassRecordKey : std::uint8_t {
 };
 
 /// All columns, in their order.
-inline constexpr std::array allLastPassRecordKeys = {
+inline constexpr auto allLastPassRecordKeys = std::array{
     LastPassRecordKey::url,      LastPassRecordKey::username, LastPassRecordKey::password,
     LastPassRecordKey::extra,    LastPassRecordKey::name,     LastPassRecordKey::grouping,
     LastPassRecordKey::favorite,
@@ -56,7 +56,7 @@ enum class LastPassRecordType : std::uint8_t {
 };
 
 /// The columns that decide whether a login carries anything.
-inline constexpr std::array telltaleLoginColumns = {
+inline constexpr auto telltaleLoginColumns = std::array{
     LastPassRecordKey::url,
     LastPassRecordKey::username,
     LastPassRecordKey::password,
@@ -64,7 +64,7 @@ inline constexpr std::array telltaleLoginColumns = {
 };
 
 /// The columns that decide whether a secure note carries anything.
-inline constexpr std::array telltaleSecureNoteColumns = {
+inline constexpr auto telltaleSecureNoteColumns = std::array{
     LastPassRecordKey::name,
     LastPassRecordKey::extra,
 };

@@ -63,7 +63,7 @@ enum class OnePasswordRecordKey : std::uint8_t {
 };
 
 /// All of them, in their order.
-inline constexpr std::array allOnePasswordRecordKeys = {
+inline constexpr auto allOnePasswordRecordKeys = std::array{
     OnePasswordRecordKey::title,       OnePasswordRecordKey::url,
     OnePasswordRecordKey::password,    OnePasswordRecordKey::username,
     OnePasswordRecordKey::note,        OnePasswordRecordKey::type,

@@ -21,7 +21,7 @@ struct Requirement {
     bool isOptional = false; ///< may be missing or null
 };
 
-constexpr std::array requirementsOfLogin = {
+constexpr auto requirementsOfLogin = std::array{
     Requirement{.member = Member::color, .kind = JSONKind::integer},
     Requirement{.member = Member::custName, .kind = JSONKind::string, .isOptional = true},
     Requirement{.member = Member::loginName, .kind = JSONKind::string},
@@ -31,13 +31,13 @@ constexpr std::array requirementsOfLogin = {
     Requirement{.member = Member::url, .kind = JSONKind::string},
 };
 
-constexpr std::array requirementsOfNote = {
+constexpr auto requirementsOfNote = std::array{
     Requirement{.member = Member::color, .kind = JSONKind::integer},
     Requirement{.member = Member::label, .kind = JSONKind::string},
     Requirement{.member = Member::text, .kind = JSONKind::string},
 };
 
-constexpr std::array requirementsOfCard = {
+constexpr auto requirementsOfCard = std::array{
     Requirement{.member = Member::cardNumber, .kind = JSONKind::string},
     Requirement{.member = Member::custName, .kind = JSONKind::string},
     Requirement{.member = Member::holderName, .kind = JSONKind::string},
@@ -47,7 +47,7 @@ constexpr std::array requirementsOfCard = {
     Requirement{.member = Member::expirationDate, .kind = JSONKind::object},
 };
 
-constexpr std::array requirementsOfExpirationDate = {
+constexpr auto requirementsOfExpirationDate = std::array{
     Requirement{.member = Member::day, .kind = JSONKind::integer},
     Requirement{.member = Member::month, .kind = JSONKind::integer},
     Requirement{.member = Member::year, .kind = JSONKind::integer},

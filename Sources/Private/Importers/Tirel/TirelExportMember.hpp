@@ -81,7 +81,7 @@ enum class TirelExportMember : std::uint8_t {
 }
 
 /// All names, in their order.
-inline constexpr std::array namesOfTirelExportMembers = {
+inline constexpr auto namesOfTirelExportMembers = std::array{
     rawValue(TirelExportMember::logins),
     rawValue(TirelExportMember::notes),
     rawValue(TirelExportMember::cards),

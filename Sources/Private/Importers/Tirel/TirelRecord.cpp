@@ -15,7 +15,7 @@ struct Origin {
     TirelExportMember member;
 };
 
-constexpr std::array originsOfLogin = {
+constexpr auto originsOfLogin = std::array{
     Origin{Key::username, Member::loginName},
     Origin{Key::password, Member::pwd},
     Origin{Key::url, Member::url},
@@ -25,13 +25,13 @@ constexpr std::array originsOfLogin = {
     Origin{Key::pwdChange, Member::pwdChange},
 };
 
-constexpr std::array originsOfNote = {
+constexpr auto originsOfNote = std::array{
     Origin{Key::color, Member::color},
     Origin{Key::label, Member::label},
     Origin{Key::text, Member::text},
 };
 
-constexpr std::array originsOfCard = {
+constexpr auto originsOfCard = std::array{
     Origin{Key::cardNumber, Member::cardNumber},
     Origin{Key::custName, Member::custName},
     Origin{Key::holderName, Member::holderName},
@@ -40,7 +40,7 @@ constexpr std::array originsOfCard = {
     Origin{Key::note, Member::note},
 };
 
-constexpr std::array originsOfExpirationDate = {
+constexpr auto originsOfExpirationDate = std::array{
     Origin{Key::expirationDay, Member::day},
     Origin{Key::expirationMonth, Member::month},
     Origin{Key::expirationYear, Member::year},

@@ -1,0 +1,24 @@
+set(scripts "${PROJECT_SOURCE_DIR}/Scripts")
+
+add_test(NAME Built.libraryKeepsNoState
+    COMMAND "${scripts}/inspect-library" "$<TARGET_FILE:Rellinor>")
+add_library(rellinor-state STATIC Built/State.cpp)
+add_test(NAME Built.stateIsFound
+    COMMAND "${scripts}/inspect-library" "$<TARGET_FILE:rellinor-state>")
+set_tests_properties(Built.stateIsFound PROPERTIES
+    PASS_REGULAR_EXPRESSION
+        "\\.data.*\\.bss.*\\.init_array.*\\.tbss.*guard variable.*keeps something between calls")
+
+if(RELLINOR_HOST)
+    add_test(NAME Built.toolIsHardened COMMAND "${scripts}/inspect-program" "$<TARGET_FILE:rellinor>")
+endif()
+add_executable(rellinor-soft Built/Soft.cpp)
+set_target_properties(rellinor-soft PROPERTIES POSITION_INDEPENDENT_CODE OFF)
+target_compile_options(rellinor-soft PRIVATE
+    -fno-pie -fno-stack-protector -U_FORTIFY_SOURCE -fno-stack-clash-protection -fcf-protection=none)
+target_link_options(rellinor-soft PRIVATE -no-pie -Wl,-z,norelro,-z,lazy,-z,execstack)
+add_test(NAME Built.softnessIsFound
+    COMMAND "${scripts}/inspect-program" "$<TARGET_FILE:rellinor-soft>")
+set_tests_properties(Built.softnessIsFound PROPERTIES
+    PASS_REGULAR_EXPRESSION
+        "any address.*stays writable.*looked up late.*can be executed.*guards the stack.*is checked")

@@ -1,0 +1,240 @@
+#include <condition_variable>
+#include <functional>
+#include <mutex>
+#include <optional>
+#include <set>
+#include <span>
+#include <stdexcept>
+#include <string>
+#include <tuple>
+
+#include <pthread.h>
+
+#include <Rellinor/Rellinor.hpp>
+#include <Rellinor/rellinor.h>
+#include <gtest/gtest.h>
+
+#include "Tests/Memory/MemorySearch.hpp"
+#include "Tests/Memory/OwnMemory.hpp"
+#include "Tests/Memory/Store.hpp"
+#include "Tests/Support/TemporaryFolder.hpp"
+
+// No secret outlives its record, anywhere in the memory of the process: exports full of canaries
+// are imported, and all memory is searched for them while the records live and when they are gone.
+// This program itself never has a canary.
+
+namespace Rellinor::Tests {
+
+namespace {
+
+/// A thread that does what it is told and stands still in between, so that its stack can be
+/// searched.
+class StandingThread {
+public:
+    StandingThread() {
+        ::pthread_attr_t attributes{};
+        ::pthread_attr_init(&attributes);
+        ::pthread_attr_setstacksize(&attributes, std::size_t{512} * 1024); // quickly searched
+        const int failed = ::pthread_create(&_thread, &attributes, start, this);
+        ::pthread_attr_destroy(&attributes);
+        if (failed != 0) {
+            throw std::runtime_error("no thread");
+        }
+        ask([this] { findStack(); });
+    }
+
+    ~StandingThread() {
+        ask({});
+        ::pthread_join(_thread, nullptr);
+    }
+
+    StandingThread(const StandingThread&) = delete;
+    StandingThread& operator=(const StandingThread&) = delete;
+
+    /// Lets it do something, and waits until that is done.
+    void ask(const std::function<void()>& work) {
+        std::unique_lock lock(_mutex);
+        _work = &work;
+        _changed.notify_all();
+        _changed.wait(lock, [this] { return _work == nullptr; });
+    }
+
+    [[nodiscard]] std::span<const std::byte> stack() const { return _stack; }
+
+private:
+    static void* start(void* thread) {
+        static_cast<StandingThread*>(thread)->run();
+        return nullptr;
+    }
+
+    void run() {
+        for (bool isLast = false; !isLast;) {
+            std::unique_lock lock(_mutex);
+            _changed.wait(lock, [this] { return _work != nullptr; });
+            isLast = !*_work;
+            if (!isLast) {
+                (*_work)();
+            }
+            _work = nullptr;
+            _changed.notify_all();
+        }
+    }
+
+    void findStack() {
+        ::pthread_attr_t attributes{};
+        void* begin = nullptr;
+        std::size_t size = 0;
+        ::pthread_getattr_np(::pthread_self(), &attributes);
+        ::pthread_attr_getstack(&attributes, &begin, &size);
+        ::pthread_attr_destroy(&attributes);
+        _stack = {static_cast<const std::byte*>(begin), size};
+    }
+
+    std::mutex _mutex;
+    std::condition_variable _changed;
+    const std::function<void()>* _work = nullptr;
+    std::span<const std::byte> _stack;
+    ::pthread_t _thread{};
+};
+
+/// What one test leaves in memory is not found by the next.
+std::uint32_t families = 0; // NOLINT(*-avoid-non-const-global-variables)
+
+std::set<std::uint32_t> deliveredOf(std::span<const Canary> canaries) {
+    std::set<std::uint32_t> numbers;
+    for (const Canary& canary : canaries) {
+        if (canary.number() < Store::firstLeftOut) {
+            numbers.insert(canary.number());
+        }
+    }
+    return numbers;
+}
+
+/// How many texts of a large database may remain at most, in what SQLite itself keeps of its file:
+/// Documentation/threat-model.md tells what that is. It has many more, and one of ten times its
+/// size leaves no more.
+constexpr std::size_t mostThatSQLiteKeeps = 300;
+
+/// What in Chrome's database is Base64 of our own making, which SQLite never had.
+constexpr std::uint32_t base64OfPasswords[] = {3, 6};
+
+/// A store by its place among all, and whether it is large.
+using Parameter = std::tuple<std::size_t, bool>;
+
+const Store& storeOf(const Parameter& parameter) {
+    return allStores()[std::get<std::size_t>(parameter)];
+}
+
+class SecretsTest : public testing::TestWithParam<Parameter> {
+protected:
+    SecretsTest()
+        : _family(families++), _canaries(canariesIn(store().contents(isLarge()), _family)),
+          _search(_canaries), _path(store().write(_folder, isLarge(), _family)) {}
+
+    [[nodiscard]] static const Store& store() { return storeOf(GetParam()); }
+
+    [[nodiscard]] static bool isLarge() { return std::get<bool>(GetParam()); }
+
+    [[nodiscard]] Found found() const { return _search.search(_thread.stack()); }
+
+    void expectNothing() const {
+        const Found left = found();
+        EXPECT_TRUE(left.inOwnMemory.empty()) << left;
+        EXPECT_TRUE(left.onAStack.empty()) << left;
+        if (!store().isDatabase()) {
+            EXPECT_TRUE(left.elsewhere.empty()) << left;
+            return;
+        }
+        EXPECT_LE(left.elsewhere.size(), mostThatSQLiteKeeps);
+        for (const std::uint32_t number : base64OfPasswords) {
+            EXPECT_FALSE(store().source == ImportSource::chrome && left.elsewhere.contains(number));
+        }
+    }
+
+    /// That the search finds what is there.
+    void expectDelivered() const {
+        const std::set<std::uint32_t> there = found().anywhere();
+        for (const std::uint32_t number : deliveredOf(_canaries)) {
+            EXPECT_TRUE(there.contains(number)) << number;
+        }
+    }
+
+    TemporaryFolder _folder;
+    std::uint32_t _family;
+    std::vector<Canary> _canaries;
+    MemorySearch _search;
+    std::string _path;
+    StandingThread _thread;
+};
+
+TEST_P(SecretsTest, areGoneWithTheirRecords) {
+    ASSERT_EQ(found(), Found()) << "this program had the secrets itself";
+    RecordsImporter importer;
+    std::optional<RecordsResult> result;
+    _thread.ask([&] {
+        importer.records(URL::fileURLWithPath(_path), store().source,
+                         [&](RecordsResult outcome) { result = std::move(outcome); });
+    });
+    EXPECT_EQ(result->has_value(), store().fate == Fate::imported);
+    if (*result) {
+        expectDelivered();
+    } else {
+        const std::string description = result->error().localizedDescription();
+        expectNothing(); // in the error neither
+    }
+    _thread.ask([&] { result.reset(); });
+    expectNothing();
+}
+
+TEST_P(SecretsTest, areGoneWithTheResultOfTheCInterface) {
+    rellinor_importer* const importer = ::rellinor_importer_new();
+    rellinor_result* result = nullptr;
+    _thread.ask([&] {
+        result = ::rellinor_importer_import(importer, _path.c_str(),
+                                            static_cast<rellinor_source>(store().source));
+    });
+    if (::rellinor_result_succeeded(result)) {
+        expectDelivered();
+    } else {
+        expectNothing();
+    }
+    _thread.ask([&] { ::rellinor_result_free(result); });
+    expectNothing();
+    ::rellinor_importer_free(importer);
+}
+
+/// A small store runs through the same places as a large one.
+class SecretsWithoutMemoryTest : public SecretsTest {};
+
+TEST_P(SecretsWithoutMemoryTest, areGoneWhenMemoryRunsOut) {
+    RecordsImporter importer;
+    const auto import = [&] {
+        importer.records(URL::fileURLWithPath(_path), store().source, [](const RecordsResult&) {});
+    };
+    const std::size_t before = allocationsSoFar();
+    _thread.ask(import);
+    const std::size_t allocations = allocationsSoFar() - before;
+    for (std::size_t nth = 1; nth <= allocations; nth += 1 + allocations / 50) {
+        _thread.ask([&] {
+            const URL url = URL::fileURLWithPath(_path);
+            failAllocationFromNow(nth);
+            importer.records(url, store().source, [](const RecordsResult&) {});
+            failAllocationFromNow(0);
+        });
+    }
+    expectNothing();
+}
+
+std::string nameOf(const testing::TestParamInfo<Parameter>& test) {
+    return std::string(storeOf(test.param).name) + (std::get<bool>(test.param) ? "Large" : "");
+}
+
+const auto everyStore = testing::Range<std::size_t>(0, allStores().size());
+
+INSTANTIATE_TEST_SUITE_P(Each, SecretsTest, testing::Combine(everyStore, testing::Bool()), nameOf);
+INSTANTIATE_TEST_SUITE_P(Each, SecretsWithoutMemoryTest,
+                         testing::Combine(everyStore, testing::Values(false)), nameOf);
+
+} // namespace
+
+} // namespace Rellinor::Tests
