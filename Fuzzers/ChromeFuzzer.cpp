@@ -1,0 +1,13 @@
+// The import of Chrome's login database, against the rules as they are told.
+
+#include "Fuzzers/Driver/Fuzzer.hpp"
+#include "Fuzzers/Driver/Imports.hpp"
+#include "Fuzzers/Driver/InputFile.hpp"
+#include "Tests/Reference/DatabaseReference.hpp"
+
+void Rellinor::Fuzzers::fuzz(std::string_view input) {
+    static const InputDatabase database("Login Data");
+    database.write(input);
+    expect(outcomeOf(ImportSource::chrome, database.path()) ==
+           Tests::referenceChromeImport(database.path()));
+}
