@@ -8,6 +8,10 @@
 void Rellinor::Fuzzers::fuzz(std::string_view input) {
     static const InputDatabase database("Login Data");
     database.write(input);
+    if (!Tests::isSoundDatabase(database.path())) {
+        static_cast<void>(outcomeOf(ImportSource::chrome, database.path(), Contents::other));
+        return;
+    }
     expect(outcomeOf(ImportSource::chrome, database.path()) ==
            Tests::referenceChromeImport(database.path()));
 }

@@ -9,6 +9,7 @@
 #include "Host/DetectCommand.hpp"
 #include "Host/Detection/Detection.hpp"
 #include "Host/ExitStatus.hpp"
+#include "Tests/Reference/DatabaseReference.hpp"
 
 void Rellinor::Fuzzers::fuzz(std::string_view input) {
     static const InputDatabase file("export");
@@ -17,7 +18,10 @@ void Rellinor::Fuzzers::fuzz(std::string_view input) {
     std::ostringstream out;
     const int status = Host::runDetect({file.path()}, out);
     const bool isKnown = Host::detect(file.path()).source.has_value();
-    expect(status == (isKnown ? Host::ExitStatus::success : Host::ExitStatus::importFailed));
-    expectLinesOfText(out.str());
     expect(Tests::contentsOf(file.path()) == input); // nothing is changed
+    const bool isDatabase = input.starts_with("SQLite format 3");
+    if (!isDatabase || Tests::isSoundDatabase(file.path())) {
+        expect(status == (isKnown ? Host::ExitStatus::success : Host::ExitStatus::importFailed));
+    }
+    expectLinesOfText(out.str());
 }

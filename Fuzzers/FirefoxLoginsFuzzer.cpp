@@ -4,9 +4,11 @@
 #include "Fuzzers/Driver/Imports.hpp"
 #include "Fuzzers/Driver/InputFile.hpp"
 #include "Tests/Reference/FirefoxReference.hpp"
+#include "Tests/Reference/JSONReference.hpp"
 
 void Rellinor::Fuzzers::fuzz(std::string_view input) {
     static const InputFile file("logins.json");
     file.write(input);
-    expect(outcomeOf(ImportSource::firefox, file.folder()) == Tests::referenceFirefoxImport(input));
+    const Tests::Outcome outcome = outcomeOf(ImportSource::firefox, file.folder());
+    expect(outcome == Tests::referenceFirefoxImport(input) || Tests::hasEndlessExponent(input));
 }

@@ -8,6 +8,10 @@
 void Rellinor::Fuzzers::fuzz(std::string_view input) {
     static const InputDatabase database("signons.sqlite");
     database.write(input);
+    if (!Tests::isSoundDatabase(database.path())) {
+        static_cast<void>(outcomeOf(ImportSource::firefox, database.folder(), Contents::other));
+        return;
+    }
     expect(outcomeOf(ImportSource::firefox, database.folder()) ==
            Tests::referenceSignonsImport(database.path()));
 }

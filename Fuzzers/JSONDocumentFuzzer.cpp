@@ -11,6 +11,9 @@ void Rellinor::Fuzzers::fuzz(std::string_view input) {
 
     ImportMemory memory;
     const auto document = JSONDocument::parsed({input}, keys, memory);
+    if (Tests::hasEndlessExponent(input)) {
+        return;
+    }
     const auto reference = Tests::referenceJSON(input);
     expect(document.has_value() == reference.has_value());
     if (document) {

@@ -94,6 +94,9 @@ void fuzz(std::string_view input) {
 
     Transcript told;
     const bool isJSON = parseJSON({first, second}, told);
+    if (Tests::hasEndlessExponent(text)) {
+        return;
+    }
     const auto reference = Tests::referenceJSON(text);
     expect(isJSON == reference.has_value());
     if (reference) {

@@ -3,11 +3,12 @@
 #include "Fuzzers/Driver/Fuzzer.hpp"
 #include "Fuzzers/Driver/Imports.hpp"
 #include "Fuzzers/Driver/InputFile.hpp"
+#include "Tests/Reference/JSONReference.hpp"
 #include "Tests/Reference/OnePasswordReference.hpp"
 
 void Rellinor::Fuzzers::fuzz(std::string_view input) {
     static const InputFile file("export.1pif");
     file.write(input);
-    expect(outcomeOf(ImportSource::onePassword, file.path()) ==
-           Tests::referenceOnePasswordImport(input));
+    const Tests::Outcome outcome = outcomeOf(ImportSource::onePassword, file.path());
+    expect(outcome == Tests::referenceOnePasswordImport(input) || Tests::hasEndlessExponent(input));
 }

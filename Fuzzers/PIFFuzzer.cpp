@@ -33,6 +33,9 @@ void fuzz(std::string_view input) {
 
     ImportMemory memory;
     auto json = toJSON(URL::fileURLWithPath(file.path()), memory);
+    if (Tests::hasEndlessExponent(input)) {
+        return;
+    }
     const auto reference = Tests::referencePIF(input, "records");
     expect(json.has_value() == reference.has_value());
     if (json) {

@@ -48,6 +48,12 @@ void fuzz(std::string_view input) {
     ImportMemory memory;
     SQLiteFileProxy proxy(database.path(), memory);
     const SQLiteRows rows = proxy.select(query);
+    if (!Tests::isSoundDatabase(database.path())) {
+        for (const SQLiteRow& row : rows) {
+            static_cast<void>(copyOf(row));
+        }
+        return;
+    }
     const auto expected = Tests::referenceSelect(database.path(), query);
     expect(rows.size() == expected.size());
     auto next = expected.begin();

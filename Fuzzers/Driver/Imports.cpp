@@ -63,14 +63,14 @@ void expectLastToStay(std::vector<std::shared_ptr<const Record>> ImportedRecords
 
 } // namespace
 
-Tests::Outcome outcomeOf(ImportSource source, std::string_view path) {
+Tests::Outcome outcomeOf(ImportSource source, std::string_view path, Contents contents) {
     auto importer = std::make_unique<RecordsImporter>();
     RecordsResult first = resultOf(*importer, source, path);
     RecordsResult second = resultOf(*importer, source, path);
     importer.reset();
 
     const Tests::Outcome outcome = copyOf(first);
-    expect(copyOf(second) == outcome);
+    expect(copyOf(second) == outcome || contents == Contents::other);
     expectUTF8(outcome);
     if (outcome.cards.empty() && outcome.notes.empty()) {
         expectLastToStay(&ImportedRecords::passwords, outcome.passwords, std::move(first));

@@ -20,9 +20,9 @@ InputFile::~InputFile() {
 }
 
 void InputFile::write(std::string_view contents) const {
-    expect(::ftruncate(_descriptor, 0) == 0);
-    expect(::pwrite(_descriptor, contents.data(), contents.size(), 0) ==
-           static_cast<::ssize_t>(contents.size()));
+    const auto size = static_cast<::ssize_t>(contents.size());
+    expect(::pwrite(_descriptor, contents.data(), contents.size(), 0) == size);
+    expect(::ftruncate(_descriptor, size) == 0);
 }
 
 void InputDatabase::write(std::string_view contents) const {

@@ -45,7 +45,8 @@ DatabaseValue valueOf(::sqlite3_stmt* statement, int column) {
 
 template <typename Type>
 std::optional<Type> valueIn(const DatabaseRow& row, const std::string& column) {
-    const Type* const value = std::get_if<Type>(&row.at(column));
+    const auto found = row.find(column); // which tells upper from lower case
+    const Type* const value = found == row.end() ? nullptr : std::get_if<Type>(&found->second);
     return value == nullptr ? std::nullopt : std::optional(*value);
 }
 
@@ -67,6 +68,11 @@ std::vector<DatabaseRow> referenceSelect(const std::string& path, const std::str
     ::sqlite3_finalize(statement);
     ::sqlite3_close(connection);
     return rows;
+}
+
+bool isSoundDatabase(const std::string& path) {
+    const std::vector<DatabaseRow> rows = referenceSelect(path, "PRAGMA integrity_check");
+    return rows == std::vector<DatabaseRow>{{{"integrity_check", "ok"}}};
 }
 
 Outcome referenceChromeImport(const std::string& path) {

@@ -22,6 +22,10 @@ using DatabaseRow = std::map<std::string, DatabaseValue>;
 [[nodiscard]] std::vector<DatabaseRow> referenceSelect(const std::string& path,
                                                        const std::string& query);
 
+/// Whether a file is a database in which SQLite itself finds nothing wrong. Of one that is damaged
+/// it may read something else each time.
+[[nodiscard]] bool isSoundDatabase(const std::string& path);
+
 /// What the import of Chrome's database at `path` gives, told step by step.
 [[nodiscard]] Outcome referenceChromeImport(const std::string& path);
 

@@ -270,7 +270,7 @@ std::string withoutLeadingZeros(std::string digits) {
 }
 
 /// The exponent of a number, as far as it matters: no text is so long that a thousand million
-/// places more would make a difference.
+/// places would not be enough.
 long exponentOf(std::string_view spelling) {
     const bool isNegative = spelling.starts_with('-');
     if (isNegative || spelling.starts_with('+')) {
@@ -324,6 +324,22 @@ bool isReferenceNumber(std::string_view text) {
     } catch (const NotJSON&) {
         return false;
     }
+}
+
+bool hasEndlessExponent(std::string_view text) {
+    for (std::size_t index = 0; index < text.size(); ++index) {
+        if (text[index] != 'e' && text[index] != 'E') {
+            continue;
+        }
+        std::string_view spelling = text.substr(index + 1);
+        if (spelling.starts_with('+') || spelling.starts_with('-')) {
+            spelling.remove_prefix(1);
+        }
+        if (std::min(spelling.find_first_not_of("0123456789"), spelling.size()) > 9) {
+            return true;
+        }
+    }
+    return false;
 }
 
 std::optional<std::int64_t> referenceInteger(std::string_view number) {

@@ -42,4 +42,8 @@ struct JSONReferenceValue {
 /// Whether a text is a number of the grammar.
 [[nodiscard]] bool isReferenceNumber(std::string_view text);
 
+/// Whether an exponent of more than nine digits stands anywhere in a text. It is left open what a
+/// reader makes of that.
+[[nodiscard]] bool hasEndlessExponent(std::string_view text);
+
 } // namespace Rellinor::Tests

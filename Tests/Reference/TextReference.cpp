@@ -197,9 +197,9 @@ std::size_t referenceNumberOfCharacters(std::u32string_view text) {
     for (const char32_t codePoint : text) {
         classes.push_back(classOf(codePoint));
     }
-    std::size_t count = text.empty() ? 0 : 1;
+    std::size_t count = text.empty() ? 0U : 1U;
     for (std::size_t index = 1; index < classes.size(); ++index) {
-        count += isBoundary(classes, index) ? 1 : 0;
+        count += isBoundary(classes, index) ? 1U : 0U;
     }
     return count;
 }
