@@ -20,7 +20,7 @@ constexpr std::string_view contents = "contents\0of any kind";
 
 /// Makes a file of that name in a folder of its own, if the system lets.
 bool makeFile(const std::string& path) {
-    const int descriptor =
+    const int descriptor = // NOLINTNEXTLINE(*-vararg)
         ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
     if (descriptor < 0) {
         return false;

@@ -66,7 +66,7 @@ void expectLastToStay(std::vector<std::shared_ptr<const Record>> ImportedRecords
 Tests::Outcome outcomeOf(ImportSource source, std::string_view path, Contents contents) {
     auto importer = std::make_unique<RecordsImporter>();
     RecordsResult first = resultOf(*importer, source, path);
-    RecordsResult second = resultOf(*importer, source, path);
+    const RecordsResult second = resultOf(*importer, source, path);
     importer.reset();
 
     const Tests::Outcome outcome = copyOf(first);

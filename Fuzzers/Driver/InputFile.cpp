@@ -10,7 +10,7 @@
 namespace Rellinor::Fuzzers {
 
 InputFile::InputFile(std::string_view name)
-    : _path(_folder / name),
+    : _path(_folder / name), // NOLINTNEXTLINE(*-vararg)
       _descriptor(::open(_path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR)) {
     expect(_descriptor >= 0);
 }

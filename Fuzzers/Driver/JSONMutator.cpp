@@ -6,7 +6,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <random>
 #include <string>
 #include <string_view>
@@ -118,7 +117,7 @@ std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t size, std::s
     if (result.size() > capacity) {
         return LLVMFuzzerMutate(data, size, capacity);
     }
-    std::memcpy(data, result.data(), result.size());
+    std::ranges::copy(result, data);
     return result.size();
 }
 
