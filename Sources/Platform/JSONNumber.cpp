@@ -13,16 +13,16 @@ using Limits = std::numeric_limits<std::int64_t>;
 
 constexpr std::int64_t mostDigits = Limits::digits10 + 1; // of an integer that may fit
 
-/// What follows the "e". One that is out of range is as good as the furthest: no text has as many
-/// digits as it would take to make up for it.
+/// What follows the "e". One that is very far out is as good as any other: no text has as many digits
+/// as it would take to make up for it.
 std::int64_t exponentOf(std::string_view text) noexcept {
     text.remove_prefix(text.starts_with('+') ? 1 : 0);
     std::int64_t exponent = 0;
     const auto result = std::from_chars(text.data(), text.data() + text.size(), exponent);
     if (result.ec == std::errc::result_out_of_range) {
-        exponent = text.starts_with('-') ? Limits::min() / 2 : Limits::max() / 2;
+        exponent = text.starts_with('-') ? Limits::min() : Limits::max();
     }
-    return exponent;
+    return std::clamp(exponent, Limits::min() / 2, Limits::max() / 2); // so that it can be added to
 }
 
 } // namespace

@@ -76,6 +76,19 @@ TEST(JSONNumberTest, isAbsentForWhatDoesNotFit) {
     }
 }
 
+TEST(JSONNumberTest, hasNoValueIfTheExponentIsNearTheFurthest) {
+    for (const std::string_view exponent :
+         {"9223372036854775807", "9223372036854775808", "-9223372036854775807",
+          "-9223372036854775808", "-9223372036854775809", "99999999999999999999999",
+          "4611686018427387903", "-4611686018427387904"}) {
+        for (const std::string_view digits : {"1", "-1", "10", "0.1", "1.25", "100.001"}) {
+            const std::string number = std::string(digits) + "e" + std::string(exponent);
+            EXPECT_EQ(integralValue(number), std::nullopt) << number;
+        }
+        EXPECT_EQ(integralValue("0.00e" + std::string(exponent)), 0) << exponent;
+    }
+}
+
 TEST(JSONNumberTest, looksAtAllDigitsOfALongNumber) {
     const std::string zeros(100'000, '0');
     EXPECT_EQ(integralValue("1" + zeros + "e-100000"), 1);

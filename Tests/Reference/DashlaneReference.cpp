@@ -1,7 +1,7 @@
 #include "Tests/Reference/DashlaneReference.hpp"
 
-#include "Platform/Text.hpp"
 #include "Tests/Reference/CSVReference.hpp"
+#include "Tests/Reference/TextReference.hpp"
 
 namespace Rellinor::Tests {
 
@@ -29,30 +29,7 @@ bool isIdentifier(std::u16string_view text) {
 } // namespace
 
 std::u16string inUTF16(std::string_view text) {
-    std::u16string units;
-    for (std::size_t index = 0; index < text.size();) {
-        const auto byte = [&](std::size_t offset) {
-            return static_cast<std::uint32_t>(static_cast<unsigned char>(text[index + offset]));
-        };
-        if (byte(0) < 0x80) {
-            units += static_cast<char16_t>(byte(0));
-            index += 1;
-        } else if (byte(0) < 0xE0) {
-            units += static_cast<char16_t>((byte(0) - 0xC0) * 64 + (byte(1) - 0x80));
-            index += 2;
-        } else if (byte(0) < 0xF0) {
-            units += static_cast<char16_t>((byte(0) - 0xE0) * 4096 + (byte(1) - 0x80) * 64 +
-                                           (byte(2) - 0x80));
-            index += 3;
-        } else {
-            const std::uint32_t codePoint = (byte(0) - 0xF0) * 262144 + (byte(1) - 0x80) * 4096 +
-                                            (byte(2) - 0x80) * 64 + (byte(3) - 0x80);
-            units += static_cast<char16_t>(0xD800 + (codePoint - 0x10000) / 1024);
-            units += static_cast<char16_t>(0xDC00 + (codePoint - 0x10000) % 1024);
-            index += 4;
-        }
-    }
-    return units;
+    return referenceUTF16(referenceCodePoints(text).value());
 }
 
 std::size_t identifiersIn(const std::u16string& text, std::size_t window) {
@@ -76,7 +53,8 @@ Outcome referenceDashlaneImport(std::string_view text) {
         for (const std::string& cell : row) {
             joined += cell;
         }
-        if (identifiersIn(inUTF16(joined), numberOfCharacters(joined)) == 0) {
+        const std::size_t window = referenceNumberOfCharacters(referenceCodePoints(joined).value());
+        if (identifiersIn(inUTF16(joined), window) == 0) {
             outcome.passwords.push_back({.username = row[2],
                                          .password = row[row.size() - 2],
                                          .url = row[1],

@@ -1,8 +1,7 @@
 #include "Tests/Support/Records.hpp"
 
 #include <iomanip>
-
-#include <gtest/gtest.h>
+#include <stdexcept>
 
 namespace Rellinor::Tests {
 
@@ -111,11 +110,15 @@ Outcome copyOf(const RecordsResult& result) {
 Outcome outcomeOf(ImportSource source, std::string_view path) {
     std::optional<Outcome> outcome;
     RecordsImporter().records(URL::fileURLWithPath(path), source, [&](const RecordsResult& result) {
-        EXPECT_FALSE(outcome) << "the completion was called twice";
+        if (outcome) {
+            throw std::logic_error("the completion was called twice");
+        }
         outcome = copyOf(result);
     });
-    EXPECT_TRUE(outcome) << "the completion was not called";
-    return outcome.value_or(Outcome{});
+    if (!outcome) {
+        throw std::logic_error("the completion was not called");
+    }
+    return *std::move(outcome);
 }
 
 Outcome failedWithText() {
