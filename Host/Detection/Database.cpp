@@ -2,12 +2,14 @@
 #include <array>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <span>
 #include <system_error>
 
 #include <sqlite3.h>
 
 #include "Host/DatabaseAddress.hpp"
+#include "Host/DatabaseCaution.hpp"
 #include "Host/Detection/Recognisers.hpp"
 
 namespace Rellinor::Host {
@@ -56,8 +58,7 @@ public:
             ::sqlite3_open_v2(immutableAddress(path).c_str(), &connection, flags, nullptr);
         _connection.reset(connection);
         if (result == SQLITE_OK) {
-            set(SQLITE_DBCONFIG_DEFENSIVE, 1);
-            set(SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0);
+            _caution.emplace(*connection, path);
         }
     }
 
@@ -93,10 +94,7 @@ public:
     }
 
 private:
-    void set(int option, int value) const {
-        ::sqlite3_db_config(_connection.get(), option, value, nullptr); // NOLINT(*-vararg)
-    }
-
+    std::optional<DatabaseCaution> _caution; // outlives the connection
     std::unique_ptr<::sqlite3, decltype(&::sqlite3_close)> _connection{nullptr, &::sqlite3_close};
 };
 

@@ -46,7 +46,7 @@ void reportHeader(const CSVRow& firstRow, std::span<const CSVLayout> layouts,
 /// Tells which rows have another number of cells than the first.
 class CSVRowLengths {
 public:
-    explicit CSVRowLengths(const CSVRow& firstRow) noexcept : _expected(firstRow.numberOfCells) {}
+    explicit CSVRowLengths(const CSVRow& firstRow) : _expected(firstRow.numberOfCells) {}
 
     void look(const CSVRow& row);
     void report(Inspection& inspection) const;

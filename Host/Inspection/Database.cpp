@@ -123,8 +123,7 @@ Database::Database(const std::string& path) {
         fail(code);
         return;
     }
-    ::sqlite3_db_config(connection, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);      // NOLINT(*-vararg)
-    ::sqlite3_db_config(connection, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr); // NOLINT(*-vararg)
+    _caution.emplace(*connection, path);
 }
 
 void Database::requireTable(std::string_view table, std::span<const std::string_view> columns) {
@@ -202,6 +201,7 @@ void Database::fail(int code) {
         _problem = "the file is not an SQLite database";
         break;
     case SQLITE_CORRUPT:
+    case SQLITE_INTERRUPT: // for it took too many steps
         _problem = "the database is damaged";
         _isDamaged = true;
         break;

@@ -2,9 +2,12 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+
+#include "Host/DatabaseCaution.hpp"
 
 struct sqlite3;      // NOLINT(readability-identifier-naming): the C library's own
 struct sqlite3_stmt; // NOLINT(readability-identifier-naming)
@@ -72,6 +75,7 @@ private:
 
     void fail(int code);
 
+    std::optional<DatabaseCaution> _caution; // outlives the connection
     std::unique_ptr<::sqlite3, Closer> _connection;
     std::string _problem;
     bool _isDamaged = false;

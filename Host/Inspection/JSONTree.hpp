@@ -145,7 +145,7 @@ public:
     [[nodiscard]] JSONValue root() const noexcept { return {_nodes, 0}; }
 
 private:
-    explicit JSONTree(JSONNodes nodes) noexcept : _nodes(std::move(nodes)) {}
+    explicit JSONTree(JSONNodes nodes) : _nodes(std::move(nodes)) {}
 
     JSONNodes _nodes;
 };

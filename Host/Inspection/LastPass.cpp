@@ -28,8 +28,7 @@ bool areEmpty(const KeyedRow& row, std::initializer_list<Column> cells) {
 /// Goes through the rows in step with the logins that arrive.
 class LastPassInspector {
 public:
-    LastPassInspector(KeyedCSV& file, const ImportedRecords& records,
-                      Inspection& inspection) noexcept
+    LastPassInspector(KeyedCSV& file, const ImportedRecords& records, Inspection& inspection)
         : _file(&file), _records(&records), _inspection(&inspection) {}
 
     void look(const KeyedRow& row) {

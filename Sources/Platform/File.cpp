@@ -37,13 +37,26 @@ private:
 /// The longest read that every platform accepts in one call is a little under 2 GiB.
 constexpr std::size_t longestRead = std::size_t{1} << 30U;
 
+/// What a call of the system gives when no signal interrupts it.
+auto uninterrupted(auto call) noexcept {
+    auto result = call();
+    while (result < 0 && errno == EINTR) {
+        result = call();
+    }
+    return result;
+}
+
+int openForReading(const std::string& path) noexcept {
+    // Without O_NONBLOCK, opening a pipe would wait for its writer.
+    return uninterrupted([&] {
+        return ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK); // NOLINT(*-vararg)
+    });
+}
+
 /// Reads up to `target.size()` bytes; 0 at the end of the file, negative on failure.
 ssize_t readSome(const FileDescriptor& file, std::span<char> target) noexcept {
-    ssize_t count = 0;
-    do {
-        count = ::read(file.get(), target.data(), std::min(target.size(), longestRead));
-    } while (count < 0 && errno == EINTR);
-    return count;
+    return uninterrupted(
+        [&] { return ::read(file.get(), target.data(), std::min(target.size(), longestRead)); });
 }
 
 void grow(FileContents& contents) {
@@ -66,9 +79,7 @@ std::optional<FileContents> readFile(std::string_view path, FileMargins margins)
     if (path.contains('\0')) {
         return std::nullopt; // cut at its NUL, the path would name another file
     }
-    // Without O_NONBLOCK, opening a pipe would wait for its writer.
-    const FileDescriptor file(
-        ::open(std::string(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)); // NOLINT(*-vararg)
+    const FileDescriptor file(openForReading(std::string(path)));
     struct stat status{};
     if (!file.isOpen() || ::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode)) {
         return std::nullopt;

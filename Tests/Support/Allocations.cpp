@@ -1,9 +1,10 @@
 #include "Tests/Support/Allocations.hpp"
 
 #include <algorithm>
-#include <cstdlib>
 #include <new>
 #include <span>
+
+#include <stdlib.h> // NOLINT(modernize-deprecated-headers): posix_memalign is POSIX
 
 // The whole test program allocates through these, so that tests can watch the heap.
 
@@ -13,7 +14,8 @@ namespace {
 std::size_t allocations = 0;
 std::size_t deallocations = 0;
 std::size_t failingAllocation = 0; // 0: none fails
-std::size_t watchedSize = 0;       // 0: nothing is watched
+bool failsFromThenOn = false;
+std::size_t watchedSize = 0; // 0: nothing is watched
 std::size_t piecesOfZeros = 0;
 std::size_t piecesOfOthers = 0;
 
@@ -28,19 +30,43 @@ void watch(const void* memory, std::size_t size) noexcept {
     ++(zeros ? piecesOfZeros : piecesOfOthers);
 }
 
+void countAllocation() {
+    ++allocations;
+    if (failingAllocation != 0 && (allocations == failingAllocation ||
+                                   (failsFromThenOn && allocations > failingAllocation))) {
+        ++deallocations; // it is not in use
+        throw std::bad_alloc();
+    }
+}
+
+void* checked(void* memory) {
+    if (memory == nullptr) {
+        ++deallocations;
+        throw std::bad_alloc();
+    }
+    return memory;
+}
+
+void failAllocations(std::size_t nth, bool fromThenOn, const std::function<void()>& work) {
+    failsFromThenOn = fromThenOn;
+    failingAllocation = allocations + nth;
+    work();
+    failingAllocation = 0;
+}
+
 } // namespace
 
 // NOLINTBEGIN(*-no-malloc,*-owning-memory,misc-new-delete-overloads)
 void* operator new(std::size_t size) {
-    ++allocations;
-    if (allocations == failingAllocation) {
-        ++deallocations; // it is not in use
-        throw std::bad_alloc();
-    }
-    if (void* memory = std::malloc(std::max<std::size_t>(size, 1))) {
-        return memory;
-    }
-    throw std::bad_alloc();
+    countAllocation();
+    return checked(std::malloc(std::max<std::size_t>(size, 1)));
+}
+
+void* operator new(std::size_t size, std::align_val_t alignment) {
+    countAllocation();
+    void* memory = nullptr;
+    const int failure = ::posix_memalign(&memory, static_cast<std::size_t>(alignment), size);
+    return checked(failure == 0 ? memory : nullptr);
 }
 
 void operator delete(void* memory) noexcept {
@@ -52,6 +78,14 @@ void operator delete(void* memory, std::size_t size) noexcept {
     deallocations += memory != nullptr ? 1 : 0;
     watch(memory, size);
     std::free(memory);
+}
+
+void operator delete(void* memory, std::align_val_t /*alignment*/) noexcept {
+    operator delete(memory);
+}
+
+void operator delete(void* memory, std::size_t size, std::align_val_t /*alignment*/) noexcept {
+    operator delete(memory, size);
 }
 
 // NOLINTEND(*-no-malloc,*-owning-memory,misc-new-delete-overloads)
@@ -69,9 +103,11 @@ std::size_t piecesInUse() {
 }
 
 void failAllocation(std::size_t nth, const std::function<void()>& work) {
-    failingAllocation = allocations + nth;
-    work();
-    failingAllocation = 0;
+    failAllocations(nth, false, work);
+}
+
+void failAllocationsFrom(std::size_t nth, const std::function<void()>& work) {
+    failAllocations(nth, true, work);
 }
 
 bool givesBackZeros(std::size_t size, const std::function<void()>& work) {

@@ -15,6 +15,9 @@ namespace Rellinor::Tests {
 /// from 1.
 void failAllocation(std::size_t nth, const std::function<void()>& work);
 
+/// Runs `work`, in which the heap has no memory for that piece nor for any later one.
+void failAllocationsFrom(std::size_t nth, const std::function<void()>& work);
+
 /// Runs `work` and looks at each piece of memory of exactly `size` bytes that it gives back to the
 /// heap, just before it is given back. Whether every byte of all of them was zero; false if there
 /// was no such piece.

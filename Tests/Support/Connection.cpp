@@ -1,6 +1,9 @@
 #include "Tests/Support/Connection.hpp"
 
+#include <algorithm>
+#include <fstream>
 #include <stdexcept>
+#include <string_view>
 
 #include <sqlite3.h>
 
@@ -10,6 +13,7 @@ Connection::Connection(const std::string& path) {
     if (::sqlite3_open(path.c_str(), &_connection) != SQLITE_OK) {
         throw std::runtime_error("no database can be made at " + path);
     }
+    execute({"PRAGMA synchronous = OFF"}); // what tests write need not outlive the machine
 }
 
 Connection::~Connection() {
@@ -29,6 +33,25 @@ std::string database(const TemporaryFolder& folder, const Statements& statements
     std::string path = folder / "database";
     Connection(path).execute(statements);
     return path;
+}
+
+void damageLongTexts(const std::string& path) {
+    constexpr std::size_t pageSize = 4096;
+
+    std::string bytes = contentsOf(path);
+    std::size_t damaged = 0;
+    for (std::size_t page = 0; page < bytes.size(); page += pageSize) {
+        // The number of the next page stands before the text.
+        const std::string_view text = std::string_view(bytes).substr(page + 4, pageSize - 4);
+        if (std::ranges::all_of(text, [](char character) { return character == '0'; })) {
+            bytes.replace(page, 4, 4, '\xFF');
+            ++damaged;
+        }
+    }
+    if (damaged == 0) {
+        throw std::runtime_error("no long text was found in " + path);
+    }
+    std::ofstream(path, std::ios::binary) << bytes;
 }
 
 } // namespace Rellinor::Tests

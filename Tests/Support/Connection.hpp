@@ -30,4 +30,10 @@ private:
 /// Makes a database "database" by these statements; returns its path.
 [[nodiscard]] std::string database(const TemporaryFolder& folder, const Statements& statements);
 
+/// An SQL expression for a text of so many zeros that it takes pages of its own.
+inline const std::string longText = "hex(zeroblob(9000))";
+
+/// Damages the pages that the long texts of a database take, so that reading one is an error.
+void damageLongTexts(const std::string& path);
+
 } // namespace Rellinor::Tests

@@ -4,6 +4,7 @@
 
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace Rellinor::Tests {
 
@@ -36,6 +37,27 @@ public:
 
     FileSizeLimit(const FileSizeLimit&) = delete;
     FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+
+private:
+    rlimit _before{};
+};
+
+/// Lets this process open no more files than it has open, for a scope.
+class NoMoreDescriptors {
+public:
+    NoMoreDescriptors() {
+        ::getrlimit(RLIMIT_NOFILE, &_before);
+        const int lowestFree = ::dup(0);
+        ::close(lowestFree);
+        rlimit limit = _before;
+        limit.rlim_cur = static_cast<rlim_t>(lowestFree);
+        ::setrlimit(RLIMIT_NOFILE, &limit);
+    }
+
+    ~NoMoreDescriptors() { ::setrlimit(RLIMIT_NOFILE, &_before); }
+
+    NoMoreDescriptors(const NoMoreDescriptors&) = delete;
+    NoMoreDescriptors& operator=(const NoMoreDescriptors&) = delete;
 
 private:
     rlimit _before{};

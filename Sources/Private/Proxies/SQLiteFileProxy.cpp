@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <memory>
+#include <new>
 #include <span>
 #include <vector>
 
@@ -10,15 +12,31 @@
 
 #include "Platform/Fault.hpp"
 #include "Platform/Text.hpp"
+#include "Private/Proxies/SQLiteGuard.hpp"
 
 namespace Rellinor {
 
 namespace {
 
-std::string_view nameOf(::sqlite3_stmt* statement, int column) noexcept {
-    const char* const name = ::sqlite3_column_name(statement, column);
-    require(name != nullptr);
-    return name;
+/// Fails if that is why there is no pointer.
+void requireMemory(::sqlite3* connection) {
+    if (::sqlite3_errcode(connection) == SQLITE_NOMEM) {
+        throw std::bad_alloc();
+    }
+}
+
+/// A pointer that is there unless memory ran out.
+template <typename Character>
+const Character* present(const Character* pointer, ::sqlite3_stmt* statement) {
+    if (pointer == nullptr) {
+        requireMemory(::sqlite3_db_handle(statement));
+        fault();
+    }
+    return pointer;
+}
+
+std::string_view nameOf(::sqlite3_stmt* statement, int column) {
+    return present(::sqlite3_column_name(statement, column), statement);
 }
 
 std::vector<std::string_view> namesOf(::sqlite3_stmt* statement, int count, ImportMemory& memory) {
@@ -32,8 +50,7 @@ std::vector<std::string_view> namesOf(::sqlite3_stmt* statement, int count, Impo
 
 /// A text as the database has it, made UTF-8.
 std::string_view textOf(::sqlite3_stmt* statement, int column, ImportMemory& memory) {
-    const unsigned char* const bytes = ::sqlite3_column_text(statement, column);
-    require(bytes != nullptr);
+    const auto* const bytes = present(::sqlite3_column_text(statement, column), statement);
     // Quirk: a text ends at its first NUL.
     const std::string_view text = reinterpret_cast<const char*>(bytes); // NOLINT(*-cast)
     if (isUTF8(text)) {
@@ -48,6 +65,7 @@ SQLiteValue blobOf(::sqlite3_stmt* statement, int column, ImportMemory& memory) 
     const int size = ::sqlite3_column_bytes(statement, column);
     const auto* const bytes = static_cast<const char*>(::sqlite3_column_blob(statement, column));
     if (bytes == nullptr) {
+        requireMemory(::sqlite3_db_handle(statement));
         return {}; // Quirk: an empty blob is an absent value.
     }
     const std::string_view copy = memory.copy({bytes, static_cast<std::size_t>(size)});
@@ -71,6 +89,15 @@ SQLiteValue valueOf(::sqlite3_stmt* statement, int column, ImportMemory& memory)
     }
 }
 
+/// Closes a connection.
+struct Closer {
+    // Only the deferred close bears a statement that is never finalized.
+    void operator()(::sqlite3* connection) const noexcept {
+        ::sqlite3_db_release_memory(connection);
+        ::sqlite3_close_v2(connection);
+    }
+};
+
 } // namespace
 
 SQLiteRows SQLiteFileProxy::select(std::string_view query) {
@@ -78,34 +105,44 @@ SQLiteRows SQLiteFileProxy::select(std::string_view query) {
     if (_pathToDatabase.contains('\0')) {
         return rows; // cut at its NUL, the path would name another file
     }
-    if (::sqlite3_open(_pathToDatabase.c_str(), &_dbp) != SQLITE_OK) {
+    const int opened = ::sqlite3_open(_pathToDatabase.c_str(), &_dbp);
+    if (opened == SQLITE_NOMEM) {
+        throw std::bad_alloc();
+    }
+    if (opened != SQLITE_OK || _dbp == nullptr) {
         return rows; // Quirk: the handle of a failed open is not closed.
     }
-    if (_dbp == nullptr) {
-        return rows;
-    }
+    const std::unique_ptr<::sqlite3, Closer> connection(_dbp); // closed at the end
+    SQLiteGuard guard(*_dbp);
     keepLittle();
     ::sqlite3_stmt* statement = nullptr;
     if (!prepareStatement(query, statement)) {
-        close();
+        requireMemory(_dbp);
         return rows;
     }
     require(statement != nullptr);
+    if (guard.allowsStatement()) {
+        step(statement, guard, rows);
+    }
+    return rows;
+}
+
+void SQLiteFileProxy::step(::sqlite3_stmt* statement, SQLiteGuard& guard, SQLiteRows& rows) {
+    // Quirk: the statement is never finalized.
+    // One that is not at its end keeps the database locked, so it is always brought there.
     try {
         while (::sqlite3_step(statement) == SQLITE_ROW) {
             mapColumns(statement, rows);
+            if (!guard.allowsRow(_row)) {
+                ::sqlite3_interrupt(_dbp);
+            }
         }
     } catch (...) {
-        // A statement that is not stepped to its end would keep the database locked.
-        while (::sqlite3_step(statement) == SQLITE_ROW) {
-        }
-        close();
+        ::sqlite3_interrupt(_dbp);
+        (void)::sqlite3_step(statement);
         throw;
     }
-    // Quirk: the statement is never finalized.
-    // Only the deferred close bears that.
-    close();
-    return rows;
+    requireMemory(_dbp);
 }
 
 void SQLiteFileProxy::keepLittle() const noexcept {
@@ -136,11 +173,6 @@ void SQLiteFileProxy::mapColumns(::sqlite3_stmt* statement, SQLiteRows& rows) {
         _row.push_back(valueOf(statement, column, _memory));
     }
     rows.append(_row);
-}
-
-void SQLiteFileProxy::close() const noexcept {
-    ::sqlite3_db_release_memory(_dbp);
-    ::sqlite3_close_v2(_dbp);
 }
 
 } // namespace Rellinor

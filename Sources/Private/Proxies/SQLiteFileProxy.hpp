@@ -13,6 +13,8 @@ struct sqlite3_stmt; // NOLINT(readability-identifier-naming)
 
 namespace Rellinor {
 
+class SQLiteGuard;
+
 /// Reads SQLite databases, through the C library's plain calls:
 ///
 /// - the file is opened for reading and writing, and created empty if there is none;
@@ -20,8 +22,9 @@ namespace Rellinor {
 /// - a text ends at its first NUL, and what is not UTF-8 in it is replaced by U+FFFD;
 /// - NULL and an empty blob are absent values.
 ///
-/// Nothing waits for a lock. Each select opens the file anew and leaves its statement behind: the
-/// library then keeps the connection, but no lock, to the end of the process.
+/// What an honest database has no use for is not read (`SQLiteGuard`). Nothing waits for a lock.
+/// Each select opens the file anew and leaves its statement behind: the library then keeps the
+/// connection, but no lock, to the end of the process.
 class SQLiteFileProxy final : public SQLiteFileProxyType {
 public:
     /// Opens nothing yet.
@@ -42,10 +45,11 @@ private:
     [[nodiscard]] bool prepareStatement(std::string_view query,
                                         ::sqlite3_stmt*& statement) const noexcept;
 
+    /// Appends all rows of a statement.
+    void step(::sqlite3_stmt* statement, SQLiteGuard& guard, SQLiteRows& rows);
+
     /// Appends the row on which the statement stands.
     void mapColumns(::sqlite3_stmt* statement, SQLiteRows& rows);
-
-    void close() const noexcept;
 
     ::sqlite3* _dbp = nullptr; // of the last select; keeps its value when the connection is closed
     std::string _pathToDatabase;

@@ -16,7 +16,7 @@ public:
     /// or the query cannot be prepared, and those before an error if one occurs among them.
     ///
     /// @param query  one statement; a text without any is a fault of the program
-    /// @throws std::bad_alloc
+    /// @throws std::bad_alloc  there is no memory, for SQLite or for the rows
     [[nodiscard]] virtual SQLiteRows select(std::string_view query) = 0;
 
 protected:

@@ -447,8 +447,6 @@ TEST_F(SQLiteFileProxyTest, closesTheConnectionIfMemoryRunsOut) {
     }
 }
 
-// Faults
-
 // A function that leaves SQLite without memory, so that a text cannot be converted.
 int addExhaust(::sqlite3* connection, char** /*error*/,
                const ::sqlite3_api_routines* /*routines*/) {
@@ -461,14 +459,15 @@ int addExhaust(::sqlite3* connection, char** /*error*/,
         nullptr, nullptr);
 }
 
-TEST_F(SQLiteFileProxyTest, stopsForATextThatHasNoPointer) {
+TEST_F(SQLiteFileProxyTest, lacksMemoryIfSQLiteLacksItForAText) {
     const std::string path = database({"PRAGMA encoding = 'UTF-16le'", "CREATE TABLE t (v)",
                                        "INSERT INTO t VALUES ('" + std::string(10000, 'x') + "')"});
-    const auto exhausted = [&] {
-        ::sqlite3_auto_extension(reinterpret_cast<void (*)()>(addExhaust));
-        (void)selected(path, "SELECT v, exhaust() FROM t");
-    };
-    EXPECT_DEATH(exhausted(), "^$");
+    ::sqlite3_auto_extension(reinterpret_cast<void (*)()>(addExhaust));
+    EXPECT_THROW((void)selected(path, "SELECT v, exhaust() FROM t"), std::bad_alloc);
+    ::sqlite3_reset_auto_extension();
+    ::sqlite3_hard_heap_limit64(0);
+    // No lock was left behind.
+    Connection(path).execute({"BEGIN EXCLUSIVE", "COMMIT"});
 }
 
 } // namespace

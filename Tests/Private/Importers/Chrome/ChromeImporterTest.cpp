@@ -98,11 +98,11 @@ TEST(ChromeImporterTest, succeedsWithoutRecordsForAnotherDatabase) {
 }
 
 TEST(ChromeImporterTest, importsTheLoginsBeforeAnError) {
-    EXPECT_EQ(import({ann, bob, login("'c'", "x'00'", "'https://c.example/'"),
-                      "ALTER TABLE logins RENAME TO others",
-                      ("CREATE VIEW logins AS SELECT username_value, password_value, "
-                       "blacklisted_by_user, CASE id WHEN 3 THEN abs(-9223372036854775808) "
-                       "ELSE origin_url END AS origin_url FROM others")}),
+    const TemporaryFolder folder;
+    const std::string path = database(folder, {schema()});
+    Connection(path).execute({ann, bob, login("'c'", "x'00'", longText), ann});
+    damageLongTexts(path);
+    EXPECT_EQ(outcomeOf(ImportSource::chrome, path),
               (Outcome{.passwords = {annsLogin, bobsLogin}}));
 }
 

@@ -177,11 +177,12 @@ TEST_F(FirefoxImporterTest, importsNoLoginsFromAnotherDatabaseOrAnotherFile) {
 }
 
 TEST_F(FirefoxImporterTest, importsTheRowsBeforeAnError) {
-    Connection(folder() / "signons.sqlite")
-        .execute({"CREATE TABLE t (id)", "INSERT INTO t VALUES (1), (2), (3)",
-                  "CREATE VIEW moz_logins AS SELECT 'h' || id AS hostname, 'u' AS "
-                  "encryptedUsername, CASE id WHEN 3 THEN abs(-9223372036854775808) ELSE 'p' END "
-                  "AS encryptedPassword FROM t"});
+    const std::string path = folder() / "signons.sqlite";
+    Connection(path).execute(
+        {"CREATE TABLE moz_logins (hostname, encryptedUsername, encryptedPassword)",
+         "INSERT INTO moz_logins VALUES ('h1', 'u', 'p'), ('h2', 'u', 'p'), ('h3', " + longText +
+             ", 'p'), ('h4', 'u', 'p')"});
+    damageLongTexts(path);
     EXPECT_EQ(imported(), (Outcome{.passwords = {{"u", "p", "h1"}, {"u", "p", "h2"}}}));
 }
 

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+struct sqlite3; // NOLINT(readability-identifier-naming): the C library's own
+
+namespace Rellinor::Host {
+
+/// Makes a connection careful of what somebody may have put into a database: nothing that its
+/// schema says is trusted, views and triggers are off, and a query ends with an error if it takes
+/// more steps, or looks into more pages, than the size of the file explains. Tables may be knotted
+/// so that their rows never end.
+class DatabaseCaution {
+public:
+    /// @param connection  to the database at `path`; closed before this ends
+    DatabaseCaution(::sqlite3& connection, const std::string& path);
+    DatabaseCaution(const DatabaseCaution&) = delete;
+    DatabaseCaution& operator=(const DatabaseCaution&) = delete;
+    ~DatabaseCaution() = default;
+
+private:
+    static int takesSteps(void* caution) noexcept;
+
+    ::sqlite3& _connection;
+    std::int64_t _stepsLeft = 0;
+    std::int64_t _pagesLeft = 0;
+};
+
+} // namespace Rellinor::Host

@@ -1,0 +1,154 @@
+"""The tool on a machine that fails: without memory, with little stack, with files too large for it.
+
+usage: test_faults.py TOOL FAILING_MEMORY STEP [unittest arguments]
+FAILING_MEMORY is the library of Faults/failing-memory.c. Each STEP-th request for memory is refused.
+"""
+import json
+import os
+import resource
+import signal
+import subprocess
+import sys
+import tempfile
+import unittest
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parents[2]
+EXPORTS = ROOT / "Examples" / "Exports"
+TIMEOUT = 60
+STORES = (("chrome", "Chrome/Login Data"), ("dashlane", "Dashlane/export.csv"),
+          ("firefox", "Firefox/current.profile"), ("firefox", "Firefox/old.profile"),
+          ("keePass", "KeePass/export.csv"), ("keePassXC", "KeePassXC/export.csv"),
+          ("lastPass", "LastPass/export.csv"), ("onePassword", "OnePassword/export.1pif"),
+          ("tirel", "Tirel/export.json"))
+SOURCES = sorted({source for source, _ in STORES})
+NO_MEMORY = "rellinor: there is not enough memory\n"
+MANY = 200_000
+
+TOOL, FAILING_MEMORY, STEP = "", "", 1
+
+
+def limited(kind, size):
+    return lambda: resource.setrlimit(kind, (size, size))
+
+
+class Case(unittest.TestCase):
+    maxDiff = None
+
+    def setUp(self):
+        temporary = tempfile.TemporaryDirectory()
+        self.addCleanup(temporary.cleanup)
+        self.folder = Path(temporary.name)
+
+    def run_tool(self, *arguments, environment=None, **options):
+        ended = subprocess.run([TOOL, *map(str, arguments)], stdin=subprocess.DEVNULL,
+                               stdout=subprocess.PIPE, stderr=subprocess.PIPE, timeout=TIMEOUT,
+                               env={**os.environ, **(environment or {})}, **options)
+        ended.stdout, ended.stderr = ended.stdout.decode(), ended.stderr.decode()
+        return ended
+
+    def file_of(self, source, folder):
+        """Where in a folder a source has its file, and what is imported then."""
+        if source == "firefox":
+            return folder / "logins.json", folder
+        return folder / "export", folder / "export"
+
+
+class Memory(Case):
+    def refusing(self, number, mode, *arguments):
+        return self.run_tool(*arguments, environment={
+            "LD_PRELOAD": FAILING_MEMORY, "RELLINOR_FAILING_REQUEST": str(number), **mode})
+
+    def first_request(self):
+        """The first that the tool itself makes: what the libraries make before ends the process."""
+        number = 1
+        while self.refusing(number, {}, "sources").returncode == -signal.SIGABRT:
+            number += 1
+        self.assertLess(number, 30)
+        return number
+
+    def test_lack_of_memory_is_told_wherever_it_comes(self):
+        told, first = 0, self.first_request()
+        for source, store in STORES:
+            arguments = ("import", "--source", source, "--format", "json", EXPORTS / store)
+            requests = self.folder / "requests"
+            whole = self.run_tool(*arguments, environment={
+                "LD_PRELOAD": FAILING_MEMORY, "RELLINOR_REQUESTS": str(requests)})
+            self.assertEqual(whole.returncode, 0, whole.stderr)
+            count = int(requests.read_text())
+            self.assertGreater(count, 100)
+            for mode in ({}, {"RELLINOR_FAILING_ON": "1"}):
+                for number in range(first, count + 1, STEP):
+                    ended = self.refusing(number, mode, *arguments)
+                    what = (source, store, number, mode, ended.stderr)
+                    self.assertIn(ended.returncode, (0, 1, 2), what)
+                    if ended.returncode == 0:
+                        self.assertEqual(ended.stdout, whole.stdout, what)
+                    elif ended.returncode == 1:
+                        error = json.loads(ended.stdout)["error"]
+                        self.assertEqual(error["domain"], "Rellinor.UnexpectedError", what)
+                        told += 1
+                    else:
+                        self.assertTrue(ended.stderr.endswith(NO_MEMORY), what)
+                        told += 1
+        self.assertGreater(told, 50 // STEP)
+
+    def test_a_file_that_is_too_large_is_told(self):
+        for source in SOURCES:
+            file, imported = self.file_of(source, self.folder)
+            with open(file, "wb") as stream:
+                stream.truncate(5 << 30)
+            limit = limited(resource.RLIMIT_AS, 1 << 30)
+            ended = self.run_tool("import", "--source", source, "--format", "json", imported,
+                                  preexec_fn=limit)
+            if source == "chrome":  # not read as a whole, and no database
+                self.assertEqual((ended.returncode, json.loads(ended.stdout)["passwords"]), (0, []))
+            elif ended.returncode == 1:
+                self.assertEqual(json.loads(ended.stdout)["error"],
+                                 {"domain": "Rellinor.UnexpectedError", "code": 0})
+            else:
+                self.assertEqual((ended.returncode, ended.stdout, ended.stderr),
+                                 (2, "", NO_MEMORY), source)
+            for command in (("check", "--source", source), ("detect",)):
+                ended = self.run_tool(*command, imported, preexec_fn=limit)
+                self.assertIn(ended.returncode, (0, 1, 2), (source, command, ended.stderr))
+                self.assertIn(ended.stderr, ("", NO_MEMORY), (source, command))
+            file.unlink()
+
+
+class Stack(Case):
+    """Nothing goes deeper the larger or the more nested a file is."""
+    TEXTS = ("[" * MANY, '{"a":' * MANY, "[" * MANY + "]" * MANY, '{"logins":' + '[{"a":' * MANY,
+             '{"secureContents":{"fields":[{"value":' * MANY, "{}\n" * MANY, "," * MANY, '"' * MANY,
+             '""' * MANY + '"', '","' * MANY, '"\n' * MANY, "<a>" * MANY, "<" * MANY,
+             '"' + '\\"' * MANY + '"', "url,username,password,extra,name,grouping,fav\n" + "," * MANY,
+             '{"logins":[],"notes":[],"cards":[],"x":' + "[" * 505 + "]" * 505 + "}")
+
+    def test_little_stack_is_enough(self):
+        limit = limited(resource.RLIMIT_STACK, 256 << 10)
+        for source, store in STORES:
+            for command in (("import", "--source", source, "--format", "json"),
+                            ("check", "--source", source), ("detect",)):
+                ended = self.run_tool(*command, EXPORTS / store, preexec_fn=limit)
+                expected = self.run_tool(*command, EXPORTS / store)
+                self.assertEqual((ended.returncode, ended.stdout, ended.stderr),
+                                 (expected.returncode, expected.stdout, expected.stderr))
+
+    def test_little_stack_is_enough_for_extreme_texts(self):
+        limit = limited(resource.RLIMIT_STACK, 256 << 10)
+        for source in SOURCES:
+            file, imported = self.file_of(source, self.folder)
+            for text in self.TEXTS:
+                file.write_text(text)
+                for command in (("import", "--source", source), ("check", "--source", source)):
+                    ended = self.run_tool(*command, imported, preexec_fn=limit)
+                    self.assertIn(ended.returncode, (0, 1), (command, text[:40], ended.stderr))
+                if source in ("firefox", "lastPass"):  # it is the same file for the others
+                    ended = self.run_tool("detect", imported, preexec_fn=limit)
+                    self.assertIn(ended.returncode, (0, 1), (text[:40], ended.stderr))
+            file.unlink()
+
+
+if __name__ == "__main__":
+    TOOL, FAILING_MEMORY, STEP = sys.argv[1], sys.argv[2], int(sys.argv[3])
+    unittest.main(argv=sys.argv[:1] + sys.argv[4:])

@@ -1,0 +1,127 @@
+// Lack of memory, at each place of an import where some is asked for.
+
+#include <cstddef>
+#include <functional>
+#include <optional>
+#include <string>
+#include <utility>
+
+#include <gtest/gtest.h>
+
+#include "Tests/Support/Allocations.hpp"
+#include "Tests/Support/Connection.hpp"
+#include "Tests/Support/Descriptors.hpp"
+#include "Tests/Support/Exports.hpp"
+#include "Tests/Support/SQLiteMemory.hpp"
+
+namespace Rellinor::Tests {
+
+namespace {
+
+using Work = std::function<void()>;
+
+/// Somebody who gives out memory.
+struct Giver {
+    std::size_t (*allocationsOf)(const Work&);
+    void (*failAllocation)(std::size_t, const Work&);
+    void (*failAllocationsFrom)(std::size_t, const Work&);
+};
+
+constexpr Giver heap = {&allocationsOf, &failAllocation, &failAllocationsFrom};
+constexpr Giver sqlite = {&sqliteAllocationsOf, &failSQLiteAllocation, &failSQLiteAllocationsFrom};
+
+const Outcome lackOfMemory = {.error = NSError("Rellinor.UnexpectedError", 0)};
+
+class MemoryTest : public testing::TestWithParam<Export> {
+protected:
+    /// Does an import within `within`, which is given the import as work.
+    static Outcome imported(const URL& url, const std::function<void(const Work&)>& within) {
+        int completions = 0;
+        std::optional<RecordsResult> delivered;
+        RecordsImporter importer;
+        const RecordsCompletion completion = [&](RecordsResult result) {
+            ++completions;
+            delivered = std::move(result);
+        };
+        within([&] { importer.records(url, GetParam().source, completion); });
+        EXPECT_EQ(completions, 1);
+        return copyOf(delivered.value());
+    }
+
+    /// Imports as often as memory is asked for, and lets another request fail each time. Returns
+    /// how many imports failed.
+    static std::size_t importsAllOrNothing(const std::string& path, const Giver& giver) {
+        const URL url = URL::fileURLWithPath(path);
+        const Outcome whole = imported(url, [](const Work& work) { work(); });
+        std::size_t requests = 0;
+        (void)imported(url, [&](const Work& work) { requests = giver.allocationsOf(work); });
+        EXPECT_GT(requests, 0);
+        if (!allowDescriptors(3 * requests + 100)) {
+            ADD_FAILURE() << "the system does not allow so many descriptors";
+        }
+        std::size_t failed = 0;
+        for (const auto fail : {giver.failAllocation, giver.failAllocationsFrom}) {
+            for (std::size_t nth = 1; nth <= requests + 1; ++nth) {
+                const std::size_t pieces = piecesInUse();
+                {
+                    const Outcome outcome =
+                        imported(url, [&](const Work& work) { fail(nth, work); });
+                    EXPECT_TRUE(outcome == whole || outcome == lackOfMemory)
+                        << nth << " of " << requests << ": " << outcome;
+                    failed += outcome == whole ? 0U : 1U;
+                }
+                EXPECT_EQ(piecesInUse(), pieces) << nth;
+            }
+        }
+        return failed;
+    }
+
+    [[nodiscard]] const TemporaryFolder& folder() const { return _folder; }
+
+private:
+    TemporaryFolder _folder;
+};
+
+using MemoryOfFilesTest = MemoryTest;
+using MemoryOfDatabasesTest = MemoryTest;
+
+TEST_P(MemoryTest, lacksMemoryForAllOrNothing) {
+    const std::string path = GetParam().written(folder(), GetParam().bytes());
+    EXPECT_GT(importsAllOrNothing(path, heap), 4);
+}
+
+TEST_P(MemoryTest, lacksMemoryForAllOrNothingOfWhatMakesNoSense) {
+    EXPECT_GT(importsAllOrNothing(GetParam().written(folder(), "x"), heap), 0);
+}
+
+TEST_P(MemoryTest, lacksMemoryForAllOrNothingOfWhatIsNotThere) {
+    const std::string path = GetParam().isDatabase ? folder() / "missing/file" : folder() / "file";
+    EXPECT_GT(importsAllOrNothing(path, heap), 0);
+}
+
+TEST_P(MemoryOfFilesTest, lacksMemoryForAllOrNothingOfALargeFile) {
+    // Large enough for large pages; line feeds mean nothing to any reader.
+    const std::string bytes = GetParam().bytes().append(3'000'000, '\n');
+    EXPECT_GT(importsAllOrNothing(GetParam().written(folder(), bytes), heap), 4);
+}
+
+TEST_P(MemoryOfDatabasesTest, letsSQLiteLackMemoryForAllOrNothing) {
+    const std::string path = GetParam().written(folder(), GetParam().bytes());
+    EXPECT_GT(importsAllOrNothing(path, sqlite), 100);
+    // No lock was left behind.
+    Connection(GetParam().fileIn(folder())).execute({"BEGIN EXCLUSIVE", "COMMIT"});
+}
+
+TEST_P(MemoryOfDatabasesTest, letsSQLiteLackMemoryForWhatMakesNoSense) {
+    const std::string path = GetParam().written(folder(), std::string(1000, 'x'));
+    EXPECT_GT(importsAllOrNothing(path, sqlite), 20);
+}
+
+INSTANTIATE_TEST_SUITE_P(Importers, MemoryTest, testing::ValuesIn(allExports()), nameOf);
+INSTANTIATE_TEST_SUITE_P(Importers, MemoryOfFilesTest, testing::ValuesIn(allFiles()), nameOf);
+INSTANTIATE_TEST_SUITE_P(Importers, MemoryOfDatabasesTest, testing::ValuesIn(allDatabases()),
+                         nameOf);
+
+} // namespace
+
+} // namespace Rellinor::Tests

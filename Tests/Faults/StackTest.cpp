@@ -1,0 +1,116 @@
+// Little stack: nothing goes deeper the larger or the more nested a file is.
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "Tests/Support/Connection.hpp"
+#include "Tests/Support/Exports.hpp"
+#include "Tests/Support/SmallStack.hpp"
+
+namespace Rellinor::Tests {
+
+namespace {
+
+constexpr std::size_t smallStack = std::size_t{256} * 1024;
+
+std::string repeated(std::string_view text, std::size_t count) {
+    std::string all;
+    all.reserve(text.size() * count);
+    for (std::size_t time = 0; time < count; ++time) {
+        all += text;
+    }
+    return all;
+}
+
+/// Texts that are deep, long or wide for one reader or another.
+std::vector<std::string> extremeTexts() {
+    constexpr std::size_t many = 100'000;
+
+    const std::string arrays = repeated("[", 505) + repeated("]", 505);
+    const std::string objects = repeated(R"({"a":)", 505) + "1" + repeated("}", 505);
+    return {
+        repeated("[", many),
+        repeated(R"({"a":)", many),
+        repeated("[", many) + repeated("]", many),
+        R"({"logins":)" + repeated("[{\"a\":", many),
+        R"({"logins":[],"notes":[],"cards":[],"x":)" + arrays + "}",
+        R"({"logins":[],"notes":[],"cards":[],"x":)" + objects + "}",
+        repeated(R"({"secureContents":{"fields":[{"value":)", many),
+        repeated("{\"secureContents\":" + objects + "}\n", 20),
+        repeated("{}\n", many),
+        "\"" + repeated("\\\"", many) + "\"",
+        R"({"logins":")" + repeated("\\u00e9", many) + "\"}",
+        repeated(",", many),
+        repeated("\"", many),
+        repeated("\"\"", many) + "\"",
+        repeated("\",\"", many),
+        repeated("\n", many),
+        repeated("\"\n", many),
+        repeated("x", many),
+        repeated("a,b,c,d,e,f,g\n", many / 4),
+        repeated("{12345678-1234-1234-1234-123456789012}", many / 38) + ",,,,,",
+        repeated("\xCC\x81", many),
+        repeated("1", many),
+        repeated("[1e", 500) + repeated("9", many),
+    };
+}
+
+using StackTest = testing::TestWithParam<Export>;
+
+TEST_P(StackTest, needsLittle) {
+    const TemporaryFolder folder;
+    const std::string path = GetParam().written(folder, GetParam().bytes());
+    Outcome outcome;
+    onSmallStack(smallStack, [&] { outcome = outcomeOf(GetParam().source, path); });
+    EXPECT_EQ(outcome, GetParam().whole());
+}
+
+TEST_P(StackTest, needsNoMoreForExtremeTexts) {
+    for (const std::string& text : extremeTexts()) {
+        const TemporaryFolder folder;
+        const std::string path = GetParam().written(folder, text);
+        const Outcome outcome = outcomeOf(GetParam().source, path);
+        onSmallStack(smallStack, [&] {
+            EXPECT_EQ(outcomeOf(GetParam().source, path), outcome) << text.substr(0, 40);
+        });
+    }
+}
+
+using StackOfDatabasesTest = StackTest;
+
+TEST_P(StackOfDatabasesTest, needsNoMoreForDeepSchemas) {
+    const std::string names = GetParam().source == ImportSource::chrome
+                                  ? "logins (origin_url, username_value, password_value, "
+                                    "blacklisted_by_user"
+                                  : "moz_logins (hostname, encryptedUsername, encryptedPassword";
+    const std::string sum = "1" + repeated(" + 1", 990);
+    const std::string brackets = repeated("(", 25) + "1" + repeated(")", 25);
+    const std::string functions = repeated("abs(", 25) + "1" + repeated(")", 25);
+    for (const std::string& statement :
+         {"CREATE TABLE " + names + ", CHECK (" + sum + "))",
+          "CREATE TABLE " + names + ", c DEFAULT (" + sum + "))",
+          "CREATE TABLE " + names + ", c AS (" + sum + "))",
+          "CREATE TABLE " + names + "); CREATE INDEX i ON " + names.substr(0, names.find(' ')) +
+              " (" + sum + ")",
+          "CREATE TABLE " + names + "); CREATE TRIGGER r AFTER INSERT ON " +
+              names.substr(0, names.find(' ')) + " BEGIN SELECT " + sum + "; END",
+          "CREATE TABLE " + names + ", CHECK (" + brackets + "))",
+          "CREATE TABLE " + names + ", CHECK (" + functions + "))"}) {
+        const TemporaryFolder folder;
+        Connection(GetParam().fileIn(folder)).execute({statement});
+        onSmallStack(smallStack, [&] {
+            EXPECT_EQ(outcomeOf(GetParam().source, GetParam().importedIn(folder)), Outcome{});
+        });
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Importers, StackTest, testing::ValuesIn(allExports()), nameOf);
+INSTANTIATE_TEST_SUITE_P(Importers, StackOfDatabasesTest, testing::ValuesIn(allDatabases()),
+                         nameOf);
+
+} // namespace
+
+} // namespace Rellinor::Tests

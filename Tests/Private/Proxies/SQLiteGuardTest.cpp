@@ -1,0 +1,291 @@
+// Databases that are made to hold up whoever reads them.
+
+#include "Private/Proxies/SQLiteGuard.hpp"
+
+#include <chrono>
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "Private/Proxies/SQLiteFileProxy.hpp"
+#include "Tests/Support/Database.hpp"
+#include "Tests/Support/OtherProcess.hpp"
+#include "Tests/Support/TemporaryFolder.hpp"
+
+namespace Rellinor::Tests {
+
+namespace {
+
+using Rows = std::vector<Values>;
+
+constexpr std::string_view allOfT = "SELECT a, b FROM t WHERE a != ''";
+const Rows oneRow = {{{"a", "x"}, {"b", "y"}}};
+const std::string endless = "WITH RECURSIVE n (v) AS (SELECT 1 UNION ALL SELECT v + 1 FROM n) ";
+
+/// A database that the reader reads.
+class SQLiteGuardTest : public testing::Test {
+protected:
+    /// What the query gives for a database that is made by these statements.
+    Rows selected(const Statements& statements, std::string_view query = allOfT) {
+        return read(database(_folder, statements), query);
+    }
+
+    /// What the query gives for a database, and that it is soon given.
+    Rows read(const std::string& path, std::string_view query = allOfT) {
+        const std::string before = contentsOf(path);
+        const auto begin = std::chrono::steady_clock::now();
+        Rows rows = copyOf(SQLiteFileProxy(path, _memory).select(query));
+        EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(60));
+        EXPECT_EQ(contentsOf(path), before);
+        return rows;
+    }
+
+    [[nodiscard]] const TemporaryFolder& folder() const { return _folder; }
+
+private:
+    TemporaryFolder _folder;
+    ImportMemory _memory;
+};
+
+// What is not read
+
+TEST_F(SQLiteGuardTest, readsNoView) {
+    EXPECT_EQ(selected({"CREATE TABLE u (a, b)", "INSERT INTO u VALUES ('x', 'y')",
+                        "CREATE VIEW t AS SELECT a, b FROM u"}),
+              Rows{});
+}
+
+TEST_F(SQLiteGuardTest, isNotHeldUpByAViewWithoutEnd) {
+    EXPECT_EQ(selected({"CREATE VIEW t AS " + endless + "SELECT v AS a, v AS b FROM n"}), Rows{});
+    EXPECT_EQ(read(folder() / "database", "SELECT a FROM t WHERE a < 0"), Rows{});
+    EXPECT_EQ(read(folder() / "database", "SELECT a FROM T"), Rows{});
+}
+
+TEST_F(SQLiteGuardTest, readsNoVirtualTable) {
+    EXPECT_EQ(
+        selected({"CREATE VIRTUAL TABLE t USING fts4(a, b)", "INSERT INTO t VALUES ('x', 'y')"}),
+        Rows{});
+}
+
+TEST_F(SQLiteGuardTest, readsNoVirtualTableOfAnyCase) {
+    EXPECT_EQ(selected({"CREATE VIRTUAL TABLE \"T\" USING fts4(a, b)",
+                        "INSERT INTO t VALUES ('x', 'y')"}),
+              Rows{});
+}
+
+TEST_F(SQLiteGuardTest, isNotHeldUpByAColumnThatIsComputedAsItIsRead) {
+    const std::string path = database(
+        folder(),
+        {"CREATE TABLE t (c, a AS (CASE c WHEN 'dear!' THEN instr(hex(zeroblob(90000000)), "
+         "hex(zeroblob(40000000)) || '1') ELSE 'x' END), b AS ('y'))",
+         "INSERT INTO t VALUES ('cheap')"});
+    std::string bytes = contentsOf(path);
+    bytes.replace(bytes.find("cheap"), 5, "dear!");
+    EXPECT_EQ(read(folder().file("database", bytes)), Rows{});
+}
+
+TEST_F(SQLiteGuardTest, readsNoColumnThatIsComputedOfThoseThatItComputes) {
+    EXPECT_EQ(selected({"CREATE TABLE t (a, B AS (c), c AS (a))", "INSERT INTO t VALUES ('x')"}),
+              Rows{});
+    EXPECT_EQ(read(folder() / "database", "SELECT a FROM t WHERE b = ''"), Rows{});
+}
+
+TEST_F(SQLiteGuardTest, readsATableWithAComputedColumnThatIsNotAskedFor) {
+    EXPECT_EQ(selected({"CREATE TABLE t (a, b, c AS (a || b))", "INSERT INTO t VALUES ('x', 'y')"}),
+              oneRow);
+}
+
+TEST_F(SQLiteGuardTest, readsAComputedColumnThatIsStored) {
+    EXPECT_EQ(selected({"CREATE TABLE t (a, b AS ('y') STORED)", "INSERT INTO t VALUES ('x')"}),
+              oneRow);
+}
+
+TEST_F(SQLiteGuardTest, mindsNoOtherTable) {
+    EXPECT_EQ(
+        selected({"CREATE TABLE t (a, b)", "INSERT INTO t VALUES ('x', 'y')",
+                  "CREATE TABLE c (a, b AS (a))", "CREATE VIEW v AS " + endless + "SELECT v FROM n",
+                  "CREATE VIRTUAL TABLE w USING fts4(a)"}),
+        oneRow);
+}
+
+TEST_F(SQLiteGuardTest, looksThroughQuotesInNames) {
+    EXPECT_EQ(selected({"CREATE TABLE \"o'clock\" (a, b AS ('y'))",
+                        "INSERT INTO \"o'clock\" VALUES ('x')"},
+                       "SELECT b FROM \"o'clock\""),
+              Rows{});
+    Connection(folder() / "database")
+        .execute({"CREATE TABLE \"'\" (a)", "INSERT INTO \"'\" VALUES ('x')"});
+    EXPECT_EQ(read(folder() / "database", "SELECT a FROM \"'\""), (Rows{{{"a", "x"}}}));
+}
+
+// What does no harm
+
+TEST_F(SQLiteGuardTest, readsATableWithTriggersAndIndexes) {
+    EXPECT_EQ(selected({"CREATE TABLE t (a, b)", "INSERT INTO t VALUES ('x', 'y')",
+                        "CREATE TRIGGER r AFTER INSERT ON t BEGIN DELETE FROM t; END",
+                        "CREATE INDEX i ON t (a || b)", "CREATE INDEX j ON t (a) WHERE b > ''",
+                        "CREATE UNIQUE INDEX k ON t (b, a)"}),
+              oneRow);
+}
+
+TEST_F(SQLiteGuardTest, readsATableWithoutRowNumbers) {
+    EXPECT_EQ(selected({"CREATE TABLE t (a PRIMARY KEY, b) WITHOUT ROWID",
+                        "INSERT INTO t VALUES ('x', 'y')"}),
+              oneRow);
+}
+
+TEST_F(SQLiteGuardTest, readsWhatSQLiteItselfKnows) {
+    EXPECT_EQ(selected({"CREATE TABLE t (a)"}, "SELECT name FROM sqlite_master"),
+              (Rows{{{"name", "t"}}}));
+}
+
+TEST_F(SQLiteGuardTest, readsEveryRowOfAnHonestDatabase) {
+    // Rows as small as can be, of which none, or each, is given.
+    const std::string path = database(
+        folder(), {"CREATE TABLE t (a, b)",
+                   "WITH n (v) AS (SELECT 1 UNION ALL SELECT v + 1 FROM n WHERE v < 200000) "
+                   "INSERT INTO t SELECT 0, '' FROM n"});
+    EXPECT_EQ(read(path, "SELECT a FROM t WHERE b != ''"), Rows{});
+    EXPECT_EQ(read(path, "SELECT a, b FROM t WHERE a = 0 AND a IS NOT NULL AND a != '' AND b IS "
+                         "NOT NULL AND b = ''")
+                  .size(),
+              200'000U);
+}
+
+TEST_F(SQLiteGuardTest, readsEveryRowThatStandsInALog) {
+    const std::string path = folder() / "database";
+    const OtherProcess browser([&] {
+        auto* const connection = new Connection(path); // not closed before the process ends
+        connection->execute({"PRAGMA journal_mode = WAL", "PRAGMA wal_autocheckpoint = 0",
+                             "CREATE TABLE t (a, b)",
+                             "WITH n (v) AS (SELECT 1 UNION ALL SELECT v + 1 FROM n WHERE v < 100) "
+                             "INSERT INTO t SELECT 'x', hex(zeroblob(50000)) FROM n"});
+    });
+    ASSERT_LT(contentsOf(path).size(), 10'000);
+    EXPECT_EQ(read(path).size(), 100U);
+}
+
+TEST_F(SQLiteGuardTest, readsLargeTextsAndBytes) {
+    const Rows rows =
+        selected({"CREATE TABLE t (a, b)", "INSERT INTO t VALUES (hex(zeroblob(15000000)), "
+                                           "zeroblob(30000000))"});
+    ASSERT_EQ(rows.size(), 1U);
+    const Value& bytes = rows[0].at("b");
+    ASSERT_TRUE(std::holds_alternative<Blob>(bytes));
+    EXPECT_EQ(std::get<Blob>(bytes).bytes.size(), 30'000'000U);
+}
+
+TEST_F(SQLiteGuardTest, readsLargeTextsThatTakeMoreBytesOnceTheyAreUTF8) {
+    std::string bytes = "x'";
+    std::string repaired;
+    for (std::size_t count = 0; count < 500'000; ++count) {
+        bytes += "FF";
+        repaired += "\uFFFD";
+    }
+    const Rows rows = selected(
+        {"CREATE TABLE t (a, b)", "INSERT INTO t VALUES (CAST(" + bytes + "' AS TEXT), 'y')"});
+    ASSERT_EQ(rows.size(), 1U);
+    EXPECT_EQ(rows[0].at("a"), Value(repaired));
+}
+
+// Knots
+
+/// Ties the pages of a database, of which the first is a schema with one table.
+class KnottedDatabaseTest : public SQLiteGuardTest {
+protected:
+    static constexpr std::size_t pageSize = 512;
+
+    /// A table whose inner pages all lead to one and the same page, time and again, `levels` times:
+    /// it has ten to the power of so many times the rows of a page.
+    [[nodiscard]] std::string knotted(std::size_t levels, const std::string& value) const {
+        const std::string path = database(
+            folder(),
+            {"PRAGMA page_size = 512", "CREATE TABLE t (a, b)",
+             "INSERT INTO t VALUES (" + value + ", 'y')", "CREATE TABLE filler (v)",
+             "INSERT INTO filler VALUES (zeroblob(" + std::to_string(600 * levels) + "))"});
+        std::string bytes = contentsOf(path);
+        // The root of the table is the second page; it moves to the last, and the others lead
+        // there.
+        const std::size_t leaf = bytes.size() / pageSize;
+        bytes.replace((leaf - 1) * pageSize, pageSize, bytes, pageSize, pageSize);
+        std::size_t below = leaf;
+        for (std::size_t level = 1; level <= levels; ++level) {
+            const std::size_t page = level == levels ? 2 : leaf - level;
+            bytes.replace((page - 1) * pageSize, pageSize, innerPage(below));
+            below = page;
+        }
+        return folder().file("database", bytes);
+    }
+
+private:
+    /// An inner page of a table whose cells all lead to that page.
+    static std::string innerPage(std::size_t below) {
+        constexpr std::size_t cells = 10;
+        constexpr std::size_t sizeOfCell = 5;
+        constexpr std::size_t content = pageSize - cells * sizeOfCell;
+
+        std::string page(pageSize, '\0');
+        page[0] = 5;
+        page[4] = cells;
+        page[5] = static_cast<char>(content / 256);
+        page[6] = static_cast<char>(content % 256);
+        page[11] = static_cast<char>(below);
+        for (std::size_t cell = 0; cell < cells; ++cell) {
+            const std::size_t place = content + cell * sizeOfCell;
+            page[12 + 2 * cell] = static_cast<char>(place / 256);
+            page[13 + 2 * cell] = static_cast<char>(place % 256);
+            page[place + 3] = static_cast<char>(below);
+            page[place + 4] = 1;
+        }
+        return page;
+    }
+};
+
+TEST_F(KnottedDatabaseTest, isReadIfItsRowsEnd) {
+    EXPECT_EQ(read(knotted(2, "'x'")).size(), 121U);
+}
+
+TEST_F(KnottedDatabaseTest, holdsNobodyUpWithoutRows) {
+    EXPECT_EQ(read(knotted(15, "''")), Rows{});
+}
+
+TEST_F(KnottedDatabaseTest, holdsNobodyUpWithRows) {
+    const Rows rows = read(knotted(15, "'x'"));
+    EXPECT_GT(rows.size(), 100U);
+    EXPECT_EQ(rows[99], oneRow[0]);
+}
+
+TEST_F(KnottedDatabaseTest, fillsNoMemoryWithLargeRows) {
+    const Rows rows = read(knotted(15, "zeroblob(2000)"), "SELECT a FROM t");
+    EXPECT_GT(rows.size(), 1U);
+    EXPECT_LT(rows.size(), 100U);
+}
+
+TEST_F(KnottedDatabaseTest, isNotLeftLocked) {
+    const std::string path = knotted(15, "zeroblob(2000)");
+    EXPECT_LT(read(path, "SELECT a FROM t").size(), 100U);
+    EXPECT_EQ(read(path, "SELECT a FROM t WHERE a = ''"), Rows{});
+    Connection(path).execute({"BEGIN EXCLUSIVE", "COMMIT"});
+}
+
+// The file
+
+TEST_F(SQLiteGuardTest, leavesALogWhereItIs) {
+    const std::string path = folder() / "database";
+    dieAfter([&] {
+        auto* const connection = new Connection(path); // not closed before the process ends
+        connection->execute({"PRAGMA journal_mode = WAL", "CREATE TABLE u (a)"});
+    });
+    const std::string log = contentsOf(path + "-wal");
+    ASSERT_NE(log, "");
+    EXPECT_EQ(read(path), Rows{}); // there is no such table
+    EXPECT_EQ(contentsOf(path + "-wal"), log);
+}
+
+} // namespace
+
+} // namespace Rellinor::Tests
