@@ -117,8 +117,11 @@ void compare(const Words& words) {
     for (Contestant& other : othersOf(*store, words, delivered)) {
         everybody.push_back({std::move(other), {}});
     }
-    runInTurns(everybody, {.count = words.rounds, .times = words.isWarm ? words.times : 1},
-               delivered);
+    constexpr std::size_t memoryForByte = 4; // of the file: few take more
+    const Rounds rounds{.count = words.rounds,
+                        .times = words.isWarm ? words.times : 1,
+                        .memory = std::filesystem::file_size(store->file) * memoryForByte};
+    runInTurns(everybody, rounds, delivered);
     std::cout << "{\"source\": \"" << words.source
               << "\", \"bytes\": " << std::filesystem::file_size(store->file)
               << ", \"records\": " << delivered.records() << ", \"delivered\": " << delivered.bytes

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <exception>
 #include <iostream>
+#include <memory>
 #include <sstream>
 #include <stdexcept>
 
@@ -84,6 +85,18 @@ Run runOf(const std::string& text) {
 
 Run inChild(const std::function<Run()>& measure) {
     return runOf(writtenByChild([&](int descriptor) { write(descriptor, textOf(measure())); }));
+}
+
+void haveMemoryAtHand(std::size_t bytes) {
+    constexpr std::size_t page = 4096;
+
+    (void)writtenByChild([&](int /*descriptor*/) {
+        const auto memory = std::make_unique_for_overwrite<char[]>(bytes);
+        volatile char* const first = memory.get();
+        for (std::size_t position = 0; position < bytes; position += page) {
+            first[position] = 1;
+        }
+    });
 }
 
 Run byProgram(const std::vector<std::string>& command) {

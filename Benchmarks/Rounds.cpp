@@ -32,6 +32,7 @@ const Run& Runs::runAgain(std::size_t times) {
 void runInTurns(std::vector<Runs>& everybody, const Rounds& rounds, const Delivered& delivered) {
     for (std::size_t round = 0; round < rounds.count; ++round) {
         for (std::size_t turn = 0; turn < everybody.size(); ++turn) {
+            haveMemoryAtHand(rounds.memory);
             Runs& runs = everybody[(round + turn) % everybody.size()];
             if (runs.runAgain(rounds.times).delivered != delivered) {
                 throw std::runtime_error(runs.contestant.name + " found other records");

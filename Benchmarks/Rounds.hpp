@@ -25,6 +25,9 @@ struct Rounds {
 
     /// How often everybody reads the store in each process.
     std::size_t times;
+
+    /// How many bytes of memory are made ready for each process.
+    std::size_t memory;
 };
 
 /// Lets everybody run in turns, the order rotating from round to round. Throws if one does not find
