@@ -13,9 +13,9 @@ namespace Rellinor::Benchmarks {
 /// Failures are thrown.
 [[nodiscard]] Run inChild(const std::function<Run()>& measure);
 
-/// Touches so many bytes in a process of its own, which gives them back. The host of a virtual machine
-/// takes over memory that has been free for a while, in large pieces, and then who gets it next pays
-/// many times over. So who is measured next gets memory that nobody had to fetch.
+/// Touches so many bytes in a process of its own, which gives them back. The host of a virtual
+/// machine takes over memory that has been free for a while, in large pieces, and then who gets it
+/// next pays many times over. So who is measured next gets memory that nobody had to fetch.
 void haveMemoryAtHand(std::size_t bytes);
 
 /// The run that a program measured itself. It prints the members of a `Run` in their order.

@@ -13,8 +13,8 @@ using Limits = std::numeric_limits<std::int64_t>;
 
 constexpr std::int64_t mostDigits = Limits::digits10 + 1; // of an integer that may fit
 
-/// What follows the "e". One that is very far out is as good as any other: no text has as many digits
-/// as it would take to make up for it.
+/// What follows the "e". One that is very far out is as good as any other: no text has as many
+/// digits as it would take to make up for it.
 std::int64_t exponentOf(std::string_view text) noexcept {
     text.remove_prefix(text.starts_with('+') ? 1 : 0);
     std::int64_t exponent = 0;
