@@ -135,11 +135,13 @@ public:
     [[nodiscard]] std::uint64_t equalToOrBelow(char one, char other, char limit) const noexcept {
         const __m128i first = ::_mm_set1_epi8(one);
         const __m128i second = ::_mm_set1_epi8(other);
-        const __m128i greatest = ::_mm_set1_epi8(static_cast<char>(limit - 1));
+        const __m128i highest = ::_mm_set1_epi8(static_cast<char>(-limit));
+        const __m128i zero = ::_mm_setzero_si128();
         return mask([&](__m128i bytes) {
             const __m128i equal =
                 ::_mm_or_si128(::_mm_cmpeq_epi8(bytes, first), ::_mm_cmpeq_epi8(bytes, second));
-            return ::_mm_or_si128(equal, ::_mm_cmpeq_epi8(::_mm_min_epu8(bytes, greatest), bytes));
+            const __m128i below = ::_mm_cmpeq_epi8(::_mm_and_si128(bytes, highest), zero);
+            return ::_mm_or_si128(equal, below);
         });
     }
 

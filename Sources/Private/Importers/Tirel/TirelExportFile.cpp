@@ -16,8 +16,8 @@ using enum TirelRecordType;
 
 /// A member that an object has to have, and of which kind it is.
 struct Requirement {
-    Member member;
-    JSONKind kind;
+    Member member = Member::logins;
+    JSONKind kind = JSONKind::null;
     bool isOptional = false; ///< may be missing or null
 };
 
