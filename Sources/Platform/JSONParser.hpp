@@ -274,7 +274,7 @@ private:
     Events& _events;
     std::size_t _depth = 0; // how many objects and arrays are open
     bool _isInObject = false;
-    std::array<bool, deepestNesting> _wasInObject; // for each of them: before it began
+    std::array<bool, deepestNesting> _wasInObject{}; // for each of them: before it began
 };
 
 } // namespace Rellinor
