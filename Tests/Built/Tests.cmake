@@ -21,4 +21,4 @@ add_test(NAME Built.softnessIsFound
     COMMAND "${scripts}/inspect-program" "$<TARGET_FILE:rellinor-soft>")
 set_tests_properties(Built.softnessIsFound PROPERTIES
     PASS_REGULAR_EXPRESSION
-        "any address.*stays writable.*looked up late.*can be executed.*guards the stack.*is checked")
+        "any address.*stays writable.*looked up late.*can be executed.*guards the stack.*is checked.*guard page")
