@@ -1,6 +1,6 @@
 set(scripts "${PROJECT_SOURCE_DIR}/Scripts")
 
-add_test(NAME Built.libraryKeepsNoState
+add_test(NAME Built.noStateIsKept
     COMMAND "${scripts}/inspect-library" "$<TARGET_FILE:Rellinor>")
 add_library(rellinor-state STATIC Built/State.cpp)
 add_test(NAME Built.stateIsFound
