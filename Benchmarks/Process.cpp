@@ -4,12 +4,13 @@
 #include <cstddef>
 #include <exception>
 #include <iostream>
-#include <memory>
 #include <sstream>
 #include <stdexcept>
 
 #include <sys/wait.h>
 #include <unistd.h>
+
+#include "Platform/LargeMemory.hpp"
 
 namespace Rellinor::Benchmarks {
 
@@ -88,14 +89,8 @@ Run inChild(const std::function<Run()>& measure) {
 }
 
 void haveMemoryAtHand(std::size_t bytes) {
-    constexpr std::size_t page = 4096;
-
     (void)writtenByChild([&](int /*descriptor*/) {
-        const auto memory = std::make_unique_for_overwrite<char[]>(bytes);
-        volatile char* const first = memory.get();
-        for (std::size_t position = 0; position < bytes; position += page) {
-            first[position] = 1;
-        }
+        const std::vector<char, LargeMemoryAllocator<char>> touched(bytes);
     });
 }
 
