@@ -1,6 +1,8 @@
 #include "Host/Characters.hpp"
 
 #include <algorithm>
+#include <cstdint>
+#include <cstring>
 
 #include <utf8proc.h>
 
@@ -10,6 +12,23 @@ namespace {
 
 constexpr bool isASCII(char character) noexcept {
     return static_cast<unsigned char>(character) < 0x80U;
+}
+
+/// Where the first character is that is not ASCII, from a position on; the size if there is none.
+std::size_t behindASCII(std::string_view text, std::size_t position) noexcept {
+    constexpr std::uint64_t highBits = 0x8080'8080'8080'8080;
+
+    std::uint64_t eight = 0;
+    for (; text.size() - position >= sizeof eight; position += sizeof eight) {
+        std::memcpy(&eight, text.data() + position, sizeof eight);
+        if ((eight & highBits) != 0) {
+            break;
+        }
+    }
+    while (position < text.size() && isASCII(text[position])) {
+        ++position;
+    }
+    return position;
 }
 
 /// Reads the first code point; returns how many bytes it takes, or what is not positive if there is
@@ -23,17 +42,14 @@ utf8proc_ssize_t readCodePoint(std::string_view text, utf8proc_int32_t& codePoin
 } // namespace
 
 std::optional<std::size_t> firstBrokenByte(std::string_view bytes) noexcept {
-    for (std::size_t i = 0; i < bytes.size();) {
-        if (isASCII(bytes[i])) {
-            ++i;
-            continue;
-        }
+    std::size_t position = behindASCII(bytes, 0);
+    while (position < bytes.size()) {
         utf8proc_int32_t codePoint = 0;
-        const utf8proc_ssize_t length = readCodePoint(bytes.substr(i), codePoint);
+        const utf8proc_ssize_t length = readCodePoint(bytes.substr(position), codePoint);
         if (length <= 0) {
-            return i;
+            return position;
         }
-        i += static_cast<std::size_t>(length);
+        position = behindASCII(bytes, position + static_cast<std::size_t>(length));
     }
     return std::nullopt;
 }

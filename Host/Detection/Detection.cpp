@@ -16,10 +16,10 @@ Detection detectText(const std::string& path, std::string_view beginning) {
     if (auto found = detectMarkup(beginning)) {
         return *found;
     }
-    if (auto found = detectNamedColumns(beginning)) {
+    if (auto found = detectJSON(path, beginning)) {
         return *found;
     }
-    if (auto found = detectJSON(path, beginning)) {
+    if (auto found = detectNamedColumns(beginning)) {
         return *found;
     }
     if (auto found = detectRecordLines(path, beginning)) {

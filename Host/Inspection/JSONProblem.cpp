@@ -4,6 +4,7 @@
 #include <expected>
 #include <utility>
 
+#include "Host/Characters.hpp"
 #include "Host/Inspection/TextLines.hpp"
 
 namespace Rellinor::Host {
@@ -32,11 +33,11 @@ std::optional<Remark> encodingProblem(std::string_view text) {
     if (text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF")) {
         return Remark{.text = "the file is UTF-16: save it as UTF-8", .places = {}};
     }
-    const std::size_t size = sizeOfUTF8(text);
-    if (size == text.size()) {
-        return std::nullopt;
+    if (const auto broken = firstBrokenByte(text)) {
+        return Remark{.text = "not UTF-8: save the file as UTF-8",
+                      .places = {lineAt(text, *broken)}};
     }
-    return Remark{.text = "not UTF-8: save the file as UTF-8", .places = {lineAt(text, size)}};
+    return std::nullopt;
 }
 
 std::optional<JSONTree> parseJSONFile(std::string_view contents, JSONWords words,

@@ -1,6 +1,8 @@
 #include "Host/Inspection/JSONTree.hpp"
 
 #include <algorithm>
+#include <array>
+#include <climits>
 #include <ranges>
 #include <string>
 #include <unordered_map>
@@ -22,6 +24,7 @@ public:
     explicit Vocabulary(JSONWords words) {
         for (std::size_t i = 0; i < words.size(); ++i) {
             const auto number = static_cast<JSONWord>(i + 1);
+            _letters[letterOf(words[i])] = true;
             if (words[i].ends_with('*')) {
                 _beginnings.emplace_back(words[i].substr(0, words[i].size() - 1), number);
             } else {
@@ -32,6 +35,9 @@ public:
 
     /// The number of a text, of which the beginning is enough.
     [[nodiscard]] JSONWord numberOf(std::string_view text) const {
+        if (!_letters[letterOf(text)]) {
+            return 0; // most texts
+        }
         if (const auto found = _words.find(text); found != _words.end()) {
             return found->second;
         }
@@ -41,6 +47,12 @@ public:
     }
 
 private:
+    /// The first letter of a text.
+    static std::size_t letterOf(std::string_view text) noexcept {
+        return text.empty() ? 0 : static_cast<unsigned char>(text.front());
+    }
+
+    std::array<bool, std::size_t{1} << CHAR_BIT> _letters{}; // that words begin with
     std::unordered_map<std::string_view, JSONWord> _words;
     std::vector<std::pair<std::string_view, JSONWord>> _beginnings;
 };
@@ -129,6 +141,9 @@ private:
     JSONWord endText(Text piece) {
         if (_unkept > 0) {
             return 0;
+        }
+        if (_text.empty()) { // most come in one piece
+            return _vocabulary.numberOf(std::string_view(piece).substr(0, longestJSONWord));
         }
         addToText(piece);
         const JSONWord number = _vocabulary.numberOf(_text);

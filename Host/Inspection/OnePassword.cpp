@@ -40,6 +40,7 @@ bool looksLikeRecord(std::string_view line) {
 /// The lines that begin with a brace, with a comma between two of them, as an import reads them.
 std::string joinedRecords(std::string_view text, Inspection& inspection) {
     std::string joined;
+    joined.reserve(text.size());
     TextLines lines(text);
     for (TextLine line; lines.next(line);) {
         if (line.text.starts_with('{')) {

@@ -1,5 +1,6 @@
 #include "Host/Inspection/PIFRecordStarts.hpp"
 
+#include <algorithm>
 #include <utility>
 
 namespace Rellinor::Host {
@@ -23,14 +24,10 @@ std::vector<std::size_t> PIFRecordStarts::takeOddLines() {
 std::size_t PIFRecordStarts::passObject() noexcept {
     std::size_t begin = _joined.size();
     std::size_t depth = 0;
-    bool isText = false;
     while (_position < _joined.size()) {
         const char letter = _joined[_position++];
-        if (isText) {
-            _position += letter == '\\' ? 1 : 0;
-            isText = letter != '"';
-        } else if (letter == '"') {
-            isText = true;
+        if (letter == '"') {
+            passText();
         } else if (letter == '{' || letter == '[') {
             begin = depth == 0 ? _position - 1 : begin;
             ++depth;
@@ -42,6 +39,21 @@ std::size_t PIFRecordStarts::passObject() noexcept {
         }
     }
     return begin;
+}
+
+void PIFRecordStarts::passText() noexcept {
+    const auto isEscaped = [&](std::size_t quote) {
+        std::size_t backslash = quote;
+        while (_joined[backslash - 1] == '\\') { // which ends at the text's first quote
+            --backslash;
+        }
+        return (quote - backslash) % 2 == 1;
+    };
+    std::size_t end = _joined.find('"', _position);
+    while (end != std::string_view::npos && isEscaped(end)) {
+        end = _joined.find('"', end + 1);
+    }
+    _position = std::min(end, _joined.size() - 1) + 1;
 }
 
 bool PIFRecordStarts::takeLine() {

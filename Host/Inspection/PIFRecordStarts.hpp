@@ -28,6 +28,9 @@ private:
     /// Moves behind the next object of the list; where it begins, or the end if there is none.
     std::size_t passObject() noexcept;
 
+    /// From behind the first quote of a text, moves behind its last one.
+    void passText() noexcept;
+
     /// Moves on to the next line that begins with a brace; false if there is none.
     bool takeLine();
 

@@ -27,10 +27,6 @@ private:
 /// The number of the line on which an offset into a text stands.
 [[nodiscard]] std::size_t lineAt(std::string_view text, std::size_t offset) noexcept;
 
-/// How many bytes at the beginning of a text are UTF-8: all of them, or those before the first that
-/// are not.
-[[nodiscard]] std::size_t sizeOfUTF8(std::string_view text) noexcept;
-
 /// The text without a byte-order mark of UTF-8.
 [[nodiscard]] std::string_view withoutByteOrderMark(std::string_view text) noexcept;
 

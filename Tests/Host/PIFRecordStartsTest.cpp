@@ -41,6 +41,13 @@ TEST(PIFRecordStartsTest, passesOverBracketsInTexts) {
               (Found{.starts = {1, 2}, .odd = {}}));
 }
 
+TEST(PIFRecordStartsTest, tellsAnEscapedQuoteByTheNumberOfBackslashes) {
+    const std::string even = R"({"}\\\\":"\\","{":1})";
+    const std::string odd = R"({"}\\\"{":"\"","[":"\\\\\"["})";
+    EXPECT_EQ(found(even + "\n{}", even + ",{}", 2), (Found{.starts = {1, 2}, .odd = {}}));
+    EXPECT_EQ(found(odd + "\n{}", odd + ",{}", 2), (Found{.starts = {1, 2}, .odd = {}}));
+}
+
 TEST(PIFRecordStartsTest, findsTwoRecordsOnALine) {
     EXPECT_EQ(found("{},{}\n{}", "{},{},{}", 3), (Found{.starts = {1, 1, 2}, .odd = {1}}));
 }

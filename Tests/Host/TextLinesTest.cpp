@@ -35,14 +35,6 @@ TEST(TextLinesTest, numbersTheLineOfAnOffset) {
     EXPECT_EQ(lineAt("a\nb\n", 4), 3U);
 }
 
-TEST(TextLinesTest, measuresWhatIsUTF8) {
-    EXPECT_EQ(sizeOfUTF8("a\u00E9\U0001F600"), 7U);
-    EXPECT_EQ(sizeOfUTF8("ab\xFFz"), 2U);
-    EXPECT_EQ(sizeOfUTF8("a\xC3"), 1U);
-    EXPECT_EQ(sizeOfUTF8("a\xED\xA0\x80"), 1U); // a surrogate
-    EXPECT_EQ(sizeOfUTF8("a\xC0\xAF"), 1U);     // overlong
-}
-
 TEST(TextLinesTest, dropsOneByteOrderMark) {
     EXPECT_EQ(withoutByteOrderMark("\uFEFF\uFEFFa"), "\uFEFFa");
     EXPECT_EQ(withoutByteOrderMark("a"), "a");
