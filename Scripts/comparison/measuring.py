@@ -20,8 +20,8 @@ def rounds_of(records):
 class Generated:
     """A store with so many records, for as long as it is needed."""
 
-    def __init__(self, store, records):
-        self._path = tools.FOLDER / f"{store.name}-{records}"
+    def __init__(self, store, records, name=""):
+        self._path = tools.FOLDER / f"{store.name}-{records}{name}"
         tools.generate(store.name, records, self._path)
 
     def __enter__(self):
