@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "Tests/Support/Connection.hpp"
+#include "Tests/Support/KnottedDatabase.hpp"
 #include "Tests/Support/OtherProcess.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 
@@ -17,6 +18,7 @@ namespace Rellinor::Host {
 namespace {
 
 using Tests::Connection;
+using Tests::Statements;
 using Tests::TemporaryFolder;
 
 std::size_t rowsOf(Database& database) {
@@ -68,6 +70,29 @@ TEST(DatabaseTest, cannotWrite) {
     Database database(Tests::database(folder, {"CREATE TABLE t (a)"}));
     database.forEachRow("INSERT INTO t VALUES (1)", [](const DatabaseRow& /*row*/) {});
     EXPECT_NE(database.problem(), "");
+}
+
+TEST(DatabaseTest, isNotHeldUpByRowsWithoutEnd) {
+    const Statements oneRow = {"CREATE TABLE t (a)", "INSERT INTO t VALUES (zeroblob(2000))"};
+    const TemporaryFolder one;
+    Database finite(Tests::knottedDatabase(one, oneRow, 1));
+    EXPECT_EQ(rowsOf(finite), 11U);
+    EXPECT_EQ(finite.problem(), "");
+    const TemporaryFolder other;
+    Database endless(Tests::knottedDatabase(other, oneRow, 15));
+    EXPECT_GT(rowsOf(endless), 11U);
+    EXPECT_EQ(endless.problem(), "the database is damaged");
+    EXPECT_TRUE(endless.isDamaged());
+}
+
+TEST(DatabaseTest, isNotHeldUpByAView) {
+    const TemporaryFolder folder;
+    Database database(Tests::database(
+        folder,
+        {"CREATE VIEW t AS WITH RECURSIVE n (a) AS (SELECT 1 UNION ALL SELECT a + 1 FROM n) "
+         "SELECT a FROM n"}));
+    EXPECT_EQ(rowsOf(database), 0U);
+    EXPECT_EQ(database.problem(), "the database cannot be read");
 }
 
 TEST(DatabaseTest, readsALoggedDatabaseWithoutMakingFiles) {

@@ -13,6 +13,7 @@
 
 #include "Private/Proxies/SQLiteFileProxy.hpp"
 #include "Tests/Support/Database.hpp"
+#include "Tests/Support/KnottedDatabase.hpp"
 #include "Tests/Support/OtherProcess.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 
@@ -194,54 +195,13 @@ TEST_F(SQLiteGuardTest, readsLargeTextsThatTakeMoreBytesOnceTheyAreUTF8) {
 
 // Knots
 
-/// Ties the pages of a database, of which the first is a schema with one table.
 class KnottedDatabaseTest : public SQLiteGuardTest {
 protected:
-    static constexpr std::size_t pageSize = 512;
-
-    /// A table whose inner pages all lead to one and the same page, time and again, `levels` times:
-    /// it has ten to the power of so many times the rows of a page.
+    /// A table with a row of this value, the more often the more levels it has.
     [[nodiscard]] std::string knotted(std::size_t levels, const std::string& value) const {
-        const std::string path = database(
-            folder(),
-            {"PRAGMA page_size = 512", "CREATE TABLE t (a, b)",
-             "INSERT INTO t VALUES (" + value + ", 'y')", "CREATE TABLE filler (v)",
-             "INSERT INTO filler VALUES (zeroblob(" + std::to_string(600 * levels) + "))"});
-        std::string bytes = contentsOf(path);
-        // The root of the table is the second page; it moves to the last, and the others lead
-        // there.
-        const std::size_t leaf = bytes.size() / pageSize;
-        bytes.replace((leaf - 1) * pageSize, pageSize, bytes, pageSize, pageSize);
-        std::size_t below = leaf;
-        for (std::size_t level = 1; level <= levels; ++level) {
-            const std::size_t page = level == levels ? 2 : leaf - level;
-            bytes.replace((page - 1) * pageSize, pageSize, innerPage(below));
-            below = page;
-        }
-        return folder().file("database", bytes);
-    }
-
-private:
-    /// An inner page of a table whose cells all lead to that page.
-    static std::string innerPage(std::size_t below) {
-        constexpr std::size_t cells = 10;
-        constexpr std::size_t sizeOfCell = 5;
-        constexpr std::size_t content = pageSize - cells * sizeOfCell;
-
-        std::string page(pageSize, '\0');
-        page[0] = 5;
-        page[4] = cells;
-        page[5] = static_cast<char>(content / 256);
-        page[6] = static_cast<char>(content % 256);
-        page[11] = static_cast<char>(below);
-        for (std::size_t cell = 0; cell < cells; ++cell) {
-            const std::size_t place = content + cell * sizeOfCell;
-            page[12 + 2 * cell] = static_cast<char>(place / 256);
-            page[13 + 2 * cell] = static_cast<char>(place % 256);
-            page[place + 3] = static_cast<char>(below);
-            page[place + 4] = 1;
-        }
-        return page;
+        return knottedDatabase(
+            folder(), {"CREATE TABLE t (a, b)", "INSERT INTO t VALUES (" + value + ", 'y')"},
+            levels);
     }
 };
 
