@@ -10,5 +10,6 @@ if(RELLINOR_SANITIZERS)
         -fsanitize=${RELLINOR_SANITIZERS}
         -fno-sanitize-recover=all
         -fno-omit-frame-pointer)
+    target_compile_definitions(RellinorSanitizers INTERFACE RELLINOR_SANITIZED)
     target_link_options(RellinorSanitizers INTERFACE -fsanitize=${RELLINOR_SANITIZERS})
 endif()

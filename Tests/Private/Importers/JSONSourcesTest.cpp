@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <optional>
+#include <ostream>
 #include <string>
 #include <string_view>
 
@@ -31,6 +32,10 @@ struct JSONSource {
     std::size_t levels;        ///< how many containers are around it
     Outcome good;              ///< of the export
     Outcome bad;               ///< of a text that is not JSON
+
+    friend std::ostream& operator<<(std::ostream& out, const JSONSource& item) {
+        return out << item.name;
+    }
 };
 
 std::string nameOf(const testing::TestParamInfo<JSONSource>& info) {

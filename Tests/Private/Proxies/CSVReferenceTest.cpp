@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "Tests/Reference/CSVReference.hpp"
+#include "Tests/Support/Affordable.hpp"
 #include "Tests/Support/CSV.hpp"
 #include "Tests/Support/RandomText.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
@@ -31,7 +32,7 @@ constexpr std::array<std::string_view, 17> pieces = {
 
 TEST(CSVReferenceTest, agreesOnShortRandomTexts) {
     RandomText random(1);
-    for (int round = 0; round < 100'000; ++round) {
+    for (int round = 0; round < affordable(100'000); ++round) {
         const std::string text = random.of(pieces, 14);
         ASSERT_EQ(rows(text), referenceRows(text)) << testing::PrintToString(text);
     }
@@ -39,7 +40,7 @@ TEST(CSVReferenceTest, agreesOnShortRandomTexts) {
 
 TEST(CSVReferenceTest, agreesOnLongRandomTexts) {
     RandomText random(2);
-    for (int round = 0; round < 3'000; ++round) {
+    for (int round = 0; round < affordable(3'000); ++round) {
         const std::string text = random.of(pieces, 400);
         ASSERT_EQ(rows(text), referenceRows(text)) << testing::PrintToString(text);
     }
@@ -49,7 +50,7 @@ TEST(CSVReferenceTest, agreesOnTextsOfLongCells) {
     constexpr std::array<std::string_view, 6> longPieces = {
         "0123456789012345678901234567890123456789", "\"", ",", "\n", "\\\"", "\r\n"};
     RandomText random(3);
-    for (int round = 0; round < 3'000; ++round) {
+    for (int round = 0; round < affordable(3'000); ++round) {
         const std::string text = random.of(longPieces, 60);
         ASSERT_EQ(rows(text), referenceRows(text)) << testing::PrintToString(text);
     }

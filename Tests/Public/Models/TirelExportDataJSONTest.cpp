@@ -12,6 +12,7 @@
 #include <boost/json/serialize.hpp>
 #include <gtest/gtest.h>
 
+#include "Tests/Support/Affordable.hpp"
 #include "Tests/Support/JSONTexts.hpp"
 #include "Tests/Support/RandomText.hpp"
 #include "Tests/Support/Records.hpp"
@@ -279,7 +280,7 @@ private:
 };
 
 TEST(TirelExportDataJSONTest, givesBackTheSameFieldsInTheSameOrder) {
-    for (std::uint64_t seed = 0; seed < 3000; ++seed) {
+    for (std::uint64_t seed = 0; seed < affordable(3000U); ++seed) {
         const TirelExportData data = RandomData(seed).data();
         const auto again = decoded(encoded(data));
         ASSERT_TRUE(again) << seed;
@@ -290,7 +291,7 @@ TEST(TirelExportDataJSONTest, givesBackTheSameFieldsInTheSameOrder) {
 
 TEST(TirelExportDataJSONTest, writesWhatTheImporterReads) {
     const TemporaryFolder folder;
-    for (std::uint64_t seed = 0; seed < 3000; ++seed) {
+    for (std::uint64_t seed = 0; seed < affordable(3000U); ++seed) {
         const TirelExportData data = RandomData(seed).data();
         ASSERT_EQ(outcomeOf(ImportSource::tirel, folder.file("export.json", encoded(data))),
                   fieldsOf(data))

@@ -11,6 +11,7 @@
 #include <sqlite3.h>
 
 #include "Private/Importers/Chrome/ChromeRecord.hpp"
+#include "Tests/Support/Affordable.hpp"
 #include "Tests/Support/Allocations.hpp"
 #include "Tests/Support/Database.hpp"
 #include "Tests/Support/Descriptors.hpp"
@@ -294,7 +295,7 @@ TEST(ChromeImporterTest, importsWhatABrowserThatDiedHadCommitted) {
 // Memory
 
 TEST(ChromeImporterTest, leavesNothingButOneHandlePerImport) {
-    constexpr std::size_t imports = 1000;
+    constexpr std::size_t imports = affordable(1000U);
     if (!allowDescriptors(imports + 100)) {
         GTEST_SKIP() << "this process may not have so many files open";
     }

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "Private/Extensions/String.hpp"
+#include "Tests/Support/Affordable.hpp"
 #include "Tests/Support/Allocations.hpp"
 #include "Tests/Support/Records.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
@@ -308,7 +309,7 @@ std::string repeated(std::string_view piece, std::size_t size) {
     return text;
 }
 
-constexpr std::size_t large = std::size_t{64} << 20U;
+constexpr std::size_t large = affordable(std::size_t{64} << 20U);
 
 TEST(DashlaneImporterTest, readsOneRowOfBraces) {
     EXPECT_TRUE(keepsRow(",,,," + std::string(large, '{')));
