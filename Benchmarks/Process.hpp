@@ -15,8 +15,8 @@ namespace Rellinor::Benchmarks {
 
 /// Touches so many bytes in a process of its own, which gives them back. The host of a virtual
 /// machine takes over memory that has been free for a while, in large pieces, and then who gets it
-/// next pays many times over. So who is measured next gets memory that nobody had to fetch, in large
-/// pages and in small ones: the system keeps what it can give out as large pages by itself.
+/// next pays many times over. So who is measured next gets memory that nobody had to fetch, in
+/// large pages and in small ones: the system keeps what it can give out as large pages by itself.
 void haveMemoryAtHand(std::size_t bytes);
 
 /// The run that a program measured itself. It prints the members of a `Run` in their order.
