@@ -1,5 +1,6 @@
 #include "Private/Importers/Tirel/TirelRecord.hpp"
 
+#include <cstddef>
 #include <optional>
 #include <set>
 #include <string>
@@ -7,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include "Private/Importers/Tirel/TirelExportMember.hpp"
 #include "Private/Proxies/JSONDocument.hpp"
 #include "Tests/Support/TirelExport.hpp"
 
@@ -196,6 +198,15 @@ TEST(TirelRecordTypeTest, hasItsCasesInOrder) {
     EXPECT_EQ(static_cast<int>(webPassword), 0);
     EXPECT_EQ(static_cast<int>(secureNote), 1);
     EXPECT_EQ(static_cast<int>(creditCard), 2);
+}
+
+TEST(TirelExportMemberTest, eachNameStandsAtThePlaceOfItsMember) {
+    std::size_t place = 0;
+    for (const std::string_view name : namesOfTirelExportMembers) {
+        EXPECT_EQ(rawValue(static_cast<TirelExportMember>(place)), name);
+        ++place;
+    }
+    EXPECT_EQ(place, static_cast<std::size_t>(TirelExportMember::year) + 1);
 }
 
 } // namespace
