@@ -28,20 +28,16 @@ namespace {
 struct Words {
     std::string source;
     std::array<std::string, 2> paths;
-    std::size_t rounds = 25;
+    std::size_t rounds = 11;
     std::size_t times = 3;
 };
 
 constexpr const char* description =
-    "Imports a store on one thread, and two stores on two at once, in turns, each time in a "
-    "process of its "
-    "own,\n"
-    "and does the same with a loop that shares nothing, which tells what the machine has to give.\n"
-    "Prints as JSON how much more two do than one in the same time, 2 being twice as much: "
-    "\"gain\"\n"
-    "of the import, \"machine\" of the loop, and \"share\", what the one is of the other. Each is "
-    "the\n"
-    "median of the rounds.";
+    "Imports a store on one thread, and two stores on two at once, in turns, each time in a\n"
+    "process of its own, and does the same with a loop that shares nothing, which tells what the\n"
+    "machine has to give. Prints as JSON how much more two do than one in the same time, 2 being\n"
+    "twice as much: \"gain\" of the import, \"machine\" of the loop, and \"share\", what the one\n"
+    "is of the other. Each is the median of the rounds.";
 
 /// What the thread of this number does.
 using Work = std::function<void(std::size_t)>;
