@@ -69,7 +69,7 @@ void fuzz(std::string_view input) {
     try {
         compare(proxy, database.path());
     } catch (const std::bad_alloc&) {
-        // Of what is damaged SQLite may say so, though there is enough.
+        // SQLite says so of a damaged cell that claims nearly 4 GiB.
         expect(!Tests::isSoundDatabase(database.path()));
     }
 }

@@ -470,6 +470,20 @@ TEST_F(SQLiteFileProxyTest, lacksMemoryIfSQLiteLacksItForAText) {
     Connection(path).execute({"BEGIN EXCLUSIVE", "COMMIT"});
 }
 
+TEST_F(SQLiteFileProxyTest, lacksMemoryForARowOfFourGigabytes) {
+    std::string bytes =
+        contentsOf(database({"PRAGMA page_size = 512", threeRows[0], threeRows[1]}));
+    // The cell of the third row: a payload of 2^32 - 1 bytes, the key, a head that goes beyond the
+    // page.
+    constexpr std::size_t page = 512;
+    constexpr std::size_t place = 96;
+    bytes.replace(page + place, 7, "\x8f\xff\xff\xff\x7f\x03\x63");
+    bytes.replace(page + 12, 2, std::string{'\0', char{place}});
+    const std::string path = folder().file("database", bytes);
+    EXPECT_EQ(selected(path, "SELECT v FROM t LIMIT 2").size(), 2);
+    EXPECT_THROW((void)selected(path, allOfT), std::bad_alloc);
+}
+
 } // namespace
 
 } // namespace Rellinor::Tests
