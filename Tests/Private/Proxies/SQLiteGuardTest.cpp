@@ -4,12 +4,14 @@
 
 #include <chrono>
 #include <cstddef>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <variant>
 #include <vector>
 
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
 #include "Private/Proxies/SQLiteFileProxy.hpp"
 #include "Tests/Support/Database.hpp"
@@ -230,6 +232,24 @@ TEST_F(KnottedDatabaseTest, isNotLeftLocked) {
     EXPECT_LT(read(path, "SELECT a FROM t").size(), 100U);
     EXPECT_EQ(read(path, "SELECT a FROM t WHERE a = ''"), Rows{});
     Connection(path).execute({"BEGIN EXCLUSIVE", "COMMIT"});
+}
+
+TEST_F(SQLiteGuardTest, letsASchemaRunAndChangeNothing) {
+    ::sqlite3* opened = nullptr;
+    ASSERT_EQ(::sqlite3_open(":memory:", &opened), SQLITE_OK);
+    const std::unique_ptr<::sqlite3, decltype(&::sqlite3_close)> connection(opened,
+                                                                            &::sqlite3_close);
+    const SQLiteGuard guard(*connection);
+    const auto isOn = [&](int option) {
+        int value = -1;
+        (void)::sqlite3_db_config(connection.get(), option, -1, &value); // NOLINT(*-vararg)
+        return value;
+    };
+    EXPECT_EQ(isOn(SQLITE_DBCONFIG_ENABLE_VIEW), 0);
+    EXPECT_EQ(isOn(SQLITE_DBCONFIG_ENABLE_TRIGGER), 0);
+    EXPECT_EQ(isOn(SQLITE_DBCONFIG_TRUSTED_SCHEMA), 0);
+    EXPECT_EQ(isOn(SQLITE_DBCONFIG_DEFENSIVE), 1);
+    EXPECT_EQ(isOn(SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE), 1);
 }
 
 // The file
