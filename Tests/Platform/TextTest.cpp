@@ -129,6 +129,19 @@ TEST(TextTest, replacesTheBeginningOfACodePointByOneCharacter) {
               "\uFFFD\uFFFD\uFFFD\uFFFDA");
 }
 
+TEST(TextTest, replacesTheBeginningOfTheFirstAndLastCodePointOfEachForm) {
+    for (const std::string_view whole :
+         {"\u0080", "\u07FF", "\u0800", "\u0FFF", "\u1000", "\uCFFF", "\uD000", "\uD7FF", "\uE000",
+          "\uFFFF", "\U00010000", "\U0003FFFF", "\U00040000", "\U000FFFFF", "\U00100000",
+          "\U0010FFFF"}) {
+        for (std::size_t length = 1; length < whole.size(); ++length) {
+            const std::string part(whole.substr(0, length));
+            EXPECT_EQ(repaired(part), "\uFFFD") << testing::PrintToString(part);
+            EXPECT_EQ(repaired(part + "z"), "\uFFFDz") << testing::PrintToString(part);
+        }
+    }
+}
+
 TEST(TextTest, countsCharactersAsAReaderDoes) {
     EXPECT_EQ(numberOfCharacters(""), 0);
     EXPECT_EQ(numberOfCharacters("abc"), 3);
