@@ -89,6 +89,12 @@ TEST(JSONNumberTest, hasNoValueIfTheExponentIsNearTheFurthest) {
     }
 }
 
+TEST(JSONNumberTest, looksAtNothingBehindTheNumber) {
+    EXPECT_EQ(integralValue(std::string_view("1234").substr(0, 2)), 12);
+    EXPECT_EQ(integralValue(std::string_view("1e15").substr(0, 3)), 10);
+    EXPECT_EQ(integralValue(std::string_view("10e-12").substr(0, 5)), 1);
+}
+
 TEST(JSONNumberTest, looksAtAllDigitsOfALongNumber) {
     const std::string zeros(100'000, '0');
     EXPECT_EQ(integralValue("1" + zeros + "e-100000"), 1);

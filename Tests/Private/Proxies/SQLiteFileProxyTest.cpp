@@ -459,15 +459,18 @@ int addExhaust(::sqlite3* connection, char** /*error*/,
         nullptr, nullptr);
 }
 
-TEST_F(SQLiteFileProxyTest, lacksMemoryIfSQLiteLacksItForAText) {
+TEST_F(SQLiteFileProxyTest, lacksMemoryIfSQLiteLacksItForAValue) {
     const std::string path = database({"PRAGMA encoding = 'UTF-16le'", "CREATE TABLE t (v)",
                                        "INSERT INTO t VALUES ('" + std::string(10000, 'x') + "')"});
-    ::sqlite3_auto_extension(reinterpret_cast<void (*)()>(addExhaust));
-    EXPECT_THROW((void)selected(path, "SELECT v, exhaust() FROM t"), std::bad_alloc);
-    ::sqlite3_reset_auto_extension();
-    ::sqlite3_hard_heap_limit64(0);
-    // No lock was left behind.
-    Connection(path).execute({"BEGIN EXCLUSIVE", "COMMIT"});
+    for (const std::string_view query :
+         {"SELECT v, exhaust() FROM t", "SELECT zeroblob(length(v)), exhaust() FROM t"}) {
+        ::sqlite3_auto_extension(reinterpret_cast<void (*)()>(addExhaust));
+        EXPECT_THROW((void)selected(path, query), std::bad_alloc) << query;
+        ::sqlite3_reset_auto_extension();
+        ::sqlite3_hard_heap_limit64(0);
+        // No lock was left behind.
+        Connection(path).execute({"BEGIN EXCLUSIVE", "COMMIT"});
+    }
 }
 
 TEST_F(SQLiteFileProxyTest, lacksMemoryForARowOfFourGigabytes) {
