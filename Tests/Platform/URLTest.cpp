@@ -31,6 +31,7 @@ TEST(URLTest, givesThePathWithoutItsTrailingSlash) {
     EXPECT_EQ(URL::fileURLWithPath("/Users/ann/").path(), "/Users/ann");
     EXPECT_EQ(URL::fileURLWithPath("/Users/ann/").absoluteString(), "file:///Users/ann/");
     EXPECT_EQ(URL::fileURLWithPath("/").path(), "/");
+    EXPECT_EQ(URL::fileURLWithPath("//").path(), "/");
     EXPECT_EQ(URL::fileURLWithPath("/").absoluteString(), "file:///");
 }
 

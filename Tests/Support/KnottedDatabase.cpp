@@ -6,6 +6,12 @@ namespace {
 
 constexpr std::size_t pageSize = 512;
 
+/// Writes a number into two bytes, the high one first.
+void put(std::size_t number, std::string& page, std::size_t place) {
+    page[place] = static_cast<char>(number / 256);
+    page[place + 1] = static_cast<char>(number % 256);
+}
+
 /// An inner page of a table whose cells all lead to that page.
 std::string innerPage(std::size_t below) {
     constexpr std::size_t cells = 10;
@@ -15,14 +21,12 @@ std::string innerPage(std::size_t below) {
     std::string page(pageSize, '\0');
     page[0] = 5;
     page[4] = cells;
-    page[5] = static_cast<char>(content / 256);
-    page[6] = static_cast<char>(content % 256);
-    page[11] = static_cast<char>(below);
+    put(content, page, 5);
+    put(below, page, 10);
     for (std::size_t cell = 0; cell < cells; ++cell) {
         const std::size_t place = content + cell * sizeOfCell;
-        page[12 + 2 * cell] = static_cast<char>(place / 256);
-        page[13 + 2 * cell] = static_cast<char>(place % 256);
-        page[place + 3] = static_cast<char>(below);
+        put(place, page, 12 + 2 * cell);
+        put(below, page, place + 2);
         page[place + 4] = 1;
     }
     return page;

@@ -221,6 +221,10 @@ TEST_F(KnottedDatabaseTest, holdsNobodyUpWithRows) {
     EXPECT_EQ(rows[99], oneRow[0]);
 }
 
+TEST_F(KnottedDatabaseTest, holdsNobodyUpWithValuesOfManyPages) {
+    EXPECT_EQ(read(knotted(15, "zeroblob(1000000)"), "SELECT b FROM t WHERE a = ''"), Rows{});
+}
+
 TEST_F(KnottedDatabaseTest, fillsNoMemoryWithLargeRows) {
     const Rows rows = read(knotted(15, "zeroblob(2000)"), "SELECT a FROM t");
     EXPECT_GT(rows.size(), 1U);
