@@ -132,6 +132,25 @@ TEST(JSONDocumentTest, comparesKeysExactly) {
     EXPECT_EQ(kept(R"({"\u0061":1,"l\u0069st":2})"), "{a=1;list=2;}");
 }
 
+TEST(JSONDocumentTest, tellsAKeyFromEveryOtherOfItsLength) {
+    for (std::size_t length = 1; length <= 40; ++length) {
+        const std::string key(length, 'a');
+        const std::array known = {std::string_view(key)};
+        const auto isKnown = [&](std::string_view name) {
+            ImportMemory memory;
+            const std::string text = joined({R"({")", name, R"(":1})"});
+            const auto document = JSONDocument::parsed(text, known, memory);
+            return document.value().root().object().value().valueAt(0).has_value();
+        };
+        EXPECT_TRUE(isKnown(key)) << length;
+        for (std::size_t position = 0; position < length; ++position) {
+            std::string other = key;
+            other[position] = 'b';
+            EXPECT_FALSE(isKnown(other)) << other;
+        }
+    }
+}
+
 TEST(JSONDocumentTest, decodesTexts) {
     EXPECT_EQ(kept(R"({"a":"x\"\u00E9\n","b":"\ud83d\udd11"})"), "{a=<x\"\u00E9\n>b=<\U0001F511>}");
 }
