@@ -65,8 +65,8 @@ SQLiteValue blobOf(::sqlite3_stmt* statement, int column, ImportMemory& memory) 
     const int size = ::sqlite3_column_bytes(statement, column);
     const auto* const bytes = static_cast<const char*>(::sqlite3_column_blob(statement, column));
     if (bytes == nullptr) {
-        // Quirk: an empty blob is an absent value. If memory lacks, the next step says so.
-        return {};
+        // If memory ran out, the next step says so.
+        return {}; // Quirk: an empty blob is an absent value.
     }
     const std::string_view copy = memory.copy({bytes, static_cast<std::size_t>(size)});
     return SQLiteValue(std::span(copy));
