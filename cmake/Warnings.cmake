@@ -22,5 +22,5 @@ target_compile_options(RellinorWarnings INTERFACE
     $<$<COMPILE_LANGUAGE:C>:-Wmissing-prototypes -Wstrict-prototypes>
     $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor -Wold-style-cast -Woverloaded-virtual>
     $<$<COMPILE_LANG_AND_ID:CXX,GNU>:-Wduplicated-branches -Wduplicated-cond -Wlogical-op -Wuseless-cast>
-    $<$<COMPILE_LANG_AND_ID:CXX,Clang,AppleClang>:-Wextra-semi -Wnewline-eof -Wunreachable-code>
+    $<$<COMPILE_LANG_AND_ID:CXX,Clang,AppleClang>:-Wextra-semi -Wnewline-eof -Wreserved-identifier -Wunreachable-code>
     $<$<BOOL:${RELLINOR_WARNINGS_AS_ERRORS}>:-Werror>)
