@@ -7,7 +7,7 @@
 #include <fcntl.h>
 
 // The linker gives these names to a function of the system and to what stands in its place.
-// NOLINTBEGIN(*-reserved-identifier,*-identifier-naming,*-vararg)
+// NOLINTBEGIN(*-identifier-naming,*-vararg)
 extern "C" {
 
 int __real_open(const char* path, int flags, ...);
@@ -82,4 +82,4 @@ int systemStatus(int descriptor, struct ::stat* status) {
 
 } // namespace Rellinor::Tests
 
-// NOLINTEND(*-reserved-identifier,*-identifier-naming,*-vararg)
+// NOLINTEND(*-identifier-naming,*-vararg)
