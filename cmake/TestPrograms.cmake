@@ -13,16 +13,9 @@ function(rellinor_test_program target)
         set(environment "${RELLINOR_COUNTED_ENVIRONMENT}")
     endif()
 
-    # Most of the time of building everything went into optimising what runs once, and into parsing what
-    # nearly every test includes.
+    # To optimise what runs once took most of the time of building everything.
     target_compile_options(${target} PRIVATE -O0 -U_FORTIFY_SOURCE)
-    target_precompile_headers(${target} PRIVATE
-        <algorithm> <array> <cstddef> <expected> <filesystem> <functional> <optional> <string>
-        <string_view> <utility> <vector> <gtest/gtest.h>)
-    if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
-        # Or ccache would find another time in it after each build.
-        target_compile_options(${target} PRIVATE "SHELL:-Xclang -fno-pch-timestamp")
-    endif()
+    rellinor_precompile_headers(${target} UNOPTIMISED <gtest/gtest.h>)
 
     if(NOT RELLINOR_SANITIZERS)
         gtest_discover_tests(${target} TEST_PREFIX "${arg_PREFIX}")
