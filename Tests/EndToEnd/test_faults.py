@@ -7,15 +7,11 @@ import json
 import os
 import resource
 import signal
-import subprocess
 import sys
-import tempfile
-import unittest
-from pathlib import Path
 
-ROOT = Path(__file__).resolve().parents[2]
+from tool_case import Case, main, ROOT
+
 EXPORTS = ROOT / "Examples" / "Exports"
-TIMEOUT = 60
 STORES = (("chrome", "Chrome/Login Data"), ("dashlane", "Dashlane/export.csv"),
           ("firefox", "Firefox/current.profile"), ("firefox", "Firefox/old.profile"),
           ("keePass", "KeePass/export.csv"), ("keePassXC", "KeePassXC/export.csv"),
@@ -25,27 +21,17 @@ SOURCES = sorted({source for source, _ in STORES})
 NO_MEMORY = "rellinor: there is not enough memory\n"
 MANY = 200_000
 
-TOOL, FAILING_MEMORY, STEP = "", "", 1
+FAILING_MEMORY, STEP = "", 1
 
 
 def limited(kind, size):
     return lambda: resource.setrlimit(kind, (size, size))
 
 
-class Case(unittest.TestCase):
-    maxDiff = None
-
-    def setUp(self):
-        temporary = tempfile.TemporaryDirectory()
-        self.addCleanup(temporary.cleanup)
-        self.folder = Path(temporary.name)
-
+class FaultCase(Case):
     def run_tool(self, *arguments, environment=None, **options):
-        ended = subprocess.run([TOOL, *map(str, arguments)], stdin=subprocess.DEVNULL,
-                               stdout=subprocess.PIPE, stderr=subprocess.PIPE, timeout=TIMEOUT,
-                               env={**os.environ, **(environment or {})}, **options)
-        ended.stdout, ended.stderr = ended.stdout.decode(), ended.stderr.decode()
-        return ended
+        return super().run_tool(*map(str, arguments), env={**os.environ, **(environment or {})},
+                                **options)
 
     def file_of(self, source, folder):
         """Where in a folder a source has its file, and what is imported then."""
@@ -54,7 +40,7 @@ class Case(unittest.TestCase):
         return folder / "export", folder / "export"
 
 
-class Memory(Case):
+class Memory(FaultCase):
     def refusing(self, number, mode, *arguments):
         return self.run_tool(*arguments, environment={
             "LD_PRELOAD": FAILING_MEMORY, "RELLINOR_FAILING_REQUEST": str(number), **mode})
@@ -117,7 +103,7 @@ class Memory(Case):
             file.unlink()
 
 
-class Stack(Case):
+class Stack(FaultCase):
     """Nothing goes deeper the larger or the more nested a file is."""
     TEXTS = ("[" * MANY, '{"a":' * MANY, "[" * MANY + "]" * MANY, '{"logins":' + '[{"a":' * MANY,
              '{"secureContents":{"fields":[{"value":' * MANY, "{}\n" * MANY, "," * MANY, '"' * MANY,
@@ -151,5 +137,5 @@ class Stack(Case):
 
 
 if __name__ == "__main__":
-    TOOL, FAILING_MEMORY, STEP = sys.argv[1], sys.argv[2], int(sys.argv[3])
-    unittest.main(argv=sys.argv[:1] + sys.argv[4:])
+    FAILING_MEMORY, STEP = sys.argv.pop(2), int(sys.argv.pop(2))
+    main(__doc__)
