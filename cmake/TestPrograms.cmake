@@ -25,14 +25,19 @@ function(rellinor_test_program target)
         rellinor_test_parts(${target} ${target} 8 "${environment}")
         return()
     endif()
-    # That leak alone is told by who called SQLite, and to find the callers behind SQLite takes most of
-    # the time of the other tests. A leak of a test that the filter forgets is reported.
     rellinor_test_parts(${target} ${target}-statements 4 "${environment};GTEST_FILTER=${arg_STATEMENTS}")
     rellinor_test_parts(${target} ${target} 4 "${environment};GTEST_FILTER=-${arg_STATEMENTS}")
     foreach(part RANGE 3)
-        set_tests_properties("${target}.${part}" PROPERTIES ENVIRONMENT_MODIFICATION
-            "ASAN_OPTIONS=string_append::fast_unwind_on_malloc=1")
+        rellinor_tests_without_statements("${target}.${part}")
     endforeach()
+endfunction()
+
+# rellinor_tests_without_statements(TEST...): these leave no statement of SQLite's behind. That leak alone
+# is told by who called SQLite, and to find the callers behind SQLite takes most of the time of other tests.
+# A leak of a test that is named wrongly is reported.
+function(rellinor_tests_without_statements)
+    set_tests_properties(${ARGN} PROPERTIES ENVIRONMENT_MODIFICATION
+        "ASAN_OPTIONS=string_append::fast_unwind_on_malloc=1")
 endfunction()
 
 # rellinor_test_parts(TARGET NAME COUNT ENVIRONMENT): so many tests for all of a program, since a
