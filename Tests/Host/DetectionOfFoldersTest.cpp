@@ -3,9 +3,9 @@
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include "Tests/Host/Detected.hpp"
+#include "Tests/Support/Nobody.hpp"
 
 namespace Rellinor::Host {
 
@@ -108,13 +108,14 @@ TEST_F(DetectionOfFoldersTest, doesNotWaitForAPipeInAProfile) {
 }
 
 TEST_F(DetectionOfFoldersTest, saysSoOfAFolderThatCannotBeRead) {
-    if (::geteuid() == 0) {
-        GTEST_SKIP() << "the superuser reads every folder";
-    }
+    std::filesystem::permissions(path(), std::filesystem::perms::all);
     std::filesystem::create_directory(path() + "/closed");
     std::filesystem::permissions(path() + "/closed", std::filesystem::perms::none);
-    EXPECT_EQ(detectedAt(path() + "/closed"), "unknown; a folder that cannot be read");
-    EXPECT_EQ(detectedAt(path() + "/closed/in"), "unknown; it cannot be read");
+    const auto isSaid = [&] {
+        return detectedAt(path() + "/closed") == "unknown; a folder that cannot be read" &&
+               detectedAt(path() + "/closed/in") == "unknown; it cannot be read";
+    };
+    EXPECT_EXIT(Tests::exitAsNobody(isSaid), testing::ExitedWithCode(0), "");
 }
 
 } // namespace

@@ -10,6 +10,7 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+#include "Tests/Support/Nobody.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 
 namespace Rellinor::Tests {
@@ -95,17 +96,9 @@ TEST(FileTest, isAbsentForADanglingOrLoopingLink) {
 TEST(FileTest, isAbsentForAFileThatMayNotBeRead) {
     const TemporaryFolder folder;
     const std::string path = folder.file("file", "text");
+    std::filesystem::permissions(folder.path(), std::filesystem::perms::all);
     std::filesystem::permissions(path, std::filesystem::perms::none);
-    const uid_t user = ::geteuid();
-    const uid_t nobody = 65534;
-    if (user == 0) { // root may read anything
-        std::filesystem::permissions(folder.path(), std::filesystem::perms::all);
-        ASSERT_EQ(::seteuid(nobody), 0);
-    }
-    EXPECT_EQ(textAt(path), std::nullopt);
-    if (user == 0) {
-        ASSERT_EQ(::seteuid(user), 0);
-    }
+    EXPECT_EXIT(exitAsNobody([&] { return !textAt(path); }), testing::ExitedWithCode(0), "");
 }
 
 TEST(FileTest, doesNotCutAPathAtItsNUL) {
@@ -138,14 +131,10 @@ TEST(FileTest, isReadableIfItIsAFolder) {
 TEST(FileTest, isNotReadableIfItMayNotBeRead) {
     const TemporaryFolder folder;
     const std::string path = folder.file("file", "text");
-    const auto askAsNobody = [&] {
-        std::filesystem::permissions(folder.path(), std::filesystem::perms::all);
-        std::filesystem::permissions(path, std::filesystem::perms::none);
-        const uid_t nobody = 65534;
-        const bool isNobody = ::geteuid() != 0 || ::setuid(nobody) == 0; // root may read anything
-        ::_exit(isNobody && !isReadableFile(path) ? 0 : 1);
-    };
-    EXPECT_EXIT(askAsNobody(), testing::ExitedWithCode(0), "");
+    std::filesystem::permissions(folder.path(), std::filesystem::perms::all);
+    std::filesystem::permissions(path, std::filesystem::perms::none);
+    EXPECT_EXIT(exitAsNobody([&] { return !isReadableFile(path); }), testing::ExitedWithCode(0),
+                "");
 }
 
 } // namespace

@@ -5,13 +5,13 @@
 #include <string_view>
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include "Private/Extensions/String.hpp"
 #include "Private/Importers/Firefox/FirefoxEncryptedRecord.hpp"
 #include "Tests/Support/Allocations.hpp"
 #include "Tests/Support/Database.hpp"
 #include "Tests/Support/Descriptors.hpp"
+#include "Tests/Support/Nobody.hpp"
 #include "Tests/Support/Records.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 
@@ -199,18 +199,14 @@ TEST_F(FirefoxImporterTest, readsOnlyTheJSONFileIfThereAreBoth) {
 }
 
 TEST_F(FirefoxImporterTest, takesAJSONFileThatCannotBeReadForMissing) {
-    const auto importAsNobody = [&] {
-        std::filesystem::permissions(folder().path(), std::filesystem::perms::all);
-        std::filesystem::permissions(folder() / "signons.sqlite", std::filesystem::perms::all);
-        std::filesystem::permissions(folder() / "logins.json", std::filesystem::perms::none);
-        const uid_t nobody = 65534;
-        const bool isNobody = ::geteuid() != 0 || ::setuid(nobody) == 0; // root may read anything
-        const Outcome expected = {.passwords = {{"u", "p", "h"}}};
-        ::_exit(isNobody && imported() == expected ? 0 : 1);
-    };
     signons({login("'h'", "'u'", "'p'")});
     logins(annInJSON);
-    EXPECT_EXIT(importAsNobody(), testing::ExitedWithCode(0), "");
+    std::filesystem::permissions(folder().path(), std::filesystem::perms::all);
+    std::filesystem::permissions(folder() / "signons.sqlite", std::filesystem::perms::all);
+    std::filesystem::permissions(folder() / "logins.json", std::filesystem::perms::none);
+    const Outcome expected = {.passwords = {{"u", "p", "h"}}};
+    EXPECT_EXIT(exitAsNobody([&] { return imported() == expected; }), testing::ExitedWithCode(0),
+                "");
 }
 
 TEST_F(FirefoxImporterTest, takesADanglingLinkForMissing) {

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <unistd.h>
+
+namespace Rellinor::Tests {
+
+/// Ends this process, with 0 if something holds for a user whom the modes of files stop, which they
+/// do not do to root. For `EXPECT_EXIT`.
+[[noreturn]] void exitAsNobody(auto&& holds) {
+    constexpr uid_t nobody = 65534;
+    const bool isStopped = ::geteuid() != 0 || ::setuid(nobody) == 0;
+    ::_exit(isStopped && holds() ? 0 : 1);
+}
+
+} // namespace Rellinor::Tests
