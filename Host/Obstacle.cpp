@@ -3,6 +3,8 @@
 #include <filesystem>
 #include <system_error>
 
+#include <unistd.h>
+
 #include "Host/Source.hpp"
 
 namespace Rellinor::Host {
@@ -19,6 +21,8 @@ std::filesystem::file_type typeOf(const std::string& path) {
 std::string obstacle(const std::string& path) {
     switch (typeOf(path)) {
     case std::filesystem::file_type::regular:
+        return ::access(path.c_str(), R_OK) == 0 ? ""
+                                                 : "it may not be read: look at its permissions";
     case std::filesystem::file_type::directory:
         return {};
     case std::filesystem::file_type::not_found:

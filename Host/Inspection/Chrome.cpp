@@ -5,12 +5,10 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <utility>
 
 #include "Host/Counted.hpp"
 #include "Host/FileContents.hpp"
 #include "Host/Inspection/Database.hpp"
-#include "Host/Inspection/PathProblem.hpp"
 #include "Host/Inspection/Settled.hpp"
 #include "Host/Inspection/SettledDatabase.hpp"
 
@@ -75,13 +73,8 @@ Inspection inspectChrome(const std::string& path, const RecordsResult& result) {
     Inspection inspection;
     inspection.unit = "login";
     inspection.place = "row";
-    std::string problem = pathProblem(path, "the file \"Login Data\" in it");
-    if (!problem.empty()) {
-        inspection.wrong.push_back({.text = std::move(problem), .places = {}});
-        return inspection;
-    }
     if (!contentsOf(path, 0)) {
-        return inspection; // a pipe
+        return inspection;
     }
     Database database(path);
     database.requireTable("logins", columns);

@@ -16,7 +16,6 @@
 #include "Host/Inspection/Database.hpp"
 #include "Host/Inspection/JSONProblem.hpp"
 #include "Host/Inspection/JSONTree.hpp"
-#include "Host/Inspection/PathProblem.hpp"
 #include "Host/Inspection/Settled.hpp"
 #include "Host/Inspection/SettledDatabase.hpp"
 

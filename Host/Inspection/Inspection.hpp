@@ -34,6 +34,7 @@ struct Inspection {
 
 /// Looks at the file or folder at `path`, and changes nothing there.
 ///
+/// @param path    with no `obstacle` to that; what is in the way of a file is not told here
 /// @param result  what importing it as `source` gave
 [[nodiscard]] Inspection inspect(const std::string& path, ImportSource source,
                                  const RecordsResult& result);

@@ -15,7 +15,6 @@
 #include "Host/Inspection/JSONTree.hpp"
 #include "Host/Inspection/OnePasswordRecords.hpp"
 #include "Host/Inspection/PIFRecordStarts.hpp"
-#include "Host/Inspection/PathProblem.hpp"
 #include "Host/Inspection/Settled.hpp"
 #include "Host/Inspection/TextLines.hpp"
 
@@ -139,9 +138,6 @@ Inspection inspectOnePassword(const std::string& path, const RecordsResult& resu
     inspection.place = "line";
     const auto contents = contentsOf(path);
     if (!contents) {
-        if (std::string problem = pathProblem(path, "the file data.1pif in it"); !problem.empty()) {
-            inspection.wrong.push_back({.text = std::move(problem), .places = {}});
-        }
         return inspection;
     }
     if (auto problem = encodingProblem(*contents)) {

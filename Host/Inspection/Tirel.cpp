@@ -14,7 +14,6 @@
 #include "Host/FileContents.hpp"
 #include "Host/Inspection/JSONProblem.hpp"
 #include "Host/Inspection/JSONTree.hpp"
-#include "Host/Inspection/PathProblem.hpp"
 #include "Host/Inspection/Settled.hpp"
 
 namespace Rellinor::Host {
@@ -209,9 +208,6 @@ Inspection inspectTirel(const std::string& path, const RecordsResult& result) {
     inspection.place = "record";
     const auto contents = contentsOf(path);
     if (!contents) {
-        if (std::string problem = pathProblem(path, "the JSON file itself"); !problem.empty()) {
-            inspection.wrong.push_back({.text = std::move(problem), .places = {}});
-        }
         return inspection;
     }
     const auto tree = parseJSONFile(*contents, words, inspection);

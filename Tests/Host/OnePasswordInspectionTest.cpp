@@ -201,18 +201,6 @@ TEST(OnePasswordInspectionTest, acceptsCarriageReturnsBeforeLineFeeds) {
     EXPECT_EQ(wrong("{}\r\n***\r\n{}\r\n"), Texts());
 }
 
-TEST(OnePasswordInspectionTest, tellsWhatToGiveInsteadOfAFolder) {
-    const TemporaryFolder folder;
-    const Inspected all = inspected(folder.path(), ImportSource::onePassword);
-    EXPECT_EQ(texts(all.inspection.wrong), Texts{"it is a folder: give the file data.1pif in it"});
-}
-
-TEST(OnePasswordInspectionTest, tellsThatThereIsNoFile) {
-    const TemporaryFolder folder;
-    const Inspected all = inspected(folder / "none", ImportSource::onePassword);
-    EXPECT_EQ(texts(all.inspection.wrong), Texts{"there is no such file"});
-}
-
 TEST(OnePasswordInspectionTest, countsWhatLoginsLose) {
     EXPECT_EQ(notImported(login(R"(,"notesPlain":"n")") + login(R"(,"notesPlain":"")")),
               Texts{"the notes of 1 record"});

@@ -107,11 +107,8 @@ TEST(TirelInspectionTest, tellsBytesThatAreNotUTF8) {
               Texts{"the file is UTF-16: save it as UTF-8"});
 }
 
-TEST(TirelInspectionTest, tellsAnEmptyFileAndAFolder) {
+TEST(TirelInspectionTest, tellsAnEmptyFile) {
     EXPECT_EQ(wrong(""), Texts{"the file is empty"});
-    const TemporaryFolder folder;
-    EXPECT_EQ(texts(inspected(folder.path(), ImportSource::tirel).inspection.wrong),
-              Texts{"it is a folder: give the JSON file itself"});
 }
 
 TEST(TirelInspectionTest, countsMembersThatAreNotKnown) {
