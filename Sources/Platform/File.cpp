@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <string>
 #include <utility>
 
 #include <fcntl.h>
@@ -102,6 +101,30 @@ std::optional<FileContents> readFile(std::string_view path, FileMargins margins)
         }
         contents.size += static_cast<std::size_t>(count);
     }
+}
+
+std::optional<std::uint64_t> sizeOfFile(const std::string& path) noexcept {
+    struct stat status{};
+    if (::lstat(path.c_str(), &status) != 0) {
+        return 0;
+    }
+    return S_ISREG(status.st_mode) ? std::optional(static_cast<std::uint64_t>(status.st_size))
+                                   : std::nullopt;
+}
+
+bool readBytes(const std::string& path, std::uint64_t position, std::span<char> target) noexcept {
+    const FileDescriptor file(openForReading(path));
+    while (file.isOpen() && !target.empty()) {
+        const ssize_t count = uninterrupted([&] {
+            return ::pread(file.get(), target.data(), target.size(), static_cast<off_t>(position));
+        });
+        if (count <= 0) {
+            return false;
+        }
+        position += static_cast<std::uint64_t>(count);
+        target = target.subspan(static_cast<std::size_t>(count));
+    }
+    return target.empty();
 }
 
 bool isReadableFile(std::string_view path) {

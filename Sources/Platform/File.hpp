@@ -1,8 +1,10 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <span>
+#include <string>
 #include <string_view>
 
 #include "Platform/WipedBuffer.hpp"
@@ -32,6 +34,15 @@ struct FileContents {
 ///
 /// @throws std::bad_alloc
 [[nodiscard]] std::optional<FileContents> readFile(std::string_view path, FileMargins margins = {});
+
+/// The size of the regular file at `path`, 0 if nothing is there. Absent if something else is, such
+/// as a link.
+[[nodiscard]] std::optional<std::uint64_t> sizeOfFile(const std::string& path) noexcept;
+
+/// Reads bytes of the regular file at `path` from a position on, following links. False if they are
+/// not all there or cannot be read. Never waits for a writer.
+[[nodiscard]] bool readBytes(const std::string& path, std::uint64_t position,
+                             std::span<char> target) noexcept;
 
 /// Whether there is something at `path`, following links, that this user may read. That is no
 /// promise: it holds for a folder too, and may have changed by the time of reading.

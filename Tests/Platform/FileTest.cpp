@@ -112,6 +112,38 @@ TEST(FileTest, isAbsentForAnEmptyPath) {
     EXPECT_EQ(textAt(""), std::nullopt);
 }
 
+TEST(FileTest, tellsTheSizeOfAFileAlone) {
+    const TemporaryFolder folder;
+    EXPECT_EQ(sizeOfFile(folder.file("file", "text")), 4U);
+    EXPECT_EQ(sizeOfFile(folder.file("empty", "")), 0U);
+    EXPECT_EQ(sizeOfFile(folder / "missing"), 0U);
+    EXPECT_EQ(sizeOfFile(folder.path()), std::nullopt);
+    std::filesystem::create_symlink(folder / "file", folder / "link");
+    EXPECT_EQ(sizeOfFile(folder / "link"), std::nullopt);
+}
+
+TEST(FileTest, readsBytesFromAPositionOn) {
+    const TemporaryFolder folder;
+    const std::string path = folder.file("file", "abcdef");
+    std::string bytes(3, ' ');
+    EXPECT_TRUE(readBytes(path, 1, bytes));
+    EXPECT_EQ(bytes, "bcd");
+    EXPECT_TRUE(readBytes(path, 3, bytes));
+    EXPECT_EQ(bytes, "def");
+    EXPECT_FALSE(readBytes(path, 4, bytes));
+    EXPECT_FALSE(readBytes(path, 7, bytes));
+    EXPECT_FALSE(readBytes(folder / "missing", 0, bytes));
+    EXPECT_FALSE(readBytes(folder.path(), 0, bytes));
+}
+
+TEST(FileTest, waitsForNoWriterOfBytes) {
+    const TemporaryFolder folder;
+    const std::string path = folder / "pipe";
+    ASSERT_EQ(::mkfifo(path.c_str(), S_IRUSR | S_IWUSR), 0);
+    std::string bytes(3, ' ');
+    EXPECT_FALSE(readBytes(path, 0, bytes));
+}
+
 TEST(FileTest, isReadableIfItIsThere) {
     const TemporaryFolder folder;
     EXPECT_TRUE(isReadableFile(folder.file("file", "")));

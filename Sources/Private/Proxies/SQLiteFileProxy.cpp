@@ -13,6 +13,7 @@
 #include "Platform/Fault.hpp"
 #include "Platform/Text.hpp"
 #include "Private/Proxies/SQLiteGuard.hpp"
+#include "Private/Proxies/SQLiteSideFiles.hpp"
 
 namespace Rellinor {
 
@@ -113,7 +114,11 @@ SQLiteRows SQLiteFileProxy::select(std::string_view query) {
         return rows; // Quirk: the handle of a failed open is not closed.
     }
     const std::unique_ptr<::sqlite3, Closer> connection(_dbp); // closed at the end
-    SQLiteGuard guard(*_dbp);
+    const auto size = sizeOfDatabase(*_dbp);
+    if (!size) {
+        return rows;
+    }
+    SQLiteGuard guard(*_dbp, *size);
     keepLittle();
     ::sqlite3_stmt* statement = nullptr;
     if (!prepareStatement(query, statement)) {

@@ -72,22 +72,6 @@ bool areStored(::sqlite3& connection, const std::string& table,
         });
 }
 
-std::int64_t sizeOfFile(::sqlite3& connection, int whichFile) noexcept {
-    ::sqlite3_file* file = nullptr;
-    ::sqlite3_int64 size = 0;
-    const bool hasSize = ::sqlite3_file_control(&connection, nullptr, whichFile,
-                                                static_cast<void*>(&file)) == SQLITE_OK &&
-                         file != nullptr && file->pMethods != nullptr &&
-                         file->pMethods->xFileSize(file, &size) == SQLITE_OK;
-    return hasSize ? size : 0;
-}
-
-/// How many bytes the database has, those in its write-ahead log included.
-std::int64_t sizeOfDatabase(::sqlite3& connection) noexcept {
-    return sizeOfFile(connection, SQLITE_FCNTL_FILE_POINTER) +
-           sizeOfFile(connection, SQLITE_FCNTL_JOURNAL_POINTER);
-}
-
 /// How many pages were looked into since this was last asked.
 std::int64_t pagesReadOf(::sqlite3& connection) noexcept {
     std::int64_t count = 0;
@@ -102,8 +86,9 @@ std::int64_t pagesReadOf(::sqlite3& connection) noexcept {
 
 } // namespace
 
-SQLiteGuard::SQLiteGuard(::sqlite3& connection) noexcept
-    : _connection(connection), _stepsLeft(credit), _pagesLeft(credit) {
+SQLiteGuard::SQLiteGuard(::sqlite3& connection, std::int64_t size) noexcept
+    : _connection(connection), _size(size), _stepsLeft(credit), _pagesLeft(credit),
+      _bytesLeft(size * bytesForByte) {
     const auto set = [&](int option, int value) {
         // An older SQLite does without those that it does not know.
         (void)::sqlite3_db_config(&connection, option, value, nullptr); // NOLINT(*-vararg)
@@ -133,10 +118,8 @@ bool SQLiteGuard::allowsStatement() {
             return false;
         }
     }
-    const std::int64_t size = sizeOfDatabase(_connection);
-    _stepsLeft += size * stepsForByte;
-    _pagesLeft += size * pagesForByte;
-    _bytesLeft = size * bytesForByte;
+    _stepsLeft += _size * stepsForByte;
+    _pagesLeft += _size * pagesForByte;
     return true;
 }
 

@@ -18,12 +18,13 @@ namespace Rellinor {
 /// - views, virtual tables and columns that are computed as they are read are not read, triggers
 ///   do not fire, and nothing that the schema says is trusted;
 /// - a query that takes more steps, looks into more pages or gives more bytes than an honest file
-/// of
-///   the size could make it is broken off: tables may be knotted so that their rows never end.
+///   of the size could make it is broken off: tables may be knotted so that their rows never end.
 class SQLiteGuard {
 public:
     /// Begins to watch over an open connection, which lives longer.
-    explicit SQLiteGuard(::sqlite3& connection) noexcept;
+    ///
+    /// @param size  how many bytes the database has, with what lies beside it
+    SQLiteGuard(::sqlite3& connection, std::int64_t size) noexcept;
     ~SQLiteGuard();
     SQLiteGuard(const SQLiteGuard&) = delete;
     SQLiteGuard& operator=(const SQLiteGuard&) = delete;
@@ -44,11 +45,12 @@ private:
     static int takesSteps(void* guard) noexcept;
 
     ::sqlite3& _connection;
+    std::int64_t _size;
     std::map<std::string, std::vector<std::string>> _columnsRead; // of each table
     bool _lacksMemory = false;                                    // for their names
     std::int64_t _stepsLeft;
     std::int64_t _pagesLeft;
-    std::int64_t _bytesLeft = 0;
+    std::int64_t _bytesLeft;
 };
 
 } // namespace Rellinor

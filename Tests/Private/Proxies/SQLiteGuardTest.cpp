@@ -246,7 +246,7 @@ TEST_F(SQLiteGuardTest, letsASchemaRunAndChangeNothing) {
     ASSERT_EQ(::sqlite3_open(":memory:", &opened), SQLITE_OK);
     const std::unique_ptr<::sqlite3, decltype(&::sqlite3_close)> connection(opened,
                                                                             &::sqlite3_close);
-    const SQLiteGuard guard(*connection);
+    const SQLiteGuard guard(*connection, 0);
     const auto isOn = [&](int option) {
         int value = -1;
         (void)::sqlite3_db_config(connection.get(), option, -1, &value); // NOLINT(*-vararg)

@@ -1,0 +1,193 @@
+// What lies beside a database under the names where SQLite looks for its journal and log.
+
+#include "Private/Proxies/SQLiteSideFiles.hpp"
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include "Private/Proxies/SQLiteFileProxy.hpp"
+#include "Tests/Support/Database.hpp"
+#include "Tests/Support/TemporaryFolder.hpp"
+
+namespace Rellinor::Tests {
+
+namespace {
+
+using namespace std::string_view_literals;
+
+using Rows = std::vector<Values>;
+
+constexpr std::size_t pageSize = 4096;
+constexpr std::size_t sectorSize = 512;
+constexpr std::string_view magic = "\xD9\xD5\x05\xF9\x20\xA1\x63\xD7";
+
+std::string number(std::size_t value) {
+    std::string bytes;
+    for (const unsigned shift : {24U, 16U, 8U, 0U}) {
+        bytes += static_cast<char>(value >> shift & 0xFFU);
+    }
+    return bytes;
+}
+
+/// The beginning of a journal.
+///
+/// @param records  how many pages follow
+/// @param pages    how many the database had
+std::string header(std::size_t records, std::size_t pages) {
+    std::string bytes(magic);
+    bytes += number(records) + number(0) + number(pages) + number(sectorSize) + number(pageSize);
+    bytes.resize(sectorSize);
+    return bytes;
+}
+
+/// A journal that has all pages of a database.
+std::string wholeJournal(std::string_view database) {
+    const std::size_t pages = database.size() / pageSize;
+    std::string journal = header(pages, pages);
+    for (std::size_t page = 0; page < pages; ++page) {
+        const std::string_view bytes = database.substr(page * pageSize, pageSize);
+        std::size_t sum = 0; // of every two hundredth byte, from behind
+        for (std::size_t place = pageSize - 200; place < pageSize; place -= 200) {
+            sum += static_cast<unsigned char>(bytes[place]);
+        }
+        journal += number(page + 1) + std::string(bytes) + number(sum);
+    }
+    return journal;
+}
+
+/// A database of a few pages.
+class SQLiteSideFilesTest : public testing::Test {
+protected:
+    SQLiteSideFilesTest() : _bytes(contentsOf(path())) {}
+
+    [[nodiscard]] const TemporaryFolder& folder() const { return _folder; }
+
+    [[nodiscard]] std::string path(const std::string& suffix = "") const {
+        return _folder / "database" + suffix;
+    }
+
+    [[nodiscard]] const std::string& bytes() const { return _bytes; }
+
+    /// The rows that are read, as many as there are.
+    [[nodiscard]] std::size_t rows(const std::string& path) {
+        return copyOf(SQLiteFileProxy(path, _memory).select("SELECT a FROM t")).size();
+    }
+
+    [[nodiscard]] std::size_t rows() { return rows(path()); }
+
+    static constexpr std::size_t allRows = 100;
+
+private:
+    TemporaryFolder _folder;
+    std::string _database =
+        database(_folder, {"PRAGMA page_size = 4096", "CREATE TABLE t (a)",
+                           "WITH n (v) AS (SELECT 1 UNION ALL SELECT v + 1 FROM n WHERE v < 100) "
+                           "INSERT INTO t SELECT hex(zeroblob(200)) FROM n"});
+    std::string _bytes;
+    ImportMemory _memory;
+};
+
+// Journals that are honest
+
+TEST_F(SQLiteSideFilesTest, playsAJournalBack) {
+    std::string changed = bytes();
+    changed.replace(2 * pageSize, pageSize, pageSize, 'x');
+    (void)folder().file("database", changed);
+    (void)folder().file("database-journal", wholeJournal(bytes()));
+    EXPECT_EQ(rows(), allRows);
+    EXPECT_EQ(contentsOf(path()), bytes());
+}
+
+TEST_F(SQLiteSideFilesTest, playsAJournalBackThatMakesTheDatabaseLarger) {
+    (void)folder().file("database-journal", wholeJournal(bytes()));
+    std::filesystem::resize_file(path(), pageSize);
+    EXPECT_EQ(rows(), allRows);
+    EXPECT_EQ(contentsOf(path()), bytes());
+}
+
+TEST_F(SQLiteSideFilesTest, doesNotMindWhatIsNoJournal) {
+    for (const std::string_view text : {""sv, "\0"sv, "x"sv, magic.substr(0, 7)}) {
+        (void)folder().file("database-journal", text);
+        EXPECT_EQ(rows(), allRows) << text.size();
+        EXPECT_EQ(contentsOf(path()), bytes());
+    }
+}
+
+// Those that are not
+
+TEST_F(SQLiteSideFilesTest, deletesNoFileThatAJournalNames) {
+    const std::string victim = folder().file("victim", "somebody's");
+    std::size_t sum = 0;
+    for (const char character : victim) {
+        sum += static_cast<unsigned char>(character);
+    }
+    const std::string pageOfLocks = number((std::size_t{1} << 30U) / pageSize + 1);
+    const std::string name = victim + number(victim.size()) + number(sum) + std::string(magic);
+    const std::string beginning = header(0, bytes().size() / pageSize) + pageOfLocks;
+    for (const std::string& journal : {beginning + name, name}) { // SQLite takes either
+        (void)folder().file("database-journal", journal);
+        EXPECT_EQ(rows(), 0U);
+        EXPECT_EQ(contentsOf(victim), "somebody's");
+        EXPECT_EQ(contentsOf(path()), bytes());
+        EXPECT_EQ(contentsOf(path("-journal")), journal);
+    }
+}
+
+TEST_F(SQLiteSideFilesTest, isNotMadeHugeByAJournal) {
+    for (const std::size_t pages : {std::size_t{1} << 20U, std::size_t{0xFFFFFFFF}}) {
+        (void)folder().file("database-journal", header(0, pages));
+        EXPECT_EQ(rows(), 0U);
+        EXPECT_EQ(contentsOf(path()), bytes());
+    }
+}
+
+TEST_F(SQLiteSideFilesTest, isNotMadeHugeByAJournalThatDoesNotTellTheSizeOfPages) {
+    std::string journal = header(0, std::size_t{1} << 20U);
+    journal.replace(24, 4, number(0));
+    (void)folder().file("database-journal", journal);
+    EXPECT_EQ(rows(), 0U);
+    EXPECT_EQ(contentsOf(path()), bytes());
+}
+
+// What is no file
+
+TEST_F(SQLiteSideFilesTest, doesNotWaitForAPipe) {
+    for (const std::string suffix : {"-journal", "-wal"}) {
+        ASSERT_EQ(::mkfifo(path(suffix).c_str(), S_IRUSR | S_IWUSR), 0);
+        EXPECT_EQ(rows(), 0U) << suffix;
+        EXPECT_TRUE(std::filesystem::is_fifo(path(suffix)));
+        std::filesystem::remove(path(suffix));
+    }
+    EXPECT_EQ(rows(), allRows);
+}
+
+TEST_F(SQLiteSideFilesTest, followsNoLink) {
+    const std::string elsewhere = folder().file("elsewhere", wholeJournal(bytes()));
+    for (const std::string suffix : {"-journal", "-wal"}) {
+        std::filesystem::create_symlink(elsewhere, path(suffix));
+        EXPECT_EQ(rows(), 0U) << suffix;
+        EXPECT_TRUE(std::filesystem::is_symlink(path(suffix)));
+        std::filesystem::remove(path(suffix));
+    }
+    EXPECT_EQ(contentsOf(elsewhere), wholeJournal(bytes()));
+}
+
+TEST_F(SQLiteSideFilesTest, looksBesideWhatALinkToTheDatabaseLeadsTo) {
+    const TemporaryFolder other;
+    std::filesystem::create_symlink(path(), other / "link");
+    EXPECT_EQ(rows(other / "link"), allRows);
+    ASSERT_EQ(::mkfifo(path("-journal").c_str(), S_IRUSR | S_IWUSR), 0);
+    EXPECT_EQ(rows(other / "link"), 0U);
+}
+
+} // namespace
+
+} // namespace Rellinor::Tests
