@@ -1,6 +1,9 @@
 #include "Host/DatabaseCaution.hpp"
 
+#include <algorithm>
+#include <climits>
 #include <filesystem>
+#include <optional>
 #include <string_view>
 #include <system_error>
 
@@ -10,17 +13,39 @@ namespace Rellinor::Host {
 
 namespace {
 
+// A schema is parsed before anybody can ask what is in it, which takes no steps but a time that may
+// grow with the square of a statement. A browser's has some twenty objects, of less than 2 KB each.
+constexpr std::int64_t stepsForSchema = 1 << 12; // eight for an object
+constexpr std::int64_t pagesForSchema = 1 << 14;
+constexpr int longestStatement = 1 << 14;
+constexpr int mostInstructions = 1 << 16;
+constexpr std::int64_t longestValue = 1 << 16; // unless the database is longer
+
 // An honest row takes some 20 steps and 14 bytes at least, looks into few pages besides its own,
-// and is read a few times. What is there besides the rows is read on credit.
+// and is read a few times.
 constexpr std::int64_t stepsForByte = 64;
-constexpr std::int64_t pagesForByte = 4;
-constexpr std::int64_t credit = 1 << 20;
-constexpr int stepsBetweenChecks = 1 << 12;
+constexpr std::int64_t stepsOnCredit = 1 << 20;
+constexpr std::int64_t pageBytesForByte = 1 << 12;
+constexpr std::int64_t pageBytesOnCredit = std::int64_t{1} << 32U;
+constexpr int stepsBetweenChecks = 1 << 9;
 
 std::int64_t sizeOf(const std::string& path) {
     std::error_code error;
     const auto size = std::filesystem::file_size(path, error);
-    return error ? 0 : static_cast<std::int64_t>(size);
+    constexpr std::uintmax_t largest = std::uintmax_t{1} << 48U; // so that nothing overflows
+    return error ? 0 : static_cast<std::int64_t>(std::min(size, largest));
+}
+
+/// The first number that a query gives; absent if it fails.
+std::optional<int> firstNumber(::sqlite3& connection, const char* query) noexcept {
+    ::sqlite3_stmt* statement = nullptr;
+    (void)::sqlite3_prepare_v2(&connection, query, -1, &statement, nullptr);
+    std::optional<int> number;
+    if (statement != nullptr && ::sqlite3_step(statement) == SQLITE_ROW) {
+        number = ::sqlite3_column_int(statement, 0);
+    }
+    (void)::sqlite3_finalize(statement);
+    return number;
 }
 
 /// How many pages were looked into since this was last asked.
@@ -38,10 +63,7 @@ std::int64_t pagesReadOf(::sqlite3& connection) noexcept {
 } // namespace
 
 DatabaseCaution::DatabaseCaution(::sqlite3& connection, const std::string& path)
-    : _connection(connection) {
-    const std::int64_t size = sizeOf(path) + sizeOf(path + "-wal");
-    _stepsLeft = credit + size * stepsForByte;
-    _pagesLeft = credit + size * pagesForByte;
+    : _connection(connection), _stepsLeft(stepsForSchema), _pagesLeft(pagesForSchema) {
     const auto set = [&](int option, int value) {
         (void)::sqlite3_db_config(&connection, option, value, nullptr); // NOLINT(*-vararg)
     };
@@ -50,7 +72,20 @@ DatabaseCaution::DatabaseCaution(::sqlite3& connection, const std::string& path)
     set(SQLITE_DBCONFIG_ENABLE_VIEW, 0);
     set(SQLITE_DBCONFIG_ENABLE_TRIGGER, 0);
     set(SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1);
+    (void)::sqlite3_drop_modules(&connection, nullptr);
+    const std::int64_t size = sizeOf(path) + sizeOf(path + "-wal");
+    const std::int64_t longest = std::clamp<std::int64_t>(size, longestValue, INT_MAX);
+    (void)::sqlite3_limit(&connection, SQLITE_LIMIT_FUNCTION_ARG, 0);
+    (void)::sqlite3_limit(&connection, SQLITE_LIMIT_SQL_LENGTH, longestStatement);
+    (void)::sqlite3_limit(&connection, SQLITE_LIMIT_VDBE_OP, mostInstructions);
+    (void)::sqlite3_limit(&connection, SQLITE_LIMIT_LENGTH, static_cast<int>(longest));
     ::sqlite3_progress_handler(&connection, stepsBetweenChecks, &takesSteps, this);
+    // If the schema cannot be read, no later statement will get further.
+    if (firstNumber(connection, "SELECT count(*) FROM sqlite_master")) {
+        const int pageSize = firstNumber(connection, "PRAGMA page_size").value_or(1 << 16);
+        _stepsLeft = stepsOnCredit + size * stepsForByte;
+        _pagesLeft = (pageBytesOnCredit + size * pageBytesForByte) / pageSize;
+    }
 }
 
 int DatabaseCaution::takesSteps(void* caution) noexcept {

@@ -8,9 +8,9 @@ struct sqlite3; // NOLINT(readability-identifier-naming): the C library's own
 namespace Rellinor::Host {
 
 /// Makes a connection careful of what somebody may have put into a database: nothing that its
-/// schema says is trusted, views and triggers are off, and a query ends with an error if it takes
-/// more steps, or looks into more pages, than the size of the file explains. Tables may be knotted
-/// so that their rows never end.
+/// schema says is trusted, views, triggers, virtual tables and functions are off, and a query ends
+/// with an error if it takes more steps, or looks into more pages, than the size of the file
+/// explains. Tables may be knotted so that their rows never end.
 class DatabaseCaution {
 public:
     /// @param connection  to the database at `path`; closed before this ends
@@ -23,8 +23,8 @@ private:
     static int takesSteps(void* caution) noexcept;
 
     ::sqlite3& _connection;
-    std::int64_t _stepsLeft = 0;
-    std::int64_t _pagesLeft = 0;
+    std::int64_t _stepsLeft;
+    std::int64_t _pagesLeft;
 };
 
 } // namespace Rellinor::Host

@@ -119,6 +119,9 @@ SQLiteRows SQLiteFileProxy::select(std::string_view query) {
         return rows;
     }
     SQLiteGuard guard(*_dbp, *size);
+    if (!guard.allowsSchema()) {
+        return rows;
+    }
     keepLittle();
     ::sqlite3_stmt* statement = nullptr;
     if (!prepareStatement(query, statement)) {

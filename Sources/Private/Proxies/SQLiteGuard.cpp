@@ -1,6 +1,7 @@
 #include "Private/Proxies/SQLiteGuard.hpp"
 
 #include <algorithm>
+#include <climits>
 #include <new>
 #include <string_view>
 
@@ -10,12 +11,25 @@ namespace Rellinor {
 
 namespace {
 
+// A schema is parsed before anybody can ask what is in it. That takes no steps but a time that may
+// grow with the square of a statement, so that statements and what stands in them are limited. A
+// browser's schema has some twenty objects, of less than 2 KB each.
+constexpr std::int64_t stepsForSchema = 1 << 12; // eight for an object
+constexpr std::int64_t pagesForSchema = 1 << 14;
+constexpr int longestStatement = 1 << 14;
+constexpr int longestSchemaValue = 1 << 16;
+constexpr int mostInstructions = 1 << 16;
+
 // An honest row takes about 20 steps and 14 bytes at least, and looks into few pages besides its
-// own. What is there besides the rows, such as the schema, is read on credit.
+// own. Looking into a page takes the longer the larger it is.
 constexpr std::int64_t stepsForByte = 16;
-constexpr std::int64_t pagesForByte = 1;
-constexpr std::int64_t credit = 1 << 20;
-constexpr int stepsBetweenChecks = 1 << 12;
+constexpr std::int64_t stepsOnCredit = 1 << 20;
+constexpr std::int64_t pageBytesForByte = 1 << 10;
+constexpr std::int64_t pageBytesOnCredit = std::int64_t{1} << 32U;
+constexpr int stepsBetweenChecks = 1 << 9;
+
+constexpr int largestPage = 1 << 16;
+constexpr std::int64_t largestSize = std::int64_t{1} << 48U; // so that nothing overflows
 
 // A byte that is not UTF-8 is repaired to three.
 constexpr std::int64_t bytesForByte = 3;
@@ -46,14 +60,6 @@ bool areAll(::sqlite3& connection, const std::string& query, auto isSuch) {
         throw std::bad_alloc();
     }
     return code == SQLITE_OK && areSuch;
-}
-
-/// Whether a table has pages of its own: a virtual one has none.
-bool hasPages(::sqlite3& connection, const std::string& table) {
-    return areAll(connection,
-                  "SELECT rootpage FROM main.sqlite_master WHERE type = 'table' AND name = " +
-                      literal(table) + " COLLATE NOCASE",
-                  [](::sqlite3_stmt* row) { return ::sqlite3_column_int(row, 0) != 0; });
 }
 
 /// Whether columns of a table stand in it, and are not computed when they are read.
@@ -87,8 +93,8 @@ std::int64_t pagesReadOf(::sqlite3& connection) noexcept {
 } // namespace
 
 SQLiteGuard::SQLiteGuard(::sqlite3& connection, std::int64_t size) noexcept
-    : _connection(connection), _size(size), _stepsLeft(credit), _pagesLeft(credit),
-      _bytesLeft(size * bytesForByte) {
+    : _connection(connection), _size(std::min(size, largestSize)), _stepsLeft(stepsForSchema),
+      _pagesLeft(pagesForSchema), _bytesLeft(_size * bytesForByte) {
     const auto set = [&](int option, int value) {
         // An older SQLite does without those that it does not know.
         (void)::sqlite3_db_config(&connection, option, value, nullptr); // NOLINT(*-vararg)
@@ -99,8 +105,10 @@ SQLiteGuard::SQLiteGuard(::sqlite3& connection, std::int64_t size) noexcept
     set(SQLITE_DBCONFIG_ENABLE_TRIGGER, 0);
     // Nothing is to be written, not even what stands in a write-ahead log.
     set(SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1);
+    // No virtual table: making a connection to one runs code that believes what the database says.
+    (void)::sqlite3_drop_modules(&connection, nullptr);
+    (void)::sqlite3_limit(&connection, SQLITE_LIMIT_VDBE_OP, mostInstructions);
     ::sqlite3_progress_handler(&connection, stepsBetweenChecks, &takesSteps, this);
-    (void)::sqlite3_set_authorizer(&connection, &readsTable, this);
 }
 
 SQLiteGuard::~SQLiteGuard() {
@@ -108,19 +116,48 @@ SQLiteGuard::~SQLiteGuard() {
     ::sqlite3_progress_handler(&_connection, 0, nullptr, nullptr);
 }
 
+bool SQLiteGuard::allowsSchema() {
+    const auto limit = [&](int what, int value) {
+        return ::sqlite3_limit(&_connection, what, value);
+    };
+    // One call of a function may take hours, which nothing can interrupt, and statistics that are
+    // computed by calling it are read with the schema.
+    const int functions = limit(SQLITE_LIMIT_FUNCTION_ARG, 0);
+    const int statement = limit(SQLITE_LIMIT_SQL_LENGTH, longestStatement);
+    (void)limit(SQLITE_LIMIT_LENGTH, longestSchemaValue);
+    if (!areAll(_connection, "SELECT rootpage FROM main.sqlite_master LIMIT 1",
+                [](auto) { return true; })) {
+        return false;
+    }
+    (void)limit(SQLITE_LIMIT_FUNCTION_ARG, functions);
+    (void)limit(SQLITE_LIMIT_SQL_LENGTH, statement);
+    // A value that is longer than all of the database only damage can make.
+    (void)limit(
+        SQLITE_LIMIT_LENGTH,
+        std::max(static_cast<int>(std::min<std::int64_t>(_size, INT_MAX)), longestSchemaValue));
+    (void)::sqlite3_set_authorizer(&_connection, &readsTable, this);
+    return true;
+}
+
 bool SQLiteGuard::allowsStatement() {
     (void)::sqlite3_set_authorizer(&_connection, nullptr, nullptr);
     if (_lacksMemory) {
         throw std::bad_alloc();
     }
-    for (const auto& [table, columns] : _columnsRead) {
-        if (!hasPages(_connection, table) || !areStored(_connection, table, columns)) {
-            return false;
-        }
-    }
-    _stepsLeft += _size * stepsForByte;
-    _pagesLeft += _size * pagesForByte;
-    return true;
+    allowRows();
+    return std::ranges::all_of(_columnsRead, [&](const auto& read) {
+        return areStored(_connection, read.first, read.second);
+    });
+}
+
+void SQLiteGuard::allowRows() {
+    int pageSize = largestPage;
+    (void)areAll(_connection, "PRAGMA main.page_size", [&](::sqlite3_stmt* row) {
+        pageSize = ::sqlite3_column_int(row, 0);
+        return true;
+    });
+    _stepsLeft = stepsOnCredit + _size * stepsForByte;
+    _pagesLeft = (pageBytesOnCredit + _size * pageBytesForByte) / pageSize;
 }
 
 bool SQLiteGuard::allowsRow(std::span<const SQLiteValue> values) noexcept {

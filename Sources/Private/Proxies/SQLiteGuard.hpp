@@ -17,6 +17,7 @@ namespace Rellinor {
 ///
 /// - views, virtual tables and columns that are computed as they are read are not read, triggers
 ///   do not fire, and nothing that the schema says is trusted;
+/// - a schema that calls functions, or is far larger than any browser's, is not read;
 /// - a query that takes more steps, looks into more pages or gives more bytes than an honest file
 ///   of the size could make it is broken off: tables may be knotted so that their rows never end.
 class SQLiteGuard {
@@ -29,6 +30,12 @@ public:
     SQLiteGuard(const SQLiteGuard&) = delete;
     SQLiteGuard& operator=(const SQLiteGuard&) = delete;
 
+    /// Reads the schema; whether it is such as a browser may have made. If not, no statement may be
+    /// prepared.
+    ///
+    /// @throws std::bad_alloc
+    [[nodiscard]] bool allowsSchema();
+
     /// Whether the statement that was prepared since reads plain tables alone. From now on the size
     /// of the file limits what it may cost.
     ///
@@ -39,6 +46,9 @@ public:
     [[nodiscard]] bool allowsRow(std::span<const SQLiteValue> values) noexcept;
 
 private:
+    /// From now on it is rows that are read, as many as the size of the database has room for.
+    void allowRows();
+
     // What SQLite calls.
     static int readsTable(void* guard, int action, const char* table, const char* column,
                           const char* schema, const char* view) noexcept;

@@ -66,8 +66,10 @@ std::optional<std::int64_t> sizeOfDatabase(::sqlite3& connection) {
     if (!sizeOfJournal || !sizeOfLog) {
         return std::nullopt;
     }
-    const std::uint64_t size = sizeOfFile(database).value_or(0) + *sizeOfJournal + *sizeOfLog;
-    if (!isHarmless(journal, *sizeOfJournal, size * largestGrowth)) {
+    const std::uint64_t ownSize = sizeOfFile(database).value_or(0);
+    const std::uint64_t size = ownSize + *sizeOfJournal + *sizeOfLog;
+    // SQLite would delete what lies beside an empty file.
+    if ((ownSize == 0 && size > 0) || !isHarmless(journal, *sizeOfJournal, size * largestGrowth)) {
         return std::nullopt;
     }
     return static_cast<std::int64_t>(size);

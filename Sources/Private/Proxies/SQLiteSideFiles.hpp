@@ -11,6 +11,8 @@ namespace Rellinor {
 /// these are not such as SQLite leaves behind, and would do harm:
 ///
 /// - a link, pipe, device or folder in the place of either, which it might wait for;
+/// - a journal or log of an empty file, which SQLite deletes, and which may be somebody's that only
+///   has such a name;
 /// - a journal that names another file: SQLite deletes that, whatever it is, when it has played the
 ///   journal back;
 /// - a journal that makes the database a multiple of what both hold.
