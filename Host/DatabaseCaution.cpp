@@ -17,9 +17,8 @@ namespace {
 // grow with the square of a statement. A browser's has some twenty objects, of less than 2 KB each.
 constexpr std::int64_t stepsForSchema = 1 << 12; // eight for an object
 constexpr std::int64_t pagesForSchema = 1 << 14;
-constexpr int longestStatement = 1 << 14;
+constexpr int longestObject = 1 << 14;
 constexpr int mostInstructions = 1 << 16;
-constexpr std::int64_t longestValue = 1 << 16; // unless the database is longer
 
 // An honest row takes some 20 steps and 14 bytes at least, looks into few pages besides its own,
 // and is read a few times.
@@ -73,15 +72,15 @@ DatabaseCaution::DatabaseCaution(::sqlite3& connection, const std::string& path)
     set(SQLITE_DBCONFIG_ENABLE_TRIGGER, 0);
     set(SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1);
     (void)::sqlite3_drop_modules(&connection, nullptr);
-    const std::int64_t size = sizeOf(path) + sizeOf(path + "-wal");
-    const std::int64_t longest = std::clamp<std::int64_t>(size, longestValue, INT_MAX);
     (void)::sqlite3_limit(&connection, SQLITE_LIMIT_FUNCTION_ARG, 0);
-    (void)::sqlite3_limit(&connection, SQLITE_LIMIT_SQL_LENGTH, longestStatement);
     (void)::sqlite3_limit(&connection, SQLITE_LIMIT_VDBE_OP, mostInstructions);
-    (void)::sqlite3_limit(&connection, SQLITE_LIMIT_LENGTH, static_cast<int>(longest));
+    (void)::sqlite3_limit(&connection, SQLITE_LIMIT_LENGTH, longestObject);
     ::sqlite3_progress_handler(&connection, stepsBetweenChecks, &takesSteps, this);
     // If the schema cannot be read, no later statement will get further.
     if (firstNumber(connection, "SELECT count(*) FROM sqlite_master")) {
+        const std::int64_t size = sizeOf(path) + sizeOf(path + "-wal");
+        const std::int64_t longestValue = std::clamp<std::int64_t>(size, longestObject, INT_MAX);
+        (void)::sqlite3_limit(&connection, SQLITE_LIMIT_LENGTH, static_cast<int>(longestValue));
         const int pageSize = firstNumber(connection, "PRAGMA page_size").value_or(1 << 16);
         _stepsLeft = stepsOnCredit + size * stepsForByte;
         _pagesLeft = (pageBytesOnCredit + size * pageBytesForByte) / pageSize;

@@ -50,13 +50,18 @@ std::optional<Type> valueIn(const DatabaseRow& row, const std::string& column) {
     return value == nullptr ? std::nullopt : std::optional(*value);
 }
 
-} // namespace
-
-std::vector<DatabaseRow> referenceSelect(const std::string& path, const std::string& query) {
+/// The rows that a query gives, up to an error.
+///
+/// @param mostArguments  of a function that it or the schema calls, or there are no rows; -1 if
+///                       there may be as many as SQLite allows
+std::vector<DatabaseRow> selected(const std::string& path, const std::string& query,
+                                  int mostArguments) {
     std::vector<DatabaseRow> rows;
     ::sqlite3* connection = nullptr;
     ::sqlite3_stmt* statement = nullptr;
-    if (::sqlite3_open(path.c_str(), &connection) == SQLITE_OK &&
+    const bool isOpen = ::sqlite3_open(path.c_str(), &connection) == SQLITE_OK;
+    ::sqlite3_limit(connection, SQLITE_LIMIT_FUNCTION_ARG, mostArguments);
+    if (isOpen &&
         ::sqlite3_prepare_v2(connection, query.c_str(), -1, &statement, nullptr) == SQLITE_OK) {
         while (::sqlite3_step(statement) == SQLITE_ROW) {
             DatabaseRow& row = rows.emplace_back();
@@ -70,14 +75,22 @@ std::vector<DatabaseRow> referenceSelect(const std::string& path, const std::str
     return rows;
 }
 
+} // namespace
+
+std::vector<DatabaseRow> referenceSelect(const std::string& path, const std::string& query) {
+    return selected(path, query, -1);
+}
+
 bool isSoundDatabase(const std::string& path) {
     const std::vector<DatabaseRow> ok = {{{"integrity_check", "ok"}}};
     // Views, triggers, virtual tables, generated columns.
     const std::string tricks =
         "SELECT name FROM sqlite_master WHERE type NOT IN ('table', 'index') OR rootpage = 0 OR "
-        "lower(sql) GLOB '*[^a-z0-9_]as[^a-z0-9_]*'";
+        "lower(sql) GLOB '*[^a-z0-9_]as[^a-z0-9_]*' OR lower(sql) GLOB '*virtual*' OR "
+        "length(sql) > 16000 OR (SELECT count(*) FROM sqlite_master) > 400";
     return referenceSelect(path, "PRAGMA integrity_check") == ok &&
-           referenceSelect(path, tricks).empty();
+           referenceSelect(path, tricks).empty() &&
+           !selected(path, "SELECT 1 FROM sqlite_master", 0).empty();
 }
 
 Outcome referenceChromeImport(const std::string& path) {

@@ -22,9 +22,10 @@ using DatabaseRow = std::map<std::string, DatabaseValue>;
 [[nodiscard]] std::vector<DatabaseRow> referenceSelect(const std::string& path,
                                                        const std::string& query);
 
-/// Whether a file is a database in which SQLite itself finds nothing wrong, and nothing computes
-/// when it is read. Of a damaged one SQLite may read something else each time; what computes, an
-/// import refuses where it is in the way.
+/// Whether a file is a database with a schema in which SQLite itself finds nothing wrong, nothing
+/// computes when it is read, and no function is called. Of a damaged one SQLite may read something
+/// else each time; what computes, an import refuses where it is in the way, and a schema that is
+/// far larger than a browser's.
 [[nodiscard]] bool isSoundDatabase(const std::string& path);
 
 /// What the import of Chrome's database at `path` gives, told step by step.

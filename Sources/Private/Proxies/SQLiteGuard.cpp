@@ -12,12 +12,10 @@ namespace Rellinor {
 namespace {
 
 // A schema is parsed before anybody can ask what is in it. That takes no steps but a time that may
-// grow with the square of a statement, so that statements and what stands in them are limited. A
-// browser's schema has some twenty objects, of less than 2 KB each.
+// grow with the square of a statement. A browser's has some twenty objects, of less than 2 KB each.
 constexpr std::int64_t stepsForSchema = 1 << 12; // eight for an object
 constexpr std::int64_t pagesForSchema = 1 << 14;
-constexpr int longestStatement = 1 << 14;
-constexpr int longestSchemaValue = 1 << 16;
+constexpr int longestObject = 1 << 14;
 constexpr int mostInstructions = 1 << 16;
 
 // An honest row takes about 20 steps and 14 bytes at least, and looks into few pages besides its
@@ -117,24 +115,18 @@ SQLiteGuard::~SQLiteGuard() {
 }
 
 bool SQLiteGuard::allowsSchema() {
-    const auto limit = [&](int what, int value) {
-        return ::sqlite3_limit(&_connection, what, value);
-    };
     // One call of a function may take hours, which nothing can interrupt, and statistics that are
     // computed by calling it are read with the schema.
-    const int functions = limit(SQLITE_LIMIT_FUNCTION_ARG, 0);
-    const int statement = limit(SQLITE_LIMIT_SQL_LENGTH, longestStatement);
-    (void)limit(SQLITE_LIMIT_LENGTH, longestSchemaValue);
+    const int mostArguments = ::sqlite3_limit(&_connection, SQLITE_LIMIT_FUNCTION_ARG, 0);
+    (void)::sqlite3_limit(&_connection, SQLITE_LIMIT_LENGTH, longestObject);
     if (!areAll(_connection, "SELECT rootpage FROM main.sqlite_master LIMIT 1",
-                [](auto) { return true; })) {
+                [](::sqlite3_stmt* /*row*/) { return true; })) {
         return false;
     }
-    (void)limit(SQLITE_LIMIT_FUNCTION_ARG, functions);
-    (void)limit(SQLITE_LIMIT_SQL_LENGTH, statement);
-    // A value that is longer than all of the database only damage can make.
-    (void)limit(
-        SQLITE_LIMIT_LENGTH,
-        std::max(static_cast<int>(std::min<std::int64_t>(_size, INT_MAX)), longestSchemaValue));
+    (void)::sqlite3_limit(&_connection, SQLITE_LIMIT_FUNCTION_ARG, mostArguments);
+    // Only damage makes a value longer than all of the database.
+    const std::int64_t longestValue = std::clamp<std::int64_t>(_size, longestObject, INT_MAX);
+    (void)::sqlite3_limit(&_connection, SQLITE_LIMIT_LENGTH, static_cast<int>(longestValue));
     (void)::sqlite3_set_authorizer(&_connection, &readsTable, this);
     return true;
 }

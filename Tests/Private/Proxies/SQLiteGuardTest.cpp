@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <new>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -27,6 +28,8 @@ using Rows = std::vector<Values>;
 
 constexpr std::string_view allOfT = "SELECT a, b FROM t WHERE a != ''";
 const Rows oneRow = {{{"a", "x"}, {"b", "y"}}};
+/// Takes days.
+const std::string dearCall = "instr(zeroblob(200000000), zeroblob(100000000) || x''01'')";
 const std::string endless = "WITH RECURSIVE n (v) AS (SELECT 1 UNION ALL SELECT v + 1 FROM n) ";
 
 /// A database that the reader reads.
@@ -81,6 +84,83 @@ TEST_F(SQLiteGuardTest, readsNoVirtualTableOfAnyCase) {
     EXPECT_EQ(selected({"CREATE VIRTUAL TABLE \"T\" USING fts4(a, b)",
                         "INSERT INTO t VALUES ('x', 'y')"}),
               Rows{});
+}
+
+TEST_F(SQLiteGuardTest, readsNoVirtualTableWhateverTheSchemaCallsIt) {
+    for (const std::string disguise : {"rootpage = 2", "type = 'TABLE'", "name = 't' || char(0)"}) {
+        const TemporaryFolder other;
+        EXPECT_EQ(
+            read(database(other, {"CREATE VIRTUAL TABLE t USING fts4(a, b)",
+                                  "INSERT INTO t VALUES ('x', 'y')", "PRAGMA writable_schema = ON",
+                                  "UPDATE sqlite_master SET " + disguise + " WHERE name = 't'"})),
+            Rows{})
+            << disguise;
+    }
+}
+
+TEST_F(SQLiteGuardTest, isNotHeldUpByWhatAVirtualTableIsMadeOf) {
+    EXPECT_EQ(selected({"CREATE VIRTUAL TABLE t USING fts5(a, b)", "PRAGMA writable_schema = ON",
+                        "UPDATE sqlite_master SET sql = 'CREATE TABLE t_config(k PRIMARY KEY, q, "
+                        "v AS (" +
+                            dearCall + ")) WITHOUT ROWID' WHERE name = 't_config'"}),
+              Rows{});
+}
+
+TEST_F(SQLiteGuardTest, isNotHeldUpByStatisticsThatAreComputed) {
+    EXPECT_EQ(
+        selected({"CREATE TABLE t (a, b)", "INSERT INTO t VALUES ('x', 'y')",
+                  "CREATE TABLE u (tbl, idx)", "INSERT INTO u VALUES ('t', NULL)",
+                  "PRAGMA writable_schema = ON",
+                  "UPDATE sqlite_master SET name = 'sqlite_stat1', tbl_name = 'sqlite_stat1', "
+                  "sql = 'CREATE TABLE sqlite_stat1(tbl, idx, stat AS (" +
+                      dearCall + "))' WHERE name = 'u'"}),
+        Rows{});
+}
+
+TEST_F(SQLiteGuardTest, readsATableWithHonestStatistics) {
+    EXPECT_EQ(selected({"CREATE TABLE t (a, b)", "INSERT INTO t VALUES ('x', 'y')",
+                        "CREATE INDEX i ON t (a)", "ANALYZE"}),
+              oneRow);
+}
+
+TEST_F(SQLiteGuardTest, fillsNoMemoryWithColumnsThatAreComputedOfEachOther) {
+    std::string columns = "a AS (c0)";
+    for (int column = 1; column <= 20; ++column) {
+        const std::string before = "c" + std::to_string(column - 1);
+        columns += ", c" + std::to_string(column) + " AS (" + before + " || " + before + ")";
+    }
+    const std::string path =
+        database(folder(), {"CREATE TABLE t (b, c0, " + columns + ")", "CREATE TABLE u (a)"});
+    EXPECT_THROW((void)read(path, "SELECT c20 FROM t"), std::bad_alloc);
+    EXPECT_EQ(read(path, "SELECT a FROM u"), Rows{});
+}
+
+TEST_F(SQLiteGuardTest, isNotHeldUpByALongStatement) {
+    std::string columns = "a, b";
+    for (int constraint = 0; constraint < 30'000; ++constraint) {
+        columns += ", UNIQUE (a, b, a)";
+    }
+    EXPECT_EQ(selected({"CREATE TABLE t (a, b)", "INSERT INTO t VALUES ('x', 'y')",
+                        "CREATE TABLE u (a)", "PRAGMA writable_schema = ON",
+                        "UPDATE sqlite_master SET sql = 'CREATE TABLE u (" + columns +
+                            ")' WHERE name = 'u'"}),
+              Rows{});
+}
+
+TEST_F(SQLiteGuardTest, readsASchemaOfAHundredObjectsAndNotOfAThousand) {
+    Statements statements = {"PRAGMA synchronous = OFF", "BEGIN", "CREATE TABLE t (a, b)",
+                             "INSERT INTO t VALUES ('x', 'y')"};
+    const auto withTables = [&](int count) {
+        const TemporaryFolder other;
+        for (; count > 0; --count) {
+            statements.push_back("CREATE TABLE t" + std::to_string(statements.size()) + " (v)");
+        }
+        Statements all = statements;
+        all.emplace_back("COMMIT");
+        return read(database(other, all));
+    };
+    EXPECT_EQ(withTables(100), oneRow);
+    EXPECT_EQ(withTables(900), Rows{});
 }
 
 TEST_F(SQLiteGuardTest, isNotHeldUpByAColumnThatIsComputedAsItIsRead) {
