@@ -4,10 +4,12 @@
 #include <algorithm>
 #include <cstdint>
 #include <deque>
+#include <map>
 #include <set>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -100,19 +102,19 @@ std::vector<std::string> damagedFrom(const std::string& file) {
 }
 
 /// The stores of a source, each in a folder of its own, and what was made of them.
-class ContentsTest : public testing::TestWithParam<ImportSource> {
-protected:
-    ContentsTest() {
+class Stores {
+public:
+    explicit Stores(ImportSource source) : _source(source) {
         std::uint32_t family = 0;
         for (const Store& store : allStores()) {
             ++family;
-            if (store.source != GetParam()) {
+            if (store.source != source) {
                 continue;
             }
-            for (const Canary& canary : Tests::canariesIn(store.text, family)) {
+            for (const Canary& canary : canariesIn(store.text, family)) {
                 _marks.add(store.name, canary);
             }
-            const std::string file = written(store, family);
+            const std::string file = fileOf(store, family);
             for (const std::string& bytes : beginningsOf(file)) {
                 _beginnings.push_back(written(store, bytes));
             }
@@ -122,6 +124,8 @@ protected:
         }
     }
 
+    [[nodiscard]] const Marks& marks() const { return _marks; }
+
     [[nodiscard]] const std::vector<std::string>& beginnings() const { return _beginnings; }
 
     [[nodiscard]] std::vector<std::string> everyPath() const {
@@ -130,15 +134,11 @@ protected:
         return paths;
     }
 
-    [[nodiscard]] std::set<Place> canariesIn(const std::string& text) const {
-        return _marks.in(text);
-    }
-
     /// Those that an import delivers as something to be masked.
     [[nodiscard]] std::set<Place> secrets() const {
         std::string texts;
         for (const std::string& path : _beginnings) {
-            const Outcome outcome = outcomeOf(GetParam(), path);
+            const Outcome outcome = outcomeOf(_source, path);
             for (const Password& password : outcome.passwords) {
                 texts += password.password + '\n';
             }
@@ -149,31 +149,8 @@ protected:
         return _marks.in(texts);
     }
 
-    /// What comes of these arguments and paths, of which each is told something.
-    [[nodiscard]] static Ended toldOf(const std::vector<std::string>& paths,
-                                      std::vector<std::string> arguments) {
-        arguments.insert(arguments.end(), paths.begin(), paths.end());
-        Ended ended = rellinor(std::move(arguments));
-        EXPECT_GE(linesIn(ended.out + ended.errors), std::ssize(paths));
-        return ended;
-    }
-
-    [[nodiscard]] static std::string source() { return std::string(Host::nameOf(GetParam())); }
-
-    void expectMasked(const std::string& format) const {
-        const Ended ended =
-            toldOf(beginnings(), {"import", "--source", source(), "--format", format});
-        const std::set<Place> shown = canariesIn(ended.out);
-        EXPECT_FALSE(shown.empty()); // the others are there, and found
-        ASSERT_FALSE(secrets().empty());
-        for (const Place& secret : secrets()) {
-            EXPECT_FALSE(shown.contains(secret)) << secret;
-        }
-        EXPECT_EQ(canariesIn(ended.errors), std::set<Place>());
-    }
-
 private:
-    [[nodiscard]] std::string written(const Store& store, std::uint32_t family) const {
+    [[nodiscard]] static std::string fileOf(const Store& store, std::uint32_t family) {
         const TemporaryFolder folder;
         (void)store.write(folder, false, family);
         return contentsOf(folder / store.file);
@@ -185,25 +162,61 @@ private:
         return store.source == ImportSource::firefox ? folder.path().string() : path;
     }
 
+    ImportSource _source;
     std::deque<TemporaryFolder> _folders;
     std::vector<std::string> _beginnings;
     std::vector<std::string> _damaged;
     Marks _marks;
 };
 
+class ContentsTest : public testing::TestWithParam<ImportSource> {
+protected:
+    /// Made once, since that takes longer than a test.
+    [[nodiscard]] static const Stores& stores() {
+        static std::map<ImportSource, Stores> all;
+        return all.try_emplace(GetParam(), GetParam()).first->second;
+    }
+
+    [[nodiscard]] static std::string source() { return std::string(Host::nameOf(GetParam())); }
+
+    /// What comes of these arguments and paths, of which each is told something.
+    [[nodiscard]] static Ended toldOf(const std::vector<std::string>& paths,
+                                      std::vector<std::string> arguments) {
+        arguments.insert(arguments.end(), paths.begin(), paths.end());
+        Ended ended = rellinor(std::move(arguments));
+        EXPECT_GE(linesIn(ended.out + ended.errors), std::ssize(paths));
+        return ended;
+    }
+
+    static void expectNothing(std::vector<std::string> arguments) {
+        const Ended ended = toldOf(stores().everyPath(), std::move(arguments));
+        EXPECT_EQ(stores().marks().in(ended.out + ended.errors), std::set<Place>());
+    }
+
+    static void expectMasked(const std::string& format) {
+        const Ended ended =
+            toldOf(stores().beginnings(), {"import", "--source", source(), "--format", format});
+        const std::set<Place> shown = stores().marks().in(ended.out);
+        EXPECT_FALSE(shown.empty()); // the others are there, and found
+        const std::set<Place> secrets = stores().secrets();
+        EXPECT_FALSE(secrets.empty());
+        for (const Place& secret : secrets) {
+            EXPECT_FALSE(shown.contains(secret)) << secret;
+        }
+        EXPECT_EQ(stores().marks().in(ended.errors), std::set<Place>());
+    }
+};
+
 TEST_P(ContentsTest, areNotToldByDetect) {
-    const Ended ended = toldOf(everyPath(), {"detect"});
-    EXPECT_EQ(canariesIn(ended.out + ended.errors), std::set<Place>());
+    expectNothing({"detect"});
 }
 
 TEST_P(ContentsTest, areNotToldByCheck) {
-    const Ended ended = toldOf(everyPath(), {"check", "--source", source()});
-    EXPECT_EQ(canariesIn(ended.out + ended.errors), std::set<Place>());
+    expectNothing({"check", "--source", source()});
 }
 
 TEST_P(ContentsTest, areNotToldByASummary) {
-    const Ended ended = toldOf(everyPath(), {"import", "--source", source()});
-    EXPECT_EQ(canariesIn(ended.out + ended.errors), std::set<Place>());
+    expectNothing({"import", "--source", source()});
 }
 
 TEST_P(ContentsTest, areMaskedInATableIfTheyAreSecret) {
