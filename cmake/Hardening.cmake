@@ -1,6 +1,6 @@
 # What makes a defect harder to abuse, for everything this project builds and for nothing else. Each
 # flag is taken where the compiler or the linker knows it; Scripts/inspect-program looks at what came of
-# them.
+# them, Scripts/inspect-commands at whether each file had them.
 
 include(CheckCXXCompilerFlag)
 include(CheckLinkerFlag)

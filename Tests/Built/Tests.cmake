@@ -15,10 +15,32 @@ endif()
 add_executable(rellinor-soft Built/Soft.cpp)
 set_target_properties(rellinor-soft PROPERTIES POSITION_INDEPENDENT_CODE OFF)
 target_compile_options(rellinor-soft PRIVATE
-    -fno-pie -fno-stack-protector -U_FORTIFY_SOURCE -fno-stack-clash-protection -fcf-protection=none)
-target_link_options(rellinor-soft PRIVATE -no-pie -Wl,-z,norelro,-z,lazy,-z,execstack)
+    -O0 -fno-pie -fno-stack-protector "SHELL:-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2"
+    -fno-stack-clash-protection -fcf-protection=none)
+target_link_options(rellinor-soft PRIVATE
+    -no-pie -Wl,-z,norelro,-z,lazy,-z,execstack,-z,notext,-z,nocopyreloc,--no-warn-rwx-segments)
+set(softness "any address.*stays writable.*looked up late.*stack can be executed.*writable and can be executed"
+    "while loading.*guards the stack.*is checked")
+set(soft_commands "array guards.*guard page.*checked less.*optimised")
+if(CMAKE_SYSTEM_PROCESSOR STREQUAL "x86_64")
+    list(APPEND softness "go anywhere.*guard page")
+    string(APPEND soft_commands ".*go anywhere")
+endif()
+list(JOIN softness ".*" softness)
 add_test(NAME Built.softnessIsFound
     COMMAND "${scripts}/inspect-program" "$<TARGET_FILE:rellinor-soft>")
-set_tests_properties(Built.softnessIsFound PROPERTIES
-    PASS_REGULAR_EXPRESSION
-        "any address.*stays writable.*looked up late.*can be executed.*guards the stack.*is checked.*guard page")
+set_tests_properties(Built.softnessIsFound PROPERTIES PASS_REGULAR_EXPRESSION "${softness}")
+
+# How each file is compiled, where the build tells.
+if(CMAKE_EXPORT_COMPILE_COMMANDS)
+    set(commands "${PROJECT_BINARY_DIR}/compile_commands.json")
+    set(delivered "${PROJECT_SOURCE_DIR}/Sources")
+    if(RELLINOR_HOST)
+        list(APPEND delivered "${PROJECT_SOURCE_DIR}/Host")
+    endif()
+    add_test(NAME Built.everyFileIsHardened
+        COMMAND "${scripts}/inspect-commands" "${commands}" ${delivered})
+    add_test(NAME Built.softFilesAreFound
+        COMMAND "${scripts}/inspect-commands" "${commands}" "${CMAKE_CURRENT_SOURCE_DIR}/Built")
+    set_tests_properties(Built.softFilesAreFound PROPERTIES PASS_REGULAR_EXPRESSION "${soft_commands}")
+endif()

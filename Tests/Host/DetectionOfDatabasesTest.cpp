@@ -7,6 +7,7 @@
 #include <sqlite3.h>
 
 #include "Tests/Host/Detected.hpp"
+#include "Tests/Support/Nobody.hpp"
 
 namespace Rellinor::Host {
 
@@ -132,8 +133,10 @@ TEST_F(DetectionOfDatabasesTest, leavesNothingBeside) {
 
 TEST_F(DetectionOfDatabasesTest, knowsADatabaseThatMayNotBeWritten) {
     const std::string path = made(chromeTable);
-    std::filesystem::permissions(path, std::filesystem::perms::owner_read);
-    EXPECT_TRUE(detectedAt(path).starts_with("chrome (certain)"));
+    Tests::forbidWriting(path);
+    EXPECT_EXIT(
+        Tests::exitAsNobody([&] { return detectedAt(path).starts_with("chrome (certain)"); }),
+        testing::ExitedWithCode(0), "");
 }
 
 } // namespace

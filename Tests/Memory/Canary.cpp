@@ -140,6 +140,11 @@ char Canary::decodedByte(std::size_t index) const noexcept {
 std::vector<Piece> maskedPiecesOf(const Canary& canary) {
     std::vector<Piece> pieces;
     appendPieces(pieces, canary.length(), [&](std::size_t index) { return canary.letter(index); });
+    return pieces;
+}
+
+std::vector<Piece> maskedPiecesOfUTF16(const Canary& canary) {
+    std::vector<Piece> pieces;
     appendPieces(pieces, canary.length() * 2, [&](std::size_t index) { // lowest byte first
         return index % 2 == 0 ? canary.letter(index / 2) : '\0';
     });

@@ -47,8 +47,12 @@ using Piece = std::uint64_t;
 inline constexpr std::size_t sizeOfPiece = sizeof(Piece);
 inline constexpr Piece maskOfPieces = 0xA7A7A7A7A7A7A7A7U;
 
-/// The pieces of a canary, as UTF-8 and as UTF-16.
+/// The pieces of a canary in UTF-8.
 [[nodiscard]] std::vector<Piece> maskedPiecesOf(const Canary& canary);
+
+/// Its pieces in UTF-16, of four letters each: which may well be those of another, so that only two
+/// in a row tell that it is there.
+[[nodiscard]] std::vector<Piece> maskedPiecesOfUTF16(const Canary& canary);
 
 /// The pieces of the bytes that it is the Base64 text of.
 [[nodiscard]] std::vector<Piece> maskedPiecesOfDecoded(const Canary& canary);

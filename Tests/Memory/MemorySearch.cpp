@@ -11,6 +11,7 @@
 #include <sodium/utils.h>
 
 #include "Tests/Memory/OwnMemory.hpp"
+#include "Tests/Memory/SQLiteArena.hpp"
 
 namespace Rellinor::Tests {
 
@@ -20,6 +21,12 @@ constexpr unsigned bitsOfMark = 19;
 
 std::size_t markOf(Piece piece) noexcept {
     return piece * 0x9E3779B97F4A7C15U >> (64 - bitsOfMark);
+}
+
+Piece maskedPieceAt(std::span<const std::byte> memory) {
+    Piece piece = 0;
+    std::memcpy(&piece, memory.data(), sizeof piece);
+    return piece ^ maskOfPieces;
 }
 
 /// A run of memory that this process can read, and that may have been written to.
@@ -75,6 +82,7 @@ void write(std::ostream& out, std::string_view where, const std::set<std::uint32
 std::set<std::uint32_t> Found::anywhere() const {
     std::set<std::uint32_t> numbers = inOwnMemory;
     numbers.insert(onAStack.begin(), onAStack.end());
+    numbers.insert(inSQLite.begin(), inSQLite.end());
     numbers.insert(elsewhere.begin(), elsewhere.end());
     return numbers;
 }
@@ -82,6 +90,7 @@ std::set<std::uint32_t> Found::anywhere() const {
 std::ostream& operator<<(std::ostream& out, const Found& found) {
     write(out, "own memory", found.inOwnMemory);
     write(out, "stack", found.onAStack);
+    write(out, "SQLite", found.inSQLite);
     write(out, "elsewhere", found.elsewhere);
     return out;
 }
@@ -90,14 +99,15 @@ MemorySearch::MemorySearch(std::span<const Canary> canaries)
     : _marks(std::size_t{1} << bitsOfMark), _ownMemoryBefore(ownMemory().size()) {
     for (const Canary& canary : canaries) {
         add(maskedPiecesOf(canary), canary.number());
+        add(maskedPiecesOfUTF16(canary), canary.number(), true);
         add(maskedPiecesOfDecoded(canary), canary.number() + Found::decoded);
     }
     std::ranges::sort(_entries, {}, &Entry::piece);
 }
 
-void MemorySearch::add(std::span<const Piece> pieces, std::uint32_t number) {
+void MemorySearch::add(std::span<const Piece> pieces, std::uint32_t number, bool areHalves) {
     for (const Piece piece : pieces) {
-        _entries.push_back({.piece = piece, .number = number});
+        _entries.push_back({.piece = piece, .number = number, .isHalf = areHalves});
         _marks[markOf(piece)] = true;
     }
 }
@@ -105,8 +115,10 @@ void MemorySearch::add(std::span<const Piece> pieces, std::uint32_t number) {
 Found MemorySearch::search(std::span<const std::byte> stack) const {
     Found found;
     searchIn(ownMemory().subspan(_ownMemoryBefore), found.inOwnMemory);
+    searchIn(sqliteArena(), found.inSQLite);
     for (const Mapping& mapping : readableMappings()) {
-        if (isWithin(mapping.memory, placeOfOwnMemory())) {
+        if (isWithin(mapping.memory, placeOfOwnMemory()) ||
+            isWithin(mapping.memory, placeOfSQLiteArena())) {
             continue;
         }
         if (mapping.name == "[stack]" || isWithin(stack, mapping.memory)) {
@@ -119,22 +131,27 @@ Found MemorySearch::search(std::span<const std::byte> stack) const {
     return found;
 }
 
-std::optional<std::uint32_t> MemorySearch::find(Piece masked) const {
+std::span<const MemorySearch::Entry> MemorySearch::find(Piece masked) const {
     if (!_marks[markOf(masked)]) {
-        return std::nullopt;
+        return {};
     }
-    const auto found = std::ranges::lower_bound(_entries, masked, {}, &Entry::piece);
-    return found != _entries.end() && found->piece == masked ? std::optional(found->number)
-                                                             : std::nullopt;
+    return std::ranges::equal_range(_entries, masked, {}, &Entry::piece);
+}
+
+bool MemorySearch::isFollowed(const Entry& half, std::span<const std::byte> next) const {
+    return next.size() >= sizeOfPiece &&
+           std::ranges::any_of(find(maskedPieceAt(next)), [&](const Entry& entry) {
+               return entry.isHalf && entry.number == half.number;
+           });
 }
 
 void MemorySearch::searchIn(std::span<const std::byte> memory,
                             std::set<std::uint32_t>& numbers) const {
-    for (std::size_t index = 0; index + sizeOfPiece <= memory.size(); ++index) {
-        Piece piece = 0;
-        std::memcpy(&piece, memory.data() + index, sizeof piece);
-        if (const auto number = find(piece ^ maskOfPieces)) {
-            numbers.insert(*number);
+    for (; memory.size() >= sizeOfPiece; memory = memory.subspan(1)) {
+        for (const Entry& entry : find(maskedPieceAt(memory))) {
+            if (!entry.isHalf || isFollowed(entry, memory.subspan(sizeOfPiece))) {
+                numbers.insert(entry.number);
+            }
         }
     }
 }

@@ -3,7 +3,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <optional>
 #include <ostream>
 #include <set>
 #include <span>
@@ -20,6 +19,7 @@ struct Found {
 
     std::set<std::uint32_t> inOwnMemory; ///< what operator new gave out
     std::set<std::uint32_t> onAStack;
+    std::set<std::uint32_t> inSQLite;  ///< in what it was given, or gave back
     std::set<std::uint32_t> elsewhere; ///< the heap of C libraries, their data, and all the rest
 
     [[nodiscard]] std::set<std::uint32_t> anywhere() const;
@@ -42,11 +42,15 @@ private:
     struct Entry {
         Piece piece;
         std::uint32_t number;
+        bool isHalf; ///< it is there only if another of that number follows
     };
 
-    void add(std::span<const Piece> pieces, std::uint32_t number);
+    void add(std::span<const Piece> pieces, std::uint32_t number, bool areHalves = false);
 
-    [[nodiscard]] std::optional<std::uint32_t> find(Piece masked) const;
+    /// All that are this piece; most pieces are none.
+    [[nodiscard]] std::span<const Entry> find(Piece masked) const;
+
+    [[nodiscard]] bool isFollowed(const Entry& half, std::span<const std::byte> next) const;
 
     void searchIn(std::span<const std::byte> memory, std::set<std::uint32_t>& numbers) const;
 

@@ -1,5 +1,7 @@
 #include "Tests/Memory/Store.hpp"
 
+#include <algorithm>
+#include <array>
 #include <ostream>
 
 #include "Tests/Support/Connection.hpp"
@@ -23,6 +25,25 @@ const Statements chromeSchema = {
 const Statements firefoxSchema = {
     "CREATE TABLE moz_logins(hostname, encryptedUsername, encryptedPassword, formSubmitURL)",
     "CREATE INDEX moz_logins_hostname ON moz_logins(hostname, formSubmitURL)"};
+
+constexpr std::string_view beforeNested =
+    R"({"logins":[{"color":3,"custName":"<1>","loginName":"<2>",)"
+    R"("note":"<3n:20000>","pwd":"<4u>","pwdChange":5,"url":"<5>",)"
+    R"("other":)";
+constexpr std::string_view nested = R"({"<101n>":"<102n:5000>","b":["<103>",{"c":"<104u:300>"}]})";
+constexpr std::string_view afterNested = R"(}],"notes":[],"cards":[]})";
+constexpr std::size_t depth = 500; // and some more around; 512 are read
+
+constexpr auto deeplyNested = [] {
+    std::array<char, beforeNested.size() + depth + nested.size() + depth + afterNested.size()>
+        text{};
+    auto end = std::ranges::copy(beforeNested, text.begin()).out;
+    end = std::ranges::fill_n(end, depth, '[');
+    end = std::ranges::copy(nested, end).out;
+    end = std::ranges::fill_n(end, depth, ']');
+    std::ranges::copy(afterNested, end);
+    return text;
+}();
 
 constexpr Store stores[] = {
     {.name = "lastPass",
@@ -110,6 +131,10 @@ constexpr Store stores[] = {
          R"("pin":"<12>","note":"<13n>","expirationDate":{"day":1,"month":2,"year":3},)"
          R"("other":[[[[["<103u:2000>"]]]]]}]})",
      .filler = "                                "},
+    {.name = "tirelDeeplyNested",
+     .source = tirel,
+     .file = "export.json",
+     .text = {deeplyNested.data(), deeplyNested.size()}},
     {.name = "tirelWithoutCards",
      .source = tirel,
      .file = "export.json",
@@ -138,7 +163,7 @@ constexpr Store stores[] = {
      .text = "INSERT INTO logins VALUES('https://<1>.example','<2>',x'<3x>',0,'<101>');"
              "INSERT INTO logins VALUES('https://<4:6000>','<5:20000>',x'<6x:12000>',0,'<102>');"
              "INSERT INTO logins VALUES('https://<103>','<104>',x'<105x>',1,'<106>');",
-     .filler = "INSERT INTO logins VALUES('<#:40>','<#:40>',x'<#x>',0,'<#:96>');"},
+     .filler = "INSERT INTO logins VALUES('<#:40>','<#:40>',x'<@x>',0,'<#:96>');"},
     {.name = "chromeInUTF16",
      .source = chrome,
      .file = "Login Data",
@@ -156,13 +181,14 @@ constexpr Store stores[] = {
      .filler = "INSERT INTO moz_logins VALUES('<#:40>','<#:40>','<#:24>','<#:96>');"},
 };
 
-/// Rows, each with a canary of its own.
+/// Rows, each with canaries of its own.
 std::string rowsOf(std::string_view filler) {
     std::string text;
     for (std::uint32_t row = 0; !filler.empty() && row < Store::numberOfRows; ++row) {
         for (const char character : filler) {
-            text += character == '#' ? std::to_string(Store::firstOfRows + row)
-                                     : std::string(1, character);
+            text += character == '#'   ? std::to_string(Store::firstOfRows + row)
+                    : character == '@' ? std::to_string(Store::firstOfPasswords + row)
+                                       : std::string(1, character);
         }
     }
     return text;

@@ -24,6 +24,7 @@ struct Store {
     static constexpr std::uint32_t firstLeftOut = 100;
     static constexpr std::uint32_t firstOfRows = 1000; ///< of a large database
     static constexpr std::uint32_t numberOfRows = 3000;
+    static constexpr std::uint32_t firstOfPasswords = 10000; ///< in such rows, where they are bytes
 
     std::string_view name; ///< of the test
     ImportSource source;

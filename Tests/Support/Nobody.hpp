@@ -1,5 +1,7 @@
 #pragma once
 
+#include <filesystem>
+
 #include <unistd.h>
 
 namespace Rellinor::Tests {
@@ -10,6 +12,13 @@ namespace Rellinor::Tests {
     constexpr uid_t nobody = 65534;
     const bool isStopped = ::geteuid() != 0 || ::setuid(nobody) == 0;
     ::_exit(isStopped && holds() ? 0 : 1);
+}
+
+/// Lets everybody read a file in a folder of ours, and nobody write it.
+inline void forbidWriting(const std::filesystem::path& path) {
+    using enum std::filesystem::perms;
+    std::filesystem::permissions(path.parent_path(), all);
+    std::filesystem::permissions(path, owner_read | group_read | others_read);
 }
 
 } // namespace Rellinor::Tests

@@ -13,6 +13,7 @@
 #include "Tests/Support/Allocations.hpp"
 #include "Tests/Support/Database.hpp"
 #include "Tests/Support/Descriptors.hpp"
+#include "Tests/Support/Nobody.hpp"
 #include "Tests/Support/OtherProcess.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 
@@ -282,8 +283,9 @@ TEST_F(SQLiteFileProxyTest, leavesTheFileAsItIs) {
 
 TEST_F(SQLiteFileProxyTest, readsAFileThatMayNotBeWritten) {
     const std::string path = database(threeRows);
-    std::filesystem::permissions(path, std::filesystem::perms::owner_read);
-    EXPECT_EQ(selected(path, allOfT), oneTwoThree);
+    forbidWriting(path);
+    EXPECT_EXIT(exitAsNobody([&] { return selected(path, allOfT) == oneTwoThree; }),
+                testing::ExitedWithCode(0), "");
 }
 
 TEST_F(SQLiteFileProxyTest, opensTheFileAnewForEachSelect) {
