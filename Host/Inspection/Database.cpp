@@ -9,6 +9,7 @@
 #include <vector>
 
 #include <sqlite3.h>
+#include <unistd.h>
 
 #include "Host/DatabaseAddress.hpp"
 #include "Host/FileContents.hpp"
@@ -22,6 +23,20 @@ std::uintmax_t sizeOf(const std::string& path) {
     std::error_code error;
     const std::uintmax_t size = std::filesystem::file_size(path, error);
     return error ? 0 : size;
+}
+
+/// Whether SQLite might wait at what stands where it looks for a journal or a log.
+bool isNoFile(const std::string& path) {
+    std::error_code error;
+    const std::filesystem::file_status status = std::filesystem::symlink_status(path, error);
+    return std::filesystem::exists(status) && !std::filesystem::is_regular_file(status);
+}
+
+/// The path without links: what belongs to a database stands beside what they lead to.
+std::string resolved(const std::string& path) {
+    std::error_code error;
+    const std::filesystem::path target = std::filesystem::canonical(path, error);
+    return error ? path : target.string();
 }
 
 /// What the beginning of a database tells.
@@ -99,6 +114,12 @@ void Database::Closer::operator()(::sqlite3* connection) const noexcept {
 }
 
 Database::Database(const std::string& path) {
+    for (const std::string suffix : {"-journal", "-wal"}) {
+        if (isNoFile(resolved(path) + suffix)) {
+            _problem = "what is called " + suffix + " beside it is no file: take it away";
+            return;
+        }
+    }
     const Header header = headerOf(path);
     const bool hasLog = header.hasWriteAheadLog && sizeOf(path + "-wal") > 0;
     if (sizeOf(path) % header.pageSize != 0) {
@@ -213,6 +234,11 @@ void Database::fail(int code) {
         _problem = "the database cannot be read";
         break;
     }
+}
+
+bool cannotHaveItsLog(const std::string& path) {
+    const std::filesystem::path folder = std::filesystem::path(resolved(path)).parent_path();
+    return headerOf(path).hasWriteAheadLog && ::access(folder.c_str(), W_OK) != 0;
 }
 
 bool hasChangesBeside(const std::string& path) {

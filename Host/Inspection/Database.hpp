@@ -82,6 +82,10 @@ private:
     bool _lacksLog = false; // though there was one once
 };
 
+/// Whether the database at `path` keeps its changes in a file beside it, in a folder where this
+/// user may make none.
+[[nodiscard]] bool cannotHaveItsLog(const std::string& path);
+
 /// Whether changes to the database at `path` stand in a file beside it and not yet in itself.
 [[nodiscard]] bool hasChangesBeside(const std::string& path);
 

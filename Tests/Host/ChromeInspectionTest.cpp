@@ -8,6 +8,7 @@
 #include "Tests/Host/StoreInspection.hpp"
 #include "Tests/Host/Tool.hpp"
 #include "Tests/Support/Connection.hpp"
+#include "Tests/Support/Nobody.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 
 namespace Rellinor::Host {
@@ -129,6 +130,20 @@ TEST(ChromeInspectionTest, tellsALockedDatabase) {
     EXPECT_NE(Tests::rellinor({"check", "--source", "chrome", path})
                   .out.find("the database is locked: close the browser and try again"),
               std::string::npos);
+}
+
+TEST(ChromeInspectionTest, tellsThatALogCannotBeMade) {
+    const TemporaryFolder folder;
+    const std::string path = database(folder, {table, "INSERT INTO logins VALUES ('u','n',x'01',0)",
+                                               "PRAGMA journal_mode = WAL"});
+    using enum std::filesystem::perms;
+    std::filesystem::permissions(folder.path(), all & ~(owner_write | group_write | others_write));
+    const auto isTold = [&] {
+        return texts(inspected(path, ImportSource::chrome).inspection.wrong) ==
+               Texts{"it cannot be read in a folder that may not be written to: copy it elsewhere"};
+    };
+    EXPECT_EXIT(Tests::exitAsNobody(isTold), testing::ExitedWithCode(0), "");
+    std::filesystem::permissions(folder.path(), owner_all);
 }
 
 TEST(ChromeInspectionTest, tellsWhatChangedSinceTheImport) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include "Tests/Support/Connection.hpp"
 #include "Tests/Support/KnottedDatabase.hpp"
@@ -143,6 +144,24 @@ TEST(DatabaseTest, tellsThatALogMayBeMissing) {
     database.requireTable("u", {});
     EXPECT_EQ(database.problem(),
               "there is no table u in the database, perhaps since its file -wal is missing");
+}
+
+TEST(DatabaseTest, doesNotWaitForAPipe) {
+    const TemporaryFolder folder;
+    const std::string path = Tests::database(folder, {"CREATE TABLE t (a)"});
+    const TemporaryFolder other;
+    std::filesystem::create_symlink(path, other / "link");
+    for (const std::string suffix : {"-journal", "-wal"}) {
+        const std::string pipe = path + suffix;
+        ASSERT_EQ(::mkfifo(pipe.c_str(), S_IRUSR | S_IWUSR), 0);
+        for (const std::string& name : {path, other / "link"}) {
+            Database database(name);
+            EXPECT_EQ(rowsOf(database), 0U);
+            EXPECT_EQ(database.problem(),
+                      "what is called " + suffix + " beside it is no file: take it away");
+        }
+        std::filesystem::remove(pipe);
+    }
 }
 
 TEST(DatabaseTest, leavesChangesThatWereBrokenOff) {
