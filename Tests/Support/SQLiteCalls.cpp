@@ -27,8 +27,6 @@ int (*systemAllocate)(int, off_t, off_t) = nullptr;
 int (*systemUnlink)(const char*) = nullptr;
 int (*systemMakeFolder)(const char*, mode_t) = nullptr;
 int (*systemRemoveFolder)(const char*) = nullptr;
-int (*systemChangeMode)(int, mode_t) = nullptr;
-int (*systemChangeOwner)(int, uid_t, gid_t) = nullptr;
 
 // NOLINTEND(*-avoid-non-const-global-variables)
 
@@ -97,16 +95,6 @@ int removeFolderInstead(const char* path) {
     return systemRemoveFolder(path);
 }
 
-int changeModeInstead(int descriptor, mode_t mode) {
-    add("fchmod", pathOf(descriptor));
-    return systemChangeMode(descriptor, mode);
-}
-
-int changeOwnerInstead(int descriptor, uid_t user, gid_t group) {
-    add("fchown", pathOf(descriptor));
-    return systemChangeOwner(descriptor, user, group);
-}
-
 /// Whether this SQLite makes a call under this name; then it makes another instead.
 template <typename Result, typename... Arguments>
 bool replace(const char* name, Result (*&system)(Arguments...), Result (*instead)(Arguments...)) {
@@ -127,14 +115,12 @@ bool replaceAll() {
     const bool writes = replace("pwrite64", systemWriteAt, &writeAtInstead) ||
                         replace("pwrite", systemWriteAt, &writeAtInstead);
     (void)replace("fallocate", systemAllocate, &allocateInstead);
-    (void)replace("fchown", systemChangeOwner, &changeOwnerInstead);
     return reads && writes && replace("open", systemOpen, &openInstead) &&
            replace("write", systemWrite, &writeInstead) &&
            replace("ftruncate", systemTruncate, &truncateInstead) &&
            replace("unlink", systemUnlink, &unlinkInstead) &&
            replace("mkdir", systemMakeFolder, &makeFolderInstead) &&
-           replace("rmdir", systemRemoveFolder, &removeFolderInstead) &&
-           replace("fchmod", systemChangeMode, &changeModeInstead);
+           replace("rmdir", systemRemoveFolder, &removeFolderInstead);
 }
 
 } // namespace

@@ -11,7 +11,7 @@
 
 namespace Rellinor::Tests {
 
-/// A change to a file or a folder.
+/// A change of what a file holds, or of what there is in a folder.
 struct FileChange {
     std::string call; ///< the system's name for what makes it
     std::string path;
