@@ -156,8 +156,7 @@ std::vector<LoginDatabase> readDatabases() {
 /// journal can be read.
 std::vector<LoginDatabase> wholeDatabases() {
     std::vector<LoginDatabase> databases = readDatabases();
-    std::erase_if(databases,
-                  [](const LoginDatabase& database) { return database.name == "chromeBrokenOff"; });
+    std::erase_if(databases, &LoginDatabase::isBrokenOff);
     return databases;
 }
 
