@@ -7,6 +7,7 @@
 #include <utility>
 
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
 #include "Tests/Support/Allocations.hpp"
 #include "Tests/Support/Connection.hpp"
@@ -48,14 +49,33 @@ protected:
         return copyOf(delivered.value());
     }
 
+    /// What SQLite and the system keep for this process.
+    struct Kept {
+        ::sqlite3_int64 memory = ::sqlite3_memory_used();
+        std::size_t descriptors = openDescriptors();
+
+        [[nodiscard]] Kept since(const Kept& before) const {
+            return {memory - before.memory, descriptors - before.descriptors};
+        }
+
+        /// Whether this is nothing, or a connection as another one.
+        [[nodiscard]] bool isNoMoreThan(const Kept& other) const {
+            constexpr ::sqlite3_int64 messageOfAnError = 200;
+            return descriptors == other.descriptors ? memory <= other.memory + messageOfAnError
+                                                    : descriptors == 0 && memory == 0;
+        }
+    };
+
     /// Imports as often as memory is asked for, and lets another request fail each time. Returns
     /// how many imports failed.
     static std::size_t importsAllOrNothing(const std::string& path, const Giver& giver) {
         const URL url = URL::fileURLWithPath(path);
         const Outcome whole = imported(url, [](const Work& work) { work(); });
         std::size_t requests = 0;
+        const Kept start;
         (void)imported(url, [&](const Work& work) { requests = giver.allocationsOf(work); });
         EXPECT_GT(requests, 0);
+        const Kept leftByOne = Kept().since(start);
         if (!allowDescriptors(3 * requests + 100)) {
             ADD_FAILURE() << "the system does not allow so many descriptors";
         }
@@ -63,6 +83,7 @@ protected:
         for (const auto fail : {giver.failAllocation, giver.failAllocationsFrom}) {
             for (std::size_t nth = 1; nth <= requests + 1; ++nth) {
                 const std::size_t pieces = piecesInUse();
+                const Kept before;
                 {
                     const Outcome outcome =
                         imported(url, [&](const Work& work) { fail(nth, work); });
@@ -71,6 +92,9 @@ protected:
                     failed += outcome == whole ? 0U : 1U;
                 }
                 EXPECT_EQ(piecesInUse(), pieces) << nth;
+                const Kept left = Kept().since(before);
+                EXPECT_TRUE(left.isNoMoreThan(leftByOne))
+                    << nth << ": " << left.memory << ", " << left.descriptors;
             }
         }
         return failed;
