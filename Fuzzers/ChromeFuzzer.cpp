@@ -10,8 +10,10 @@ void Rellinor::Fuzzers::fuzz(std::string_view input) {
     database.write(input);
     if (!Tests::isSoundDatabase(database.path())) {
         static_cast<void>(outcomeOf(ImportSource::chrome, database.path(), Contents::other));
+        database.expectUnchanged(input);
         return;
     }
     expect(outcomeOf(ImportSource::chrome, database.path()) ==
            Tests::referenceChromeImport(database.path()));
+    database.expectUnchanged(input);
 }

@@ -18,7 +18,7 @@ void Rellinor::Fuzzers::fuzz(std::string_view input) {
     std::ostringstream out;
     const int status = Host::runDetect({file.path()}, out);
     const bool isKnown = Host::detect(file.path()).source.has_value();
-    expect(Tests::contentsOf(file.path()) == input); // nothing is changed
+    file.expectUnchanged(input);
     const bool isDatabase = input.starts_with("SQLite format 3");
     if (!isDatabase || Tests::isSoundDatabase(file.path())) {
         expect(status == (isKnown ? Host::ExitStatus::success : Host::ExitStatus::importFailed));

@@ -10,8 +10,10 @@ void Rellinor::Fuzzers::fuzz(std::string_view input) {
     database.write(input);
     if (!Tests::isSoundDatabase(database.path())) {
         static_cast<void>(outcomeOf(ImportSource::firefox, database.folder(), Contents::other));
+        database.expectUnchanged(input);
         return;
     }
     expect(outcomeOf(ImportSource::firefox, database.folder()) ==
            Tests::referenceSignonsImport(database.path()));
+    database.expectUnchanged(input);
 }

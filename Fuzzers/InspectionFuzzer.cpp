@@ -15,20 +15,28 @@ namespace Rellinor::Fuzzers {
 
 namespace {
 
-std::string written(ImportSource source, std::string_view contents) {
+/// What the tool tells of these contents in a file, which stays as it is. The path of the file, or
+/// of the folder around it, is imported.
+std::string told(ImportSource source, std::string_view contents, const auto& file,
+                 const std::string& path) {
+    file.write(contents);
+    std::ostringstream out;
+    static_cast<void>(Host::runCheck({path}, source, out));
+    file.expectUnchanged(contents);
+    return out.str();
+}
+
+std::string told(ImportSource source, std::string_view contents) {
     static const InputDatabase file("export");
     static const InputFile loginsFile("logins.json");
     static const InputDatabase signons("signons.sqlite");
     if (source != ImportSource::firefox) {
-        file.write(contents);
-        return file.path();
+        return told(source, contents, file, file.path());
     }
     if (contents.starts_with("SQLite format 3")) {
-        signons.write(contents);
-        return signons.folder();
+        return told(source, contents, signons, signons.folder());
     }
-    loginsFile.write(contents);
-    return loginsFile.folder();
+    return told(source, contents, loginsFile, loginsFile.folder());
 }
 
 } // namespace
@@ -38,11 +46,7 @@ void fuzz(std::string_view input) {
         return;
     }
     const auto source = static_cast<ImportSource>(static_cast<unsigned char>(input.front()) % 8);
-    const std::string path = written(source, input.substr(1));
-
-    std::ostringstream out;
-    static_cast<void>(Host::runCheck({path}, source, out));
-    expectLinesOfText(out.str());
+    expectLinesOfText(told(source, input.substr(1)));
 }
 
 } // namespace Rellinor::Fuzzers

@@ -72,6 +72,7 @@ void fuzz(std::string_view input) {
         // SQLite says so of a damaged cell that claims nearly 4 GiB.
         expect(!Tests::isSoundDatabase(database.path()));
     }
+    database.expectUnchanged(input);
 }
 
 } // namespace Rellinor::Fuzzers

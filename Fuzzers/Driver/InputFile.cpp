@@ -25,6 +25,10 @@ void InputFile::write(std::string_view contents) const {
     expect(::ftruncate(_descriptor, size) == 0);
 }
 
+void InputFile::expectUnchanged(std::string_view contents) const {
+    expect(Tests::contentsOf(_path) == contents);
+}
+
 void InputDatabase::write(std::string_view contents) const {
     for (const char* const ending : {"-journal", "-wal", "-shm"}) {
         ::unlink((path() + ending).c_str());

@@ -19,6 +19,9 @@ public:
     /// Puts these bytes in place of what the file holds.
     void write(std::string_view contents) const;
 
+    /// Expects the file to hold these bytes still.
+    void expectUnchanged(std::string_view contents) const;
+
     [[nodiscard]] const std::string& path() const { return _path; }
 
     /// The path of the folder that it lies in.
@@ -37,6 +40,9 @@ public:
 
     /// Puts these bytes in place of the database, and removes what lies beside it.
     void write(std::string_view contents) const;
+
+    /// Expects the database to hold these bytes still, whatever lies beside it now.
+    void expectUnchanged(std::string_view contents) const { _file.expectUnchanged(contents); }
 
     [[nodiscard]] const std::string& path() const { return _file.path(); }
 

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "Tests/Support/Descriptors.hpp"
+#include "Tests/Support/Files.hpp"
 #include "Tests/Support/HostileDatabases.hpp"
 #include "Tests/Support/Records.hpp"
 
@@ -39,7 +40,13 @@ TEST(DamagedDatabasesTest, giveNoMoreThanTheirBeginningIfTheyAreCutAtAnySector) 
             LoginDatabase cut = database;
             cut.files[0].second.resize(size);
             const TemporaryFolder other;
-            const Outcome outcome = outcomeOf(cut.source, cut.writtenTo(other));
+            const std::string path = cut.writtenTo(other);
+            const Files before = filesIn(other.path());
+            const Outcome outcome = outcomeOf(cut.source, path);
+            // SQLite removes what lies beside an empty file.
+            EXPECT_TRUE(size == 0 || cut.isBrokenOff() ||
+                        areReadOnly(before, filesIn(other.path())))
+                << database.name << ' ' << size;
             EXPECT_FALSE(outcome.error) << database.name << ' ' << size;
             EXPECT_LE(outcome.passwords.size(), whole.passwords.size());
             // Of a page that is there in part, SQLite takes the rest for zeros.
@@ -60,7 +67,10 @@ TEST(DamagedDatabasesTest, areReadWithALogThatIsCutAtAnySector) {
             LoginDatabase cut = database;
             cut.files[1].second.resize(size);
             const TemporaryFolder folder;
-            const Outcome outcome = outcomeOf(cut.source, cut.writtenTo(folder));
+            const std::string path = cut.writtenTo(folder);
+            const Files before = filesIn(folder.path());
+            const Outcome outcome = outcomeOf(cut.source, path);
+            EXPECT_TRUE(areReadOnly(before, filesIn(folder.path()))) << size;
             EXPECT_FALSE(outcome.error) << size;
             EXPECT_LE(outcome.passwords.size(), 60U) << size;
         }

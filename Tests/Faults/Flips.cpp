@@ -21,6 +21,7 @@
 #include "Host/Detection/Detection.hpp"
 #include "Host/Inspection/Inspection.hpp"
 #include "Tests/Support/Descriptors.hpp"
+#include "Tests/Support/Files.hpp"
 #include "Tests/Support/HostileDatabases.hpp"
 #include "Tests/Support/Records.hpp"
 
@@ -39,10 +40,12 @@ std::size_t bitOf(const LoginDatabase& database, std::size_t number, std::mt1993
     return (page * pageSize + random() % pageSize) * 8 + random() % 8;
 }
 
-/// Imports a database and looks at it with the tool's readers. Whether all went as it should.
+/// Imports a database and looks at it with the tool's readers. Whether all went as it should, and
+/// nothing was written but what was broken off is rolled back.
 bool isRead(const LoginDatabase& database) {
     const TemporaryFolder folder;
     const std::string path = database.writtenTo(folder);
+    const Files before = filesIn(folder.path());
     // Before the import, which may roll back what was broken off.
     (void)Host::detect(path);
     int completions = 0;
@@ -57,7 +60,7 @@ bool isRead(const LoginDatabase& database) {
     }
     (void)copyOf(*delivered);
     (void)Host::inspect(path, database.source, *delivered);
-    return true;
+    return database.isBrokenOff() || areReadOnly(before, filesIn(folder.path()));
 }
 
 /// Does the flips from `first` up to `last`. Returns how many went wrong.

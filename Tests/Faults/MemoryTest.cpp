@@ -7,6 +7,7 @@
 #include <utility>
 
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
 #include "Tests/Support/Allocations.hpp"
 #include "Tests/Support/Connection.hpp"
@@ -48,14 +49,34 @@ protected:
         return copyOf(delivered.value());
     }
 
+    /// What SQLite and the system keep for this process.
+    struct Kept {
+        ::sqlite3_int64 memory = ::sqlite3_memory_used();
+        std::size_t descriptors = openDescriptors();
+
+        [[nodiscard]] Kept since(const Kept& before) const {
+            return {memory - before.memory, descriptors - before.descriptors};
+        }
+
+        /// Whether this is nothing, or as much as something else but for the message of an error.
+        [[nodiscard]] bool isNothingOr(const Kept& other) const {
+            constexpr ::sqlite3_int64 message = 200;
+            return (descriptors == 0 && memory == 0) ||
+                   (descriptors == other.descriptors && memory >= other.memory - message &&
+                    memory <= other.memory + message);
+        }
+    };
+
     /// Imports as often as memory is asked for, and lets another request fail each time. Returns
     /// how many imports failed.
     static std::size_t importsAllOrNothing(const std::string& path, const Giver& giver) {
         const URL url = URL::fileURLWithPath(path);
         const Outcome whole = imported(url, [](const Work& work) { work(); });
         std::size_t requests = 0;
+        const Kept start;
         (void)imported(url, [&](const Work& work) { requests = giver.allocationsOf(work); });
         EXPECT_GT(requests, 0);
+        const Kept leftByOne = Kept().since(start);
         if (!allowDescriptors(3 * requests + 100)) {
             ADD_FAILURE() << "the system does not allow so many descriptors";
         }
@@ -63,6 +84,7 @@ protected:
         for (const auto fail : {giver.failAllocation, giver.failAllocationsFrom}) {
             for (std::size_t nth = 1; nth <= requests + 1; ++nth) {
                 const std::size_t pieces = piecesInUse();
+                const Kept before;
                 {
                     const Outcome outcome =
                         imported(url, [&](const Work& work) { fail(nth, work); });
@@ -71,6 +93,9 @@ protected:
                     failed += outcome == whole ? 0U : 1U;
                 }
                 EXPECT_EQ(piecesInUse(), pieces) << nth;
+                const Kept left = Kept().since(before);
+                EXPECT_TRUE(left.isNothingOr(leftByOne))
+                    << nth << ": " << left.memory << ", " << left.descriptors;
             }
         }
         return failed;

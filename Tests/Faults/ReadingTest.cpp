@@ -4,7 +4,10 @@
 #include <cerrno>
 #include <cstddef>
 #include <filesystem>
+#include <fstream>
+#include <functional>
 #include <string>
+#include <string_view>
 
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -33,6 +36,31 @@ protected:
     [[nodiscard]] std::string file() const { return GetParam().fileIn(_folder); }
 
     [[nodiscard]] const Outcome& whole() const { return _whole; }
+
+    [[nodiscard]] const TemporaryFolder& folder() const { return _folder; }
+
+    static constexpr std::size_t piece = 100;
+
+    [[nodiscard]] static std::size_t piecesOf(std::string_view bytes) {
+        return (bytes.size() + piece - 1) / piece;
+    }
+
+    /// Imports with reads of no more than a piece; after the `last` of them something is done.
+    [[nodiscard]] Outcome importedWhile(std::size_t last,
+                                        const std::function<void()>& change) const {
+        std::size_t reads = 0;
+        SystemCalls calls;
+        calls.read = [&](int descriptor, void* target, std::size_t size) {
+            const ssize_t result = systemRead(descriptor, target, std::min(size, piece));
+            if (++reads == last) {
+                change();
+            }
+            return result;
+        };
+        const Outcome outcome = imported();
+        EXPECT_GT(reads, last);
+        return outcome;
+    }
 
 private:
     TemporaryFolder _folder;
@@ -112,6 +140,31 @@ TEST_P(ReadingTest, takesAFileThatShrinksMeanwhileForWhatIsLeft) {
     EXPECT_EQ(std::filesystem::file_size(file()), 0);
     EXPECT_EQ(outcome, imported());
     EXPECT_NE(outcome, whole());
+}
+
+TEST_P(ReadingTest, takesAFileThatIsCutMeanwhileForWhatWasRead) {
+    const std::string bytes = GetParam().bytes();
+    for (std::size_t last = 1; last <= piecesOf(bytes); ++last) {
+        (void)GetParam().written(folder(), bytes);
+        const Outcome outcome =
+            importedWhile(last, [&] { std::filesystem::resize_file(file(), 0); });
+        (void)GetParam().written(folder(), bytes.substr(0, last * piece));
+        EXPECT_EQ(outcome, imported()) << last;
+    }
+}
+
+TEST_P(ReadingTest, readsWhatIsAppendedMeanwhile) {
+    const std::string bytes = GetParam().bytes();
+    const std::string more = bytes.substr(bytes.size() / 2);
+    (void)GetParam().written(folder(), bytes + more);
+    const Outcome appended = imported();
+    EXPECT_NE(appended, whole());
+    for (std::size_t last = 1; last <= piecesOf(bytes); ++last) {
+        (void)GetParam().written(folder(), bytes);
+        const Outcome outcome = importedWhile(
+            last, [&] { std::ofstream(file(), std::ios::binary | std::ios::app) << more; });
+        EXPECT_EQ(outcome, appended) << last;
+    }
 }
 
 TEST_P(ReadingTest, cannotReadAFileOfWhichNothingIsKnown) {

@@ -9,7 +9,9 @@
 
 namespace Rellinor::Tests {
 
-Connection::Connection(const std::string& path) {
+// What was opened is closed even if this throws: to the destructor the other constructor has made
+// it.
+Connection::Connection(const std::string& path) : Connection() {
     if (::sqlite3_open(path.c_str(), &_connection) != SQLITE_OK) {
         throw std::runtime_error("no database can be made at " + path);
     }

@@ -24,6 +24,8 @@ public:
     void execute(const Statements& statements) const;
 
 private:
+    Connection() = default;
+
     ::sqlite3* _connection = nullptr;
 };
 

@@ -1,5 +1,6 @@
 #include "Tests/Support/HostileDatabases.hpp"
 
+#include <algorithm>
 #include <filesystem>
 #include <functional>
 
@@ -65,6 +66,10 @@ Making doing(const std::vector<Statements>& steps) {
 }
 
 } // namespace
+
+bool LoginDatabase::isBrokenOff() const {
+    return std::ranges::any_of(files, [](const auto& file) { return file.first == "-journal"; });
+}
 
 std::size_t LoginDatabase::size() const {
     std::size_t size = 0;

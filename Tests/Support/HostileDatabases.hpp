@@ -20,6 +20,9 @@ struct LoginDatabase {
     /// stands beside it.
     std::vector<std::pair<std::string, std::string>> files;
 
+    /// Whether changes of it were broken off, which SQLite rolls back.
+    [[nodiscard]] bool isBrokenOff() const;
+
     /// How many bytes all of the files have.
     [[nodiscard]] std::size_t size() const;
 

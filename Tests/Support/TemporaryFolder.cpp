@@ -1,8 +1,9 @@
 #include "Tests/Support/TemporaryFolder.hpp"
 
 #include <fstream>
-#include <iterator>
+#include <sstream>
 #include <stdexcept>
+#include <utility>
 
 #include <stdlib.h> // NOLINT(modernize-deprecated-headers): mkdtemp is POSIX
 
@@ -39,7 +40,9 @@ std::string contentsOf(const std::filesystem::path& file) {
     if (!stream) {
         throw std::runtime_error("cannot open " + file.string());
     }
-    return {std::istreambuf_iterator<char>(stream), {}};
+    std::ostringstream contents;
+    contents << stream.rdbuf();
+    return std::move(contents).str();
 }
 
 } // namespace Rellinor::Tests

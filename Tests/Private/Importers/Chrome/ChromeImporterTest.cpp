@@ -181,6 +181,19 @@ TEST(ChromeImporterTest, breaksALongPasswordIntoNoLines) {
               (Outcome{.passwords = {{"ann", std::string(4000, 'A'), "a"}}}));
 }
 
+TEST(ChromeImporterTest, importsAPasswordOfThirtyMegabytes) {
+    const Outcome outcome = import(
+        {login("'ann'", "CAST(replace(hex(zeroblob(3000000)), '00', '0123456789') || '!' AS BLOB)",
+               "'a'")});
+    std::string expected;
+    for (int thirtyBytes = 0; thirtyBytes < 1'000'000; ++thirtyBytes) {
+        expected += "MDEyMzQ1Njc4OTAxMjM0NTY3ODkwMTIzNDU2Nzg5";
+    }
+    ASSERT_EQ(outcome.passwords.size(), 1);
+    EXPECT_EQ(outcome.passwords[0].username, "ann");
+    EXPECT_TRUE(outcome.passwords[0].password == expected + "IQ=="); // too long to be shown
+}
+
 // Single records
 
 constexpr std::array<std::string_view, 3> columns = {"username_value", "origin_url",
