@@ -155,8 +155,8 @@ void SQLiteFileProxy::step(::sqlite3_stmt* statement, SQLiteGuard& guard, SQLite
 
 void SQLiteFileProxy::keepLittle() const noexcept {
     // Where that fails, the database cannot be read either.
-    ::sqlite3_exec(_dbp, "PRAGMA cache_size = 8; PRAGMA temp_store = MEMORY", nullptr, nullptr,
-                   nullptr);
+    ::sqlite3_exec(_dbp, "PRAGMA cache_size = 8; PRAGMA temp_store = MEMORY; PRAGMA mmap_size = 0",
+                   nullptr, nullptr, nullptr);
 }
 
 bool SQLiteFileProxy::prepareStatement(std::string_view query,

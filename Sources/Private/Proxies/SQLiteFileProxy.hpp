@@ -24,7 +24,8 @@ class SQLiteGuard;
 ///
 /// What an honest database has no use for is not read (`SQLiteGuard`). Nothing waits for a lock.
 /// Each select opens the file anew and leaves its statement behind: the library then keeps the
-/// connection, but no lock, to the end of the process.
+/// connection to the end of the process, but no lock that keeps anybody from reading or writing. Of
+/// a database with a write-ahead log nobody can change that mode meanwhile.
 class SQLiteFileProxy final : public SQLiteFileProxyType {
 public:
     /// Opens nothing yet.
