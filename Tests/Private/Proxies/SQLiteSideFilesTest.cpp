@@ -157,6 +157,18 @@ TEST_F(SQLiteSideFilesTest, isNotMadeHugeByAJournalThatDoesNotTellTheSizeOfPages
     EXPECT_EQ(contentsOf(path()), bytes());
 }
 
+TEST_F(SQLiteSideFilesTest, leavesWhatLiesBesideAnEmptyFile) {
+    (void)folder().file("notes", "");
+    for (const std::string file : {"notes", "missing"}) {
+        for (const std::string suffix : {"-journal", "-wal"}) {
+            const std::string beside = folder().file(file + suffix, "somebody's");
+            EXPECT_EQ(rows(folder() / file), 0U);
+            EXPECT_EQ(contentsOf(beside), "somebody's");
+            std::filesystem::remove(beside);
+        }
+    }
+}
+
 // What is no file
 
 TEST_F(SQLiteSideFilesTest, doesNotWaitForAPipe) {
