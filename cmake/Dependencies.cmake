@@ -20,7 +20,7 @@ else()
     find_package(Boost 1.81 REQUIRED COMPONENTS url)
 endif()
 
-find_package(SQLite3 REQUIRED)
+find_package(SQLite3 3.31 REQUIRED)
 find_package(PkgConfig REQUIRED)
 if(NOT TARGET PkgConfig::sodium)
     pkg_check_modules(sodium REQUIRED IMPORTED_TARGET libsodium)

@@ -1,7 +1,6 @@
 #include "Private/Proxies/SQLiteGuard.hpp"
 
 #include <algorithm>
-#include <climits>
 #include <new>
 #include <string_view>
 
@@ -15,7 +14,7 @@ namespace {
 // grow with the square of a statement. A browser's has some twenty objects, of less than 2 KB each.
 constexpr std::int64_t stepsForSchema = 1 << 12; // eight for an object
 constexpr std::int64_t pagesForSchema = 1 << 14;
-constexpr int longestObject = 1 << 14;
+constexpr std::int64_t longestObject = 1 << 14;
 constexpr int mostInstructions = 1 << 16;
 
 // An honest row takes about 20 steps and 14 bytes at least, and looks into few pages besides its
@@ -29,8 +28,10 @@ constexpr int stepsBetweenChecks = 1 << 9;
 constexpr int largestPage = 1 << 16;
 constexpr std::int64_t largestSize = std::int64_t{1} << 48U; // so that nothing overflows
 
-// A byte that is not UTF-8 is repaired to three.
+// A byte that is not UTF-8 is repaired to three. What comes of a value is shorter than 4 GiB.
 constexpr std::int64_t bytesForByte = 3;
+constexpr std::int64_t longestValue =
+    1'000'000'000; // SQLite's own limit, unless it is built with another
 
 /// A text as a literal of SQL.
 std::string literal(std::string_view text) {
@@ -118,15 +119,15 @@ bool SQLiteGuard::allowsSchema() {
     // One call of a function may take hours, which nothing can interrupt, and statistics that are
     // computed by calling it are read with the schema.
     const int mostArguments = ::sqlite3_limit(&_connection, SQLITE_LIMIT_FUNCTION_ARG, 0);
-    (void)::sqlite3_limit(&_connection, SQLITE_LIMIT_LENGTH, longestObject);
+    (void)::sqlite3_limit(&_connection, SQLITE_LIMIT_LENGTH, int{longestObject});
     if (!areAll(_connection, "SELECT rootpage FROM main.sqlite_master LIMIT 1",
                 [](::sqlite3_stmt* /*row*/) { return true; })) {
         return false;
     }
     (void)::sqlite3_limit(&_connection, SQLITE_LIMIT_FUNCTION_ARG, mostArguments);
     // Only damage makes a value longer than all of the database.
-    const std::int64_t longestValue = std::clamp<std::int64_t>(_size, longestObject, INT_MAX);
-    (void)::sqlite3_limit(&_connection, SQLITE_LIMIT_LENGTH, static_cast<int>(longestValue));
+    const auto length = static_cast<int>(std::clamp(_size, longestObject, longestValue));
+    (void)::sqlite3_limit(&_connection, SQLITE_LIMIT_LENGTH, length);
     (void)::sqlite3_set_authorizer(&_connection, &readsTable, this);
     return true;
 }

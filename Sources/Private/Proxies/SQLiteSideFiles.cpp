@@ -1,5 +1,6 @@
 #include "Private/Proxies/SQLiteSideFiles.hpp"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <string>
@@ -72,7 +73,7 @@ std::optional<std::int64_t> sizeOfDatabase(::sqlite3& connection) {
     if ((ownSize == 0 && size > 0) || !isHarmless(journal, *sizeOfJournal, size * largestGrowth)) {
         return std::nullopt;
     }
-    return static_cast<std::int64_t>(size);
+    return static_cast<std::int64_t>(std::min<std::uint64_t>(size, INT64_MAX));
 }
 
 } // namespace Rellinor

@@ -22,12 +22,12 @@ public:
 
     explicit SQLiteValue(float number) noexcept : _content{.number = number}, _type(Type::number) {}
 
-    /// @param text  as long as SQLite allows, less than 2 GiB
+    /// @param text  less than 4 GiB
     explicit SQLiteValue(std::string_view text) noexcept
         : _content{.bytes = text.data()}, _size(static_cast<std::uint32_t>(text.size())),
           _type(Type::text) {}
 
-    /// @param blob  as long as SQLite allows, less than 2 GiB
+    /// @param blob  less than 4 GiB
     explicit SQLiteValue(std::span<const char> blob) noexcept
         : _content{.bytes = blob.data()}, _size(static_cast<std::uint32_t>(blob.size())),
           _type(Type::blob) {}
