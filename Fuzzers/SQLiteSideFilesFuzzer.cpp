@@ -9,6 +9,7 @@
 #include "Fuzzers/Driver/Fuzzer.hpp"
 #include "Fuzzers/Driver/InputFile.hpp"
 #include "Private/Proxies/SQLiteFileProxy.hpp"
+#include "Tests/Support/SQLiteBytes.hpp"
 
 namespace Rellinor::Fuzzers {
 
@@ -18,24 +19,6 @@ constexpr std::string_view bystanders = "somebody's";
 
 std::size_t byteAt(std::string_view input, std::size_t place) {
     return static_cast<unsigned char>(input[place]);
-}
-
-/// A number of four bytes.
-std::string number(std::size_t value) {
-    std::string bytes;
-    for (const unsigned shift : {24U, 16U, 8U, 0U}) {
-        bytes += static_cast<char>(value >> shift & 0xFFU);
-    }
-    return bytes;
-}
-
-/// What a journal ends with that has SQLite delete a file.
-std::string recordNaming(const std::string& file) {
-    std::size_t sum = 0;
-    for (const char character : file) {
-        sum += static_cast<unsigned char>(character);
-    }
-    return file + number(file.size()) + number(sum) + "\xD9\xD5\x05\xF9\x20\xA1\x63\xD7";
 }
 
 void select(const std::string& path) {
@@ -67,7 +50,7 @@ void fuzz(std::string_view input) {
     const std::string_view files = input.substr(3);
     std::string beside(files.substr(std::min(size, files.size())));
     if (namesBystander) {
-        beside += recordNaming(bystander.path());
+        beside += Tests::journalEndNaming(bystander.path());
     }
 
     database.write(files.substr(0, size));

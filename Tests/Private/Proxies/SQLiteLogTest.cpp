@@ -10,6 +10,7 @@
 
 #include "Private/Proxies/SQLiteFileProxy.hpp"
 #include "Tests/Support/Database.hpp"
+#include "Tests/Support/SQLiteBytes.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 
 namespace Rellinor::Tests {
@@ -19,14 +20,6 @@ namespace {
 using Rows = std::vector<Values>;
 
 constexpr std::size_t pageSize = 512;
-
-std::string number(std::size_t value, std::size_t size = 4) {
-    std::string bytes(size, '\0');
-    for (; size > 0; value >>= 8U) {
-        bytes[--size] = static_cast<char>(value & 0xFFU);
-    }
-    return bytes;
-}
 
 /// A number of seven bits to a byte, of which all but the last have the eighth.
 std::string shortNumber(std::size_t value) {
@@ -40,13 +33,17 @@ std::string shortNumber(std::size_t value) {
 /// A log whose checksums are right.
 class Log {
 public:
-    Log() { add(number(0x377F0683) + number(3007000) + number(pageSize) + number(0) + salt, ""); }
+    Log() {
+        add(sqliteNumber(0x377F0683) + sqliteNumber(3007000) + sqliteNumber(pageSize) +
+                sqliteNumber(0) + salt,
+            "");
+    }
 
     /// @param pagesOfAll  how many the database is said to have from now on; 0 if more pages follow
     void addPage(std::size_t page, std::size_t pagesOfAll, const std::string& contents) {
-        const std::string header = number(page) + number(pagesOfAll);
+        const std::string header = sqliteNumber(page) + sqliteNumber(pagesOfAll);
         sum(header + contents);
-        _bytes += header + salt + number(_one) + number(_other) + contents;
+        _bytes += header + salt + sqliteNumber(_one) + sqliteNumber(_other) + contents;
     }
 
     [[nodiscard]] const std::string& bytes() const { return _bytes; }
@@ -56,7 +53,7 @@ private:
 
     void add(const std::string& header, const std::string& rest) {
         sum(header);
-        _bytes += header + number(_one) + number(_other) + rest;
+        _bytes += header + sqliteNumber(_one) + sqliteNumber(_other) + rest;
     }
 
     void sum(std::string_view bytes) {
@@ -91,10 +88,10 @@ std::string pageWithLongText(std::size_t length) {
     const std::size_t wanted = least + (payload - least) % (pageSize - 4);
     const std::size_t local = wanted <= most ? wanted : least;
     const std::string cell = shortNumber(payload) + shortNumber(1) + header +
-                             std::string(local - header.size(), 'x') + number(3);
+                             std::string(local - header.size(), 'x') + sqliteNumber(3);
     const std::size_t place = pageSize - cell.size();
-    std::string page = number(13, 1) + number(0, 2) + number(1, 2) + number(place, 2) +
-                       number(0, 1) + number(place, 2);
+    std::string page = sqliteNumber(13, 1) + sqliteNumber(0, 2) + sqliteNumber(1, 2) +
+                       sqliteNumber(place, 2) + sqliteNumber(0, 1) + sqliteNumber(place, 2);
     page.resize(place);
     return page + cell;
 }
@@ -110,12 +107,12 @@ Rows readWithLongText(std::size_t length, std::size_t pagesOfAll, std::size_t af
         database(folder, {"PRAGMA page_size = 512", "CREATE TABLE t (a, b)",
                           "CREATE TABLE filler (v)", "PRAGMA journal_mode = WAL"});
     std::string first = contentsOf(path).substr(0, pageSize);
-    first.replace(28, 4, number(pagesOfAll));
+    first.replace(28, 4, sqliteNumber(pagesOfAll));
     Log log;
     log.addPage(1, 0, first);
     log.addPage(2, 0, pageWithLongText(length));
-    log.addPage(3, 0, number(afterThird) + std::string(pageSize - 4, 'x'));
-    log.addPage(4, pagesOfAll, number(0) + std::string(pageSize - 4, 'x'));
+    log.addPage(3, 0, sqliteNumber(afterThird) + std::string(pageSize - 4, 'x'));
+    log.addPage(4, pagesOfAll, sqliteNumber(0) + std::string(pageSize - 4, 'x'));
     (void)folder.file("database-wal", log.bytes());
 
     ImportMemory memory;

@@ -3,9 +3,7 @@
 #include "Private/Proxies/SQLiteSideFiles.hpp"
 
 #include <cstddef>
-#include <cstdint>
 #include <filesystem>
-#include <fstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,6 +13,7 @@
 
 #include "Private/Proxies/SQLiteFileProxy.hpp"
 #include "Tests/Support/Database.hpp"
+#include "Tests/Support/SQLiteBytes.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 
 namespace Rellinor::Tests {
@@ -27,23 +26,15 @@ using Rows = std::vector<Values>;
 
 constexpr std::size_t pageSize = 4096;
 constexpr std::size_t sectorSize = 512;
-constexpr std::string_view magic = "\xD9\xD5\x05\xF9\x20\xA1\x63\xD7";
-
-std::string number(std::size_t value) {
-    std::string bytes;
-    for (const unsigned shift : {24U, 16U, 8U, 0U}) {
-        bytes += static_cast<char>(value >> shift & 0xFFU);
-    }
-    return bytes;
-}
 
 /// The beginning of a journal.
 ///
 /// @param records  how many pages follow
 /// @param pages    how many the database had
 std::string header(std::size_t records, std::size_t pages) {
-    std::string bytes(magic);
-    bytes += number(records) + number(0) + number(pages) + number(sectorSize) + number(pageSize);
+    std::string bytes(journalMagic);
+    bytes += sqliteNumber(records) + sqliteNumber(0) + sqliteNumber(pages) +
+             sqliteNumber(sectorSize) + sqliteNumber(pageSize);
     bytes.resize(sectorSize);
     return bytes;
 }
@@ -58,7 +49,7 @@ std::string wholeJournal(std::string_view database) {
         for (std::size_t place = pageSize - 200; place < pageSize; place -= 200) {
             sum += static_cast<unsigned char>(bytes[place]);
         }
-        journal += number(page + 1) + std::string(bytes) + number(sum);
+        journal += sqliteNumber(page + 1) + std::string(bytes) + sqliteNumber(sum);
     }
     return journal;
 }
@@ -114,7 +105,7 @@ TEST_F(SQLiteSideFilesTest, playsAJournalBackThatMakesTheDatabaseLarger) {
 }
 
 TEST_F(SQLiteSideFilesTest, doesNotMindWhatIsNoJournal) {
-    for (const std::string_view text : {""sv, "\0"sv, "x"sv, magic.substr(0, 7)}) {
+    for (const std::string_view text : {""sv, "\0"sv, "x"sv, journalMagic.substr(0, 7)}) {
         (void)folder().file("database-journal", text);
         EXPECT_EQ(rows(), allRows) << text.size();
         EXPECT_EQ(contentsOf(path()), bytes());
@@ -125,12 +116,8 @@ TEST_F(SQLiteSideFilesTest, doesNotMindWhatIsNoJournal) {
 
 TEST_F(SQLiteSideFilesTest, deletesNoFileThatAJournalNames) {
     const std::string victim = folder().file("victim", "somebody's");
-    std::size_t sum = 0;
-    for (const char character : victim) {
-        sum += static_cast<unsigned char>(character);
-    }
-    const std::string pageOfLocks = number((std::size_t{1} << 30U) / pageSize + 1);
-    const std::string name = victim + number(victim.size()) + number(sum) + std::string(magic);
+    const std::string pageOfLocks = sqliteNumber((std::size_t{1} << 30U) / pageSize + 1);
+    const std::string name = journalEndNaming(victim);
     const std::string beginning = header(0, bytes().size() / pageSize) + pageOfLocks;
     for (const std::string& journal : {beginning + name, name}) { // SQLite takes either
         (void)folder().file("database-journal", journal);
@@ -151,7 +138,7 @@ TEST_F(SQLiteSideFilesTest, isNotMadeHugeByAJournal) {
 
 TEST_F(SQLiteSideFilesTest, isNotMadeHugeByAJournalThatDoesNotTellTheSizeOfPages) {
     std::string journal = header(0, std::size_t{1} << 20U);
-    journal.replace(24, 4, number(0));
+    journal.replace(24, 4, sqliteNumber(0));
     (void)folder().file("database-journal", journal);
     EXPECT_EQ(rows(), 0U);
     EXPECT_EQ(contentsOf(path()), bytes());
