@@ -1,6 +1,5 @@
 // Databases that are cut short. (Those with flipped bits are read by Flips.cpp.)
 
-#include <algorithm>
 #include <cstddef>
 #include <string>
 
@@ -16,12 +15,6 @@ namespace Rellinor::Tests {
 namespace {
 
 constexpr std::size_t sector = 512;
-
-/// Whether the logins are the first ones of others.
-bool isBeginningOf(const Outcome& part, const Outcome& whole) {
-    return !part.error && part.passwords.size() <= whole.passwords.size() &&
-           std::equal(part.passwords.begin(), part.passwords.end(), whole.passwords.begin());
-}
 
 /// How large the pages are, as the beginning of the database has it.
 std::size_t pageSizeOf(const LoginDatabase& database) {

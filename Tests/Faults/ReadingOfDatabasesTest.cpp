@@ -98,13 +98,6 @@ private:
     std::size_t _reads = 0;
 };
 
-/// Whether the logins are the first ones of others.
-bool isBeginningOf(const Outcome& part, const Outcome& whole) {
-    return !part.error && part.notes.empty() && part.cards.empty() &&
-           part.passwords.size() <= whole.passwords.size() &&
-           std::equal(part.passwords.begin(), part.passwords.end(), whole.passwords.begin());
-}
-
 /// Whether a text is the same as another up to some place, and what it goes on with is zeros in
 /// Base64.
 bool endsInZeros(std::string_view text, std::string_view whole) {
@@ -117,17 +110,17 @@ bool endsInZeros(std::string_view text, std::string_view whole) {
     return rest.find_first_not_of("A=") == std::string_view::npos;
 }
 
+bool isBeginning(const Outcome& part, const Outcome& whole) {
+    return isBeginningOf(part, whole);
+}
+
 /// Whether the logins are the first ones of others but for zeros at the end of what they hold. For
 /// a page that is beyond the end of the file, SQLite takes zeros.
 bool isBeginningWithZeros(const Outcome& part, const Outcome& whole) {
-    return !part.error && part.notes.empty() && part.cards.empty() &&
-           part.passwords.size() <= whole.passwords.size() &&
-           std::equal(part.passwords.begin(), part.passwords.end(), whole.passwords.begin(),
-                      [](const Password& login, const Password& other) {
-                          return endsInZeros(login.username, other.username) &&
-                                 endsInZeros(login.password, other.password) &&
-                                 endsInZeros(login.url, other.url);
-                      });
+    return isBeginningOf(part, whole, [](const Password& login, const Password& other) {
+        return endsInZeros(login.username, other.username) &&
+               endsInZeros(login.password, other.password) && endsInZeros(login.url, other.url);
+    });
 }
 
 /// A login that comes later than all others, and how it gets into the database.
@@ -202,7 +195,7 @@ TEST_F(ReadingOfDatabasesTest, giveTheirBeginningIfAReadFails) {
     const auto failing = [](const Reading& reading, const Read&) {
         return Read::failing(reading.reads() % 2 == 0 ? EIO : EAGAIN);
     };
-    EXPECT_GT(expectOfEach(readDatabases(), failing, isBeginningOf), affordable(100U));
+    EXPECT_GT(expectOfEach(readDatabases(), failing, isBeginning), affordable(100U));
 }
 
 TEST_F(ReadingOfDatabasesTest, giveTheirBeginningIfAReadEndsEarly) {

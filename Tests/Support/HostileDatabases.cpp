@@ -120,4 +120,12 @@ std::vector<LoginDatabase> loginDatabases() {
     };
 }
 
+bool isBeginningOf(const Outcome& part, const Outcome& whole,
+                   const std::function<bool(const Password&, const Password&)>& isSame) {
+    return !part.error && part.notes.empty() && part.cards.empty() &&
+           part.passwords.size() <= whole.passwords.size() &&
+           std::equal(part.passwords.begin(), part.passwords.end(), whole.passwords.begin(),
+                      isSame);
+}
+
 } // namespace Rellinor::Tests

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -7,6 +8,7 @@
 
 #include <Rellinor/Models/ImportSource.hpp>
 
+#include "Tests/Support/Records.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 
 namespace Rellinor::Tests {
@@ -39,5 +41,10 @@ struct LoginDatabase {
 /// Databases of both browsers with all that there is in a file: indexes, texts that go over pages,
 /// pages that are free, other encodings, logs and broken-off changes.
 [[nodiscard]] std::vector<LoginDatabase> loginDatabases();
+
+/// Whether an import gave logins alone, and these are the first ones of another.
+[[nodiscard]] bool isBeginningOf(
+    const Outcome& part, const Outcome& whole,
+    const std::function<bool(const Password&, const Password&)>& isSame = std::equal_to());
 
 } // namespace Rellinor::Tests
