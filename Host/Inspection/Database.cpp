@@ -114,8 +114,9 @@ void Database::Closer::operator()(::sqlite3* connection) const noexcept {
 }
 
 Database::Database(const std::string& path) {
+    const std::string target = resolved(path);
     for (const std::string suffix : {"-journal", "-wal"}) {
-        if (isNoFile(resolved(path) + suffix)) {
+        if (isNoFile(target + suffix)) {
             _problem = "what is called " + suffix + " beside it is no file: take it away";
             return;
         }

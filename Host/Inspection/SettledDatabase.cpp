@@ -31,11 +31,10 @@ void settleDatabase(Inspection& inspection, const std::string& path, const Datab
     } else if (!database.problem().empty()) {
         addWrong(std::string(database.problem()));
     } else if (!settleCount(inspection, logins, result)) {
-        if (cannotHaveItsLog(path)) {
-            addWrong("it cannot be read in a folder that may not be written to: copy it elsewhere");
-            return;
-        }
-        addWrong("the database was locked or changed meanwhile: close the browser and try again");
+        addWrong(
+            cannotHaveItsLog(path)
+                ? "it cannot be read in a folder that may not be written to: copy it elsewhere"
+                : "the database was locked or changed meanwhile: close the browser and try again");
     } else if (hasChangesBeside(path)) {
         addWrong("its latest changes stand in the file -wal beside it: close the browser, or keep "
                  "the two files together");

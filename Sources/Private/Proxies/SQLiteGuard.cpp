@@ -30,8 +30,7 @@ constexpr std::int64_t largestSize = std::int64_t{1} << 48U; // so that nothing 
 
 // A byte that is not UTF-8 is repaired to three. What comes of a value is shorter than 4 GiB.
 constexpr std::int64_t bytesForByte = 3;
-constexpr std::int64_t longestValue =
-    1'000'000'000; // SQLite's own limit, unless it is built with another
+constexpr std::int64_t longestValue = 1'000'000'000; // as SQLite has it by default
 
 /// A text as a literal of SQL.
 std::string literal(std::string_view text) {
@@ -95,7 +94,6 @@ SQLiteGuard::SQLiteGuard(::sqlite3& connection, std::int64_t size) noexcept
     : _connection(connection), _size(std::min(size, largestSize)), _stepsLeft(stepsForSchema),
       _pagesLeft(pagesForSchema), _bytesLeft(_size * bytesForByte) {
     const auto set = [&](int option, int value) {
-        // An older SQLite does without those that it does not know.
         (void)::sqlite3_db_config(&connection, option, value, nullptr); // NOLINT(*-vararg)
     };
     set(SQLITE_DBCONFIG_DEFENSIVE, 1);
