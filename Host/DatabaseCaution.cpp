@@ -9,6 +9,8 @@
 
 #include <sqlite3.h>
 
+#include "Host/DatabaseSideFile.hpp"
+
 namespace Rellinor::Host {
 
 namespace {
@@ -78,7 +80,7 @@ DatabaseCaution::DatabaseCaution(::sqlite3& connection, const std::string& path)
     ::sqlite3_progress_handler(&connection, stepsBetweenChecks, &takesSteps, this);
     // If the schema cannot be read, no later statement will get further.
     if (firstNumber(connection, "SELECT count(*) FROM sqlite_master")) {
-        const std::int64_t size = sizeOf(path) + sizeOf(path + "-wal");
+        const std::int64_t size = sizeOf(path) + sizeOf(databaseSideFile(path, "-wal"));
         const std::int64_t longestValue = std::clamp<std::int64_t>(size, longestObject, INT_MAX);
         (void)::sqlite3_limit(&connection, SQLITE_LIMIT_LENGTH, static_cast<int>(longestValue));
         const int pageSize = firstNumber(connection, "PRAGMA page_size").value_or(1 << 16);

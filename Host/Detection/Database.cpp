@@ -10,6 +10,7 @@
 
 #include "Host/DatabaseAddress.hpp"
 #include "Host/DatabaseCaution.hpp"
+#include "Host/DatabaseSideFile.hpp"
 #include "Host/Detection/Recognisers.hpp"
 
 namespace Rellinor::Host {
@@ -102,7 +103,7 @@ private:
 bool isInUse(const std::string& path) {
     for (const std::string_view suffix : {"-wal", "-journal"}) {
         std::error_code error;
-        if (std::filesystem::file_size(path + std::string(suffix), error) > 0 && !error) {
+        if (std::filesystem::file_size(databaseSideFile(path, suffix), error) > 0 && !error) {
             return true;
         }
     }

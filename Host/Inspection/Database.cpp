@@ -12,6 +12,7 @@
 #include <unistd.h>
 
 #include "Host/DatabaseAddress.hpp"
+#include "Host/DatabaseSideFile.hpp"
 #include "Host/FileContents.hpp"
 #include "Host/Letters.hpp"
 
@@ -30,13 +31,6 @@ bool isNoFile(const std::string& path) {
     std::error_code error;
     const std::filesystem::file_status status = std::filesystem::symlink_status(path, error);
     return std::filesystem::exists(status) && !std::filesystem::is_regular_file(status);
-}
-
-/// The path without links: what belongs to a database stands beside what they lead to.
-std::string resolved(const std::string& path) {
-    std::error_code error;
-    const std::filesystem::path target = std::filesystem::canonical(path, error);
-    return error ? path : target.string();
 }
 
 /// What the beginning of a database tells.
@@ -114,21 +108,20 @@ void Database::Closer::operator()(::sqlite3* connection) const noexcept {
 }
 
 Database::Database(const std::string& path) {
-    const std::string target = resolved(path);
     for (const std::string suffix : {"-journal", "-wal"}) {
-        if (isNoFile(target + suffix)) {
+        if (isNoFile(databaseSideFile(path, suffix))) {
             _problem = "what is called " + suffix + " beside it is no file: take it away";
             return;
         }
     }
     const Header header = headerOf(path);
-    const bool hasLog = header.hasWriteAheadLog && sizeOf(path + "-wal") > 0;
+    const bool hasLog = hasChangesBeside(path);
     if (sizeOf(path) % header.pageSize != 0) {
         _problem = "the file is cut short: copy it again";
         return;
     }
     // To read the log, SQLite would make an index of it.
-    if (hasLog && sizeOf(path + "-shm") == 0) {
+    if (hasLog && sizeOf(databaseSideFile(path, "-shm")) == 0) {
         _problem = changesBeside;
         return;
     }
@@ -238,12 +231,12 @@ void Database::fail(int code) {
 }
 
 bool cannotHaveItsLog(const std::string& path) {
-    const std::filesystem::path folder = std::filesystem::path(resolved(path)).parent_path();
-    return headerOf(path).hasWriteAheadLog && ::access(folder.c_str(), W_OK) != 0;
+    const std::filesystem::path log = databaseSideFile(path, "-wal");
+    return headerOf(path).hasWriteAheadLog && ::access(log.parent_path().c_str(), W_OK) != 0;
 }
 
 bool hasChangesBeside(const std::string& path) {
-    return headerOf(path).hasWriteAheadLog && sizeOf(path + "-wal") > 0;
+    return headerOf(path).hasWriteAheadLog && sizeOf(databaseSideFile(path, "-wal")) > 0;
 }
 
 } // namespace Rellinor::Host

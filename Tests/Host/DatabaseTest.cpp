@@ -124,6 +124,22 @@ TEST(DatabaseTest, readsTheLogOfAnotherProcess) {
     EXPECT_TRUE(hasChangesBeside(path));
 }
 
+TEST(DatabaseTest, readsTheLogBesideWhatALinkLeadsTo) {
+    const TemporaryFolder folder;
+    const std::string path = folder / "database";
+    const Tests::OtherProcess browser([&] {
+        auto* const connection = new Connection(path); // not closed before the process ends
+        connection->execute(
+            {"PRAGMA journal_mode = WAL", "CREATE TABLE t (a)", "INSERT INTO t VALUES (1), (2)"});
+    });
+    const TemporaryFolder other;
+    const std::string link = other / "link";
+    std::filesystem::create_symlink(path, link);
+    Database database(link);
+    EXPECT_EQ(rowsOf(database), 2U);
+    EXPECT_TRUE(hasChangesBeside(link));
+}
+
 TEST(DatabaseTest, makesNoIndexOfALog) {
     const TemporaryFolder folder;
     const std::string path = folder / "database";

@@ -118,8 +118,12 @@ TEST_F(DetectionOfDatabasesTest, asksToCloseWhatKeepsItsTablesBesideTheFile) {
     const Connection other(path);
     other.execute("PRAGMA journal_mode = WAL;");
     other.execute(chromeTable);
-    EXPECT_EQ(detectedAt(path), "unknown; a SQLite database with changes beside it; close the "
-                                "program that uses it, and try again");
+    const std::string link = folder() / "link";
+    std::filesystem::create_symlink(path, link);
+    for (const std::string& name : {path, link}) {
+        EXPECT_EQ(detectedAt(name), "unknown; a SQLite database with changes beside it; close the "
+                                    "program that uses it, and try again");
+    }
 }
 
 TEST_F(DetectionOfDatabasesTest, leavesNothingBeside) {
