@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <new>
 #include <ostream>
+#include <sstream>
 #include <string_view>
 
 #include <Rellinor/Rellinor.hpp>
@@ -89,7 +90,10 @@ bool check(const std::string& path, ImportSource source, std::ostream& out) {
     RecordsImporter().records(URL::fileURLWithPath(path), source, [&](const RecordsResult& result) {
         try {
             const Inspection inspection = inspect(path, source, result);
-            write(result, inspection, out);
+            std::ostringstream told; // all of it, or nothing if memory runs out meanwhile
+            told.exceptions(std::ios::badbit);
+            write(result, inspection, told);
+            out << told.view();
             clean = isClean(result, inspection);
         } catch (const std::bad_alloc&) {
             out << "\n  there is not enough memory to tell more\n";

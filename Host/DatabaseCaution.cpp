@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <climits>
 #include <filesystem>
-#include <optional>
 #include <string_view>
 #include <system_error>
 
 #include <sqlite3.h>
 
+#include "Host/DatabaseNumber.hpp"
 #include "Host/DatabaseSideFile.hpp"
 
 namespace Rellinor::Host {
@@ -35,18 +35,6 @@ std::int64_t sizeOf(const std::string& path) {
     const auto size = std::filesystem::file_size(path, error);
     constexpr std::uintmax_t largest = std::uintmax_t{1} << 48U; // so that nothing overflows
     return error ? 0 : static_cast<std::int64_t>(std::min(size, largest));
-}
-
-/// The first number that a query gives; absent if it fails.
-std::optional<int> firstNumber(::sqlite3& connection, const char* query) noexcept {
-    ::sqlite3_stmt* statement = nullptr;
-    (void)::sqlite3_prepare_v2(&connection, query, -1, &statement, nullptr);
-    std::optional<int> number;
-    if (statement != nullptr && ::sqlite3_step(statement) == SQLITE_ROW) {
-        number = ::sqlite3_column_int(statement, 0);
-    }
-    (void)::sqlite3_finalize(statement);
-    return number;
 }
 
 /// How many pages were looked into since this was last asked.

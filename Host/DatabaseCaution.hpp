@@ -14,6 +14,7 @@ namespace Rellinor::Host {
 class DatabaseCaution {
 public:
     /// @param connection  to the database at `path`; closed before this ends
+    /// @throws std::bad_alloc
     DatabaseCaution(::sqlite3& connection, const std::string& path);
     DatabaseCaution(const DatabaseCaution&) = delete;
     DatabaseCaution& operator=(const DatabaseCaution&) = delete;

@@ -1,12 +1,22 @@
 #include "Host/FileContents.hpp"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdint>
 #include <filesystem>
-#include <fstream>
+#include <new>
 #include <system_error>
 
 namespace Rellinor::Host {
+
+std::ifstream openedFile(const std::string& path) {
+    errno = 0;
+    std::ifstream file(path, std::ios::binary);
+    if (!file && errno == ENOMEM) {
+        throw std::bad_alloc();
+    }
+    return file;
+}
 
 std::optional<std::string> contentsOf(const std::string& path, std::size_t limit) {
     std::error_code error;
@@ -14,7 +24,7 @@ std::optional<std::string> contentsOf(const std::string& path, std::size_t limit
         return std::nullopt;
     }
     const std::uintmax_t size = std::filesystem::file_size(path, error);
-    std::ifstream file(path, std::ios::binary);
+    std::ifstream file = openedFile(path);
     if (error || !file) {
         return std::nullopt;
     }

@@ -2,6 +2,7 @@
 #include <fstream>
 
 #include "Host/Detection/Recognisers.hpp"
+#include "Host/FileContents.hpp"
 
 namespace Rellinor::Host {
 
@@ -65,7 +66,8 @@ bool names(std::string_view bytes, const Header& header, std::string_view name) 
 
 /// The last bytes of a file.
 std::string endOf(const std::string& path) {
-    std::ifstream file(path, std::ios::binary | std::ios::ate);
+    std::ifstream file = openedFile(path);
+    file.seekg(0, std::ios::end);
     const std::streamoff size = file.tellg();
     if (size <= 0) {
         return {};

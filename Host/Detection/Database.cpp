@@ -2,6 +2,7 @@
 #include <array>
 #include <filesystem>
 #include <memory>
+#include <new>
 #include <optional>
 #include <span>
 #include <system_error>
@@ -10,6 +11,7 @@
 
 #include "Host/DatabaseAddress.hpp"
 #include "Host/DatabaseCaution.hpp"
+#include "Host/DatabaseNumber.hpp"
 #include "Host/DatabaseSideFile.hpp"
 #include "Host/Detection/Recognisers.hpp"
 
@@ -47,8 +49,6 @@ constexpr DatabaseLayout layouts[] = {
      .advice = giveTheFolder},
 };
 
-using Statement = std::unique_ptr<::sqlite3_stmt, decltype(&::sqlite3_finalize)>;
-
 /// A database as its file stands: nothing is locked, written or left beside it.
 class Database {
 public:
@@ -58,26 +58,18 @@ public:
         const int result =
             ::sqlite3_open_v2(immutableAddress(path).c_str(), &connection, flags, nullptr);
         _connection.reset(connection);
+        if (result == SQLITE_NOMEM) {
+            throw std::bad_alloc();
+        }
         if (result == SQLITE_OK) {
             _caution.emplace(*connection, path);
         }
     }
 
-    /// The first value of the first row, as a number; absent if the statement fails or has no row.
+    /// The number that a query gives; absent if the database cannot be read.
     [[nodiscard]] std::optional<int>
-    number(std::string_view text, std::span<const std::string_view> arguments = {}) const {
-        ::sqlite3_stmt* prepared = nullptr;
-        ::sqlite3_prepare_v2(_connection.get(), text.data(), static_cast<int>(text.size()),
-                             &prepared, nullptr);
-        const Statement statement(prepared, &::sqlite3_finalize);
-        int place = 0;
-        for (const std::string_view argument : arguments) {
-            ::sqlite3_bind_text(prepared, ++place, argument.data(),
-                                static_cast<int>(argument.size()), SQLITE_STATIC);
-        }
-        return prepared != nullptr && ::sqlite3_step(prepared) == SQLITE_ROW
-                   ? std::optional(::sqlite3_column_int(prepared, 0))
-                   : std::nullopt;
+    number(std::string_view query, std::span<const std::string_view> arguments = {}) const {
+        return _caution ? firstNumber(*_connection, query, arguments) : std::nullopt;
     }
 
     /// Whether there is such a table: a view, or one that an extension makes up, is none.

@@ -1,3 +1,5 @@
+#include <filesystem>
+#include <new>
 #include <system_error>
 #include <vector>
 
@@ -64,6 +66,17 @@ Detection profile(const fs::path& folder) {
             .advice = {}};
 }
 
+/// The first entry of a folder; of none that is absent or cannot be read.
+///
+/// @throws std::bad_alloc
+fs::directory_iterator firstEntry(const fs::path& folder, std::error_code& error) {
+    fs::directory_iterator first(folder, error);
+    if (error == std::errc::not_enough_memory) {
+        throw std::bad_alloc();
+    }
+    return first;
+}
+
 /// How many of the folders in one are profiles.
 std::size_t countOfProfiles(const fs::path& folder) {
     constexpr std::size_t most = 10'000; // entries looked at
@@ -71,7 +84,8 @@ std::size_t countOfProfiles(const fs::path& folder) {
     std::error_code error;
     std::size_t count = 0;
     std::size_t looked = 0;
-    for (fs::directory_iterator entry(folder, error), end; !error && entry != end && looked < most;
+    for (auto entry = firstEntry(folder, error);
+         !error && entry != fs::directory_iterator() && looked < most;
          entry.increment(error), ++looked) {
         if (isProfile(entry->path())) {
             ++count;
@@ -87,7 +101,7 @@ Detection detectFolder(const fs::path& folder) {
         return profile(folder);
     }
     std::error_code error;
-    const fs::directory_iterator first(folder, error);
+    const fs::directory_iterator first = firstEntry(folder, error);
     if (error) {
         return unknown("a folder that cannot be read");
     }

@@ -9,6 +9,7 @@
 #include <boost/json/parse_options.hpp>
 
 #include "Host/Detection/Recognisers.hpp"
+#include "Host/FileContents.hpp"
 
 namespace Rellinor::Host {
 
@@ -144,7 +145,7 @@ Document read(const std::string& path) {
     strict.max_depth = deepestNesting;
     boost::json::basic_parser<Handler> parser(strict);
     boost::json::error_code error;
-    std::ifstream file(path, std::ios::binary);
+    std::ifstream file = openedFile(path);
     std::string piece(sizeOfBeginning, '\0');
     bool isParsed = true;
     while (isParsed && file) {

@@ -1,6 +1,7 @@
 #include <fstream>
 
 #include "Host/Detection/Recognisers.hpp"
+#include "Host/FileContents.hpp"
 
 namespace Rellinor::Host {
 
@@ -46,7 +47,8 @@ std::optional<Detection> detectRecordLines(const std::string& path, std::string_
     if (!hasRecordLine(beginning)) {
         return std::nullopt;
     }
-    std::ifstream file(path, std::ios::binary);
+    std::ifstream file = openedFile(path);
+    file.exceptions(std::ios::badbit); // a line that lacks memory would look like the end
     bool hasRecord = false;
     bool hasSeparator = false;
     for (std::string line; (!hasRecord || !hasSeparator) && std::getline(file, line);) {

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <new>
 #include <optional>
 #include <system_error>
 #include <vector>
@@ -208,6 +209,8 @@ void Database::forEachRow(const std::string& query,
 
 void Database::fail(int code) {
     switch (code) {
+    case SQLITE_NOMEM:
+        throw std::bad_alloc();
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
         _problem = "the database is locked: close the browser and try again";

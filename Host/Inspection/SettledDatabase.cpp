@@ -30,7 +30,7 @@ void settleDatabase(Inspection& inspection, const std::string& path, const Datab
                  " could be read");
     } else if (!database.problem().empty()) {
         addWrong(std::string(database.problem()));
-    } else if (!settleCount(inspection, logins, result)) {
+    } else if (!settleCount(inspection, logins, result) && result) {
         addWrong(
             cannotHaveItsLog(path)
                 ? "it cannot be read in a folder that may not be written to: copy it elsewhere"

@@ -6,6 +6,7 @@ FAILING_MEMORY is the library of Faults/failing-memory.c. Each STEP-th request f
 import json
 import os
 import resource
+import shutil
 import signal
 import sys
 
@@ -71,6 +72,7 @@ class Memory(FaultCase):
                     self.assertIn(ended.returncode, (0, 1, 2), what)
                     if ended.returncode == 0:
                         self.assertEqual(ended.stdout, whole.stdout, what)
+                        self.assertIn(ended.stderr, ("", whole.stderr), what)
                     elif ended.returncode == 1:
                         error = json.loads(ended.stdout)["error"]
                         self.assertEqual(error["domain"], "Rellinor.UnexpectedError", what)
@@ -80,15 +82,37 @@ class Memory(FaultCase):
                         told += 1
         self.assertGreater(told, 50 // STEP)
 
+    def test_lack_of_memory_never_leads_to_something_untrue(self):
+        """It is told, as the tool's own or as the import's error, or everything is as usual."""
+        told, modes = 0, ({}, {"RELLINOR_FAILING_ON": "1"})
+        first = max(map(self.first_request, modes))
+        for source, store in STORES:
+            for command in (("check", "--source", source), ("detect",)):
+                arguments = (*command, EXPORTS / store)
+                requests = self.folder / "requests"
+                usual = self.run_tool(*arguments, environment={
+                    "LD_PRELOAD": FAILING_MEMORY, "RELLINOR_REQUESTS": str(requests)})
+                for mode in modes:
+                    for number in range(first, int(requests.read_text()) + 1, STEP):
+                        ended = self.refusing(number, mode, *arguments)
+                        if ended.stdout != usual.stdout:
+                            self.assertNotEqual(ended.returncode, 0)
+                            self.assertRegex(ended.stdout + ended.stderr,
+                                             "there is not enough memory|Rellinor.UnexpectedError",
+                                             (arguments, number, mode))
+                            told += 1
+        self.assertGreater(told, 50 // STEP)
+
     def test_a_file_that_is_too_large_is_told(self):
-        for source in SOURCES:
-            file, imported = self.file_of(source, self.folder)
+        files = [(source, *self.file_of(source, self.folder)) for source in SOURCES]
+        files.append(("firefox", self.folder / "signons.sqlite", self.folder))
+        for source, file, imported in files:
             with open(file, "wb") as stream:
                 stream.truncate(5 << 30)
             limit = limited(resource.RLIMIT_AS, 1 << 30)
             ended = self.run_tool("import", "--source", source, "--format", "json", imported,
                                   preexec_fn=limit)
-            if source == "chrome":  # not read as a whole, and no database
+            if file.name == "signons.sqlite" or source == "chrome":  # read in parts, and no database
                 self.assertEqual((ended.returncode, json.loads(ended.stdout)["passwords"]), (0, []))
             elif ended.returncode == 1:
                 self.assertEqual(json.loads(ended.stdout)["error"],
@@ -101,6 +125,19 @@ class Memory(FaultCase):
                 self.assertIn(ended.returncode, (0, 1, 2), (source, command, ended.stderr))
                 self.assertIn(ended.stderr, ("", NO_MEMORY), (source, command))
             file.unlink()
+
+    def test_a_database_with_nothing_behind_its_pages_is_read(self):
+        limit = limited(resource.RLIMIT_AS, 1 << 30)
+        for source, store, imported in (
+                ("chrome", "Chrome/Login Data", "Login Data"),
+                ("firefox", "Firefox/old.profile/signons.sqlite", "")):
+            file = self.folder / (imported or "signons.sqlite")
+            shutil.copyfile(EXPORTS / store, file)
+            os.truncate(file, 5 << 30)
+            arguments = ("import", "--source", source, "--format", "json")
+            ended = self.run_tool(*arguments, self.folder / imported, preexec_fn=limit)
+            expected = self.run_tool(*arguments, (EXPORTS / store).parent / imported)
+            self.assertEqual((ended.returncode, ended.stdout), (0, expected.stdout), source)
 
 
 class Stack(FaultCase):
