@@ -147,6 +147,17 @@ TEST_F(SQLiteGuardTest, isNotHeldUpByALongStatement) {
               Rows{});
 }
 
+TEST_F(SQLiteGuardTest, readsASchemaWithAnObjectOfSixteenThousandBytesAndNotOfSeventeen) {
+    const auto withComment = [&](std::size_t size) {
+        const TemporaryFolder other;
+        return read(database(other, {"CREATE TABLE t (a, b)", "INSERT INTO t VALUES ('x', 'y')",
+                                     "CREATE TABLE u (v /*" + std::string(size, '*') + "*/)"}),
+                    allOfT);
+    };
+    EXPECT_EQ(withComment(16'000), oneRow);
+    EXPECT_EQ(withComment(17'000), Rows{});
+}
+
 TEST_F(SQLiteGuardTest, readsASchemaOfAHundredObjectsAndNotOfAThousand) {
     Statements statements = {"PRAGMA synchronous = OFF", "BEGIN", "CREATE TABLE t (a, b)",
                              "INSERT INTO t VALUES ('x', 'y')"};
