@@ -156,14 +156,14 @@ void writeRepairedText(std::string_view bytes, std::span<char> target) noexcept 
 
 std::size_t numberOfCharacters(std::string_view text) noexcept {
     std::size_t count = 0;
-    utf8proc_int32_t previous = 0;
+    utf8proc_int32_t previous = 0; // a control character, behind which a new one always begins
     utf8proc_int32_t state = 0;
-    for (bool atStart = true; !text.empty(); atStart = false) {
+    while (!text.empty()) {
         CodePoint next = firstCodePoint(text);
         if (next.length <= 0) {
             next = {.value = 0xFFFD, .length = 1};
         }
-        if (atStart || ::utf8proc_grapheme_break_stateful(previous, next.value, &state)) {
+        if (::utf8proc_grapheme_break_stateful(previous, next.value, &state)) {
             ++count;
         }
         previous = next.value;

@@ -142,6 +142,24 @@ TEST_P(MemoryOfDatabasesTest, letsSQLiteLackMemoryForWhatMakesNoSense) {
     EXPECT_GT(importsAllOrNothing(path, sqlite), 20);
 }
 
+TEST_P(MemoryOfDatabasesTest, readsNoComputedColumnForLackOfMemory) {
+    const std::string path = GetParam().written(folder(), GetParam().bytes());
+    if (GetParam().source == ImportSource::chrome) {
+        Connection(GetParam().fileIn(folder()))
+            .execute({"DROP TABLE logins",
+                      "CREATE TABLE logins (origin_url, username_value, blacklisted_by_user, "
+                      "password_value AS (x'01'))",
+                      "INSERT INTO logins VALUES ('https://a.example', 'ann', 0)"});
+    } else {
+        Connection(GetParam().fileIn(folder()))
+            .execute({"DROP TABLE moz_logins",
+                      "CREATE TABLE moz_logins (hostname, encryptedUsername, "
+                      "encryptedPassword AS ('x'))",
+                      "INSERT INTO moz_logins VALUES ('https://a.example', 'ann')"});
+    }
+    EXPECT_GT(importsAllOrNothing(path, heap), 4);
+}
+
 INSTANTIATE_TEST_SUITE_P(Importers, MemoryTest, testing::ValuesIn(allExports()), nameOf);
 INSTANTIATE_TEST_SUITE_P(Importers, MemoryOfFilesTest, testing::ValuesIn(allFiles()), nameOf);
 INSTANTIATE_TEST_SUITE_P(Importers, MemoryOfDatabasesTest, testing::ValuesIn(allDatabases()),

@@ -15,8 +15,10 @@ namespace Rellinor {
 namespace {
 
 // The format is that of https://www.sqlite.org/fileformat2.html#the_rollback_journal. A journal
-// that belongs to several databases ends with the name of a file that lists them, and the magic.
+// that belongs to several databases ends with the name of a file that lists them, the length of
+// that name, a checksum of it, and the magic.
 constexpr std::string_view magic = "\xD9\xD5\x05\xF9\x20\xA1\x63\xD7";
+constexpr std::size_t sizeBehindName = 16;
 constexpr std::size_t placeOfPageCount = 16;
 constexpr std::size_t placeOfPageSize = 24;
 constexpr std::size_t sizeOfHeader = 28;
@@ -49,7 +51,7 @@ std::uint64_t sizeAfterPlayback(std::string_view header) noexcept {
 bool isHarmless(const std::string& journal, std::uint64_t size, std::uint64_t mostBytes) noexcept {
     std::array<char, sizeOfHeader> header{};
     std::array<char, magic.size()> end{};
-    if (size >= end.size() && (!readBytes(journal, size - end.size(), end) ||
+    if (size > sizeBehindName && (!readBytes(journal, size - end.size(), end) ||
                                std::string_view(end.data(), end.size()) == magic)) {
         return false;
     }

@@ -105,7 +105,9 @@ TEST_F(SQLiteSideFilesTest, playsAJournalBackThatMakesTheDatabaseLarger) {
 }
 
 TEST_F(SQLiteSideFilesTest, doesNotMindWhatIsNoJournal) {
-    for (const std::string_view text : {""sv, "\0"sv, "x"sv, journalMagic.substr(0, 7)}) {
+    const std::string withoutName = journalEndNaming("");
+    for (const std::string_view text : {""sv, "\0"sv, "x"sv, journalMagic.substr(0, 7),
+                                        journalMagic, std::string_view(withoutName)}) {
         (void)folder().file("database-journal", text);
         EXPECT_EQ(rows(), allRows) << text.size();
         EXPECT_EQ(contentsOf(path()), bytes());
@@ -119,7 +121,8 @@ TEST_F(SQLiteSideFilesTest, deletesNoFileThatAJournalNames) {
     const std::string pageOfLocks = sqliteNumber((std::size_t{1} << 30U) / pageSize + 1);
     const std::string name = journalEndNaming(victim);
     const std::string beginning = header(0, bytes().size() / pageSize) + pageOfLocks;
-    for (const std::string& journal : {beginning + name, name}) { // SQLite takes either
+    // SQLite takes any of these.
+    for (const std::string& journal : {beginning + name, name, journalEndNaming("x")}) {
         (void)folder().file("database-journal", journal);
         EXPECT_EQ(rows(), 0U);
         EXPECT_EQ(contentsOf(victim), "somebody's");
@@ -148,10 +151,12 @@ TEST_F(SQLiteSideFilesTest, leavesWhatLiesBesideAnEmptyFile) {
     (void)folder().file("notes", "");
     for (const std::string file : {"notes", "missing"}) {
         for (const std::string suffix : {"-journal", "-wal"}) {
-            const std::string beside = folder().file(file + suffix, "somebody's");
-            EXPECT_EQ(rows(folder() / file), 0U);
-            EXPECT_EQ(contentsOf(beside), "somebody's");
-            std::filesystem::remove(beside);
+            for (const std::string_view bytes : {"somebody's", "x"}) {
+                const std::string beside = folder().file(file + suffix, bytes);
+                EXPECT_EQ(rows(folder() / file), 0U);
+                EXPECT_EQ(contentsOf(beside), bytes);
+                std::filesystem::remove(beside);
+            }
         }
     }
 }
