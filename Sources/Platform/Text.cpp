@@ -75,11 +75,9 @@ constexpr SecondByte secondByteBehind(unsigned char lead) noexcept {
     }
 }
 
-/// How many bytes a lead byte announces, itself included; 1 if it is none.
+/// How many bytes a lead byte announces, itself included; 1 if it is none, and if it announces one
+/// more, without which it is alone.
 constexpr std::size_t lengthAnnouncedBy(unsigned char lead) noexcept {
-    if (lead >= 0xC2 && lead <= 0xDF) {
-        return 2;
-    }
     if (lead >= 0xE0 && lead <= 0xEF) {
         return 3;
     }
