@@ -70,6 +70,7 @@ TEST(JSONStringTest, knowsNoOtherEscapes) {
                                         R"(\uD83D\u0041)",
                                         R"(\uDD11)",
                                         R"(\uDD11\uD83D)",
+                                        R"(\uDD11\uDD11)",
                                         R"(\uD83D\uDD1)"}) {
         EXPECT_EQ(lengthOfJSONEscape(text), 0U) << text;
     }

@@ -52,7 +52,7 @@ bool isHarmless(const std::string& journal, std::uint64_t size, std::uint64_t mo
     std::array<char, sizeOfHeader> header{};
     std::array<char, magic.size()> end{};
     if (size > sizeBehindName && (!readBytes(journal, size - end.size(), end) ||
-                               std::string_view(end.data(), end.size()) == magic)) {
+                                  std::string_view(end.data(), end.size()) == magic)) {
         return false;
     }
     return size < header.size() || (readBytes(journal, 0, header) &&
