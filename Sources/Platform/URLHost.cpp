@@ -35,7 +35,7 @@ bool mayHaveHost(std::string_view text, std::string_view host) noexcept {
 
 bool hasHost(std::string_view text, std::string_view host) noexcept {
     if (!mayHaveHost(text, host)) {
-        return false;
+        return false; // without parsing it
     }
     const auto url = boost::urls::parse_uri_reference({text.data(), text.size()});
     if (!url.has_value()) {

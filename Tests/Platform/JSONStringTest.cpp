@@ -23,6 +23,7 @@ TEST(JSONStringTest, decodesEveryEscape) {
     EXPECT_EQ(decoded(R"(\"\\\/\b\f\n\r\t)"), "\"\\/\b\f\n\r\t");
     EXPECT_EQ(decoded(R"(\u0000\u0041\u007f\u0080\u07FF\u0800\uFFFF)"),
               "\0A\x7F\u0080\u07FF\u0800\uFFFF"sv);
+    EXPECT_EQ(decoded(R"(\uD7FF\uE000)"), "\uD7FF\uE000");
     EXPECT_EQ(decoded(R"(\uD800\uDC00\ud83d\udd11\uDBFF\uDFFF)"), "\U00010000\U0001F511\U0010FFFF");
     EXPECT_EQ(decoded(R"(\uD7FF\uE000)"), "\uD7FF\uE000");
 }
@@ -49,28 +50,14 @@ TEST(JSONStringTest, hasTheLengthOfAnEscape) {
 }
 
 TEST(JSONStringTest, knowsNoOtherEscapes) {
-    for (const std::string_view text : {R"(\)",
-                                        R"(\x)",
-                                        R"(\N)",
-                                        R"(\0)",
-                                        R"(\')",
-                                        R"(\u)",
-                                        R"(\u00)",
-                                        R"(\u00e)",
-                                        R"(\u00g9)",
-                                        R"(\u 0e9)",
-                                        R"(\u+0e9)",
-                                        R"(\u-0e9)",
-                                        R"(\u0x41)",
-                                        R"(\U00e9)",
-                                        R"(\uD83D)",
-                                        R"(\uD83Dx)",
-                                        R"(\uD83D\n)",
-                                        R"(\uD83D\uD83D)",
-                                        R"(\uD83D\u0041)",
-                                        R"(\uDD11)",
-                                        R"(\uDD11\uD83D)",
-                                        R"(\uDD11\uDD11)",
+    for (const std::string_view text : {R"(\)",          R"(\x)",           R"(\N)",
+                                        R"(\0)",         R"(\')",           R"(\u)",
+                                        R"(\u00)",       R"(\u00e)",        R"(\u00g9)",
+                                        R"(\u 0e9)",     R"(\u+0e9)",       R"(\u-0e9)",
+                                        R"(\u0x41)",     R"(\U00e9)",       R"(\uD800)",
+                                        R"(\uDFFF)",     R"(\uD83D)",       R"(\uD83Dx)",
+                                        R"(\uD83D\n)",   R"(\uD83D\uD83D)", R"(\uD83D\u0041)",
+                                        R"(\uDD11)",     R"(\uDD11\uD83D)", R"(\uDD11\uDD11)",
                                         R"(\uD83D\uDD1)"}) {
         EXPECT_EQ(lengthOfJSONEscape(text), 0U) << text;
     }
