@@ -8,9 +8,9 @@
 
 namespace Rellinor::Host {
 
-/// A file to be read from its beginning. What lacks memory looks like no file to a stream alone.
+/// A file to be read from its beginning; not good if it cannot be opened.
 ///
-/// @throws std::bad_alloc
+/// @throws std::bad_alloc, for which a stream by itself only is not good
 [[nodiscard]] std::ifstream openedFile(const std::string& path);
 
 /// The bytes of a regular file, or its first `limit` bytes. Absent if there is no such file, if it

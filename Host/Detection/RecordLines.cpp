@@ -33,6 +33,18 @@ bool hasRecordLine(std::string_view text) noexcept {
     return text.starts_with('{') || text.contains("\n{");
 }
 
+/// Reads the next line; false if there is none, or if it cannot be read.
+///
+/// @throws std::bad_alloc
+bool nextLine(std::ifstream& file, std::string& line) {
+    file.exceptions(std::ios::badbit); // a line that lacks memory would look like the end
+    try {
+        return static_cast<bool>(std::getline(file, line));
+    } catch (const std::ios::failure&) {
+        return false;
+    }
+}
+
 Detection onePassword(Confidence confidence, std::string_view reason) {
     return {.layout = "1Password export (1PIF)",
             .source = ImportSource::onePassword,
@@ -48,10 +60,9 @@ std::optional<Detection> detectRecordLines(const std::string& path, std::string_
         return std::nullopt;
     }
     std::ifstream file = openedFile(path);
-    file.exceptions(std::ios::badbit); // a line that lacks memory would look like the end
     bool hasRecord = false;
     bool hasSeparator = false;
-    for (std::string line; (!hasRecord || !hasSeparator) && std::getline(file, line);) {
+    for (std::string line; (!hasRecord || !hasSeparator) && nextLine(file, line);) {
         hasSeparator = hasSeparator || isSeparator(line);
         hasRecord =
             hasRecord || (line.starts_with('{') && hasMember(line, "\"typeName\"") &&
