@@ -67,24 +67,31 @@ void tell(const Reference& value, Transcript& events) {
             events.addKey(name);
             tell(member, events);
         }
-        return events.endObject();
+        events.endObject();
+        break;
     case array:
         events.beginArray();
         for (const Reference& element : value.elements) {
             tell(element, events);
         }
-        return events.endArray();
+        events.endArray();
+        break;
     case string:
-        return events.addString(value.text);
+        events.addString(value.text);
+        break;
     case number:
         if (const auto integer = value.integer()) {
-            return events.integer(*integer);
+            events.integer(*integer);
+        } else {
+            events.otherValue();
         }
-        return events.otherValue();
+        break;
     case boolean:
-        return events.otherValue();
+        events.otherValue();
+        break;
     case null:
-        return events.null();
+        events.null();
+        break;
     }
 }
 
