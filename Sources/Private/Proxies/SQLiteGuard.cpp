@@ -131,7 +131,6 @@ bool SQLiteGuard::allowsSchema() {
 }
 
 bool SQLiteGuard::allowsStatement() {
-    (void)::sqlite3_set_authorizer(&_connection, nullptr, nullptr);
     if (_lacksMemory) {
         throw std::bad_alloc();
     }
