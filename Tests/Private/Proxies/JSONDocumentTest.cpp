@@ -226,6 +226,17 @@ TEST(JSONDocumentTest, readsALongArrayOfSmallValues) {
     EXPECT_EQ(kept(text), "{a=.}");
 }
 
+TEST(JSONDocumentTest, keepsAMemberOfUpTo255AndNoMore) {
+    ImportMemory memory;
+    std::vector<std::string_view> many(254);
+    many.emplace_back("a");
+    const auto document = JSONDocument::parsed(R"({"a":1})", many, memory);
+    ASSERT_TRUE(document);
+    EXPECT_EQ(document->root().object()->valueAt(254)->integer(), 1);
+    many.emplace_back("b");
+    EXPECT_DEATH((void)JSONDocument::parsed("{}", many, memory), "^$");
+}
+
 } // namespace
 
 } // namespace Rellinor::Tests

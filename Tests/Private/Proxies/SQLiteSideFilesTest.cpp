@@ -139,6 +139,16 @@ TEST_F(SQLiteSideFilesTest, isNotMadeHugeByAJournal) {
     }
 }
 
+TEST_F(SQLiteSideFilesTest, isMadeSixteenTimesAsLargeByAJournalAndNoLarger) {
+    const std::size_t mostPages = 16 * (bytes().size() + sectorSize) / pageSize;
+    (void)folder().file("database-journal", header(0, mostPages + 1));
+    EXPECT_EQ(rows(), 0U);
+    EXPECT_EQ(contentsOf(path()), bytes());
+    (void)folder().file("database-journal", header(0, mostPages));
+    EXPECT_EQ(rows(), allRows);
+    EXPECT_EQ(contentsOf(path()).size(), mostPages * pageSize);
+}
+
 TEST_F(SQLiteSideFilesTest, isNotMadeHugeByAJournalThatDoesNotTellTheSizeOfPages) {
     std::string journal = header(0, std::size_t{1} << 20U);
     journal.replace(24, 4, sqliteNumber(0));
