@@ -18,6 +18,7 @@
 #include "Tests/Support/HostileDatabases.hpp"
 #include "Tests/Support/Records.hpp"
 #include "Tests/Support/SQLiteCalls.hpp"
+#include "Tests/Support/SystemCalls.hpp"
 
 namespace Rellinor::Tests {
 
@@ -277,6 +278,42 @@ TEST_F(ReadingOfDatabasesTest, areReadInSmallPieces) {
                   whole)
             << database.name;
         EXPECT_GT(reads, 1000U) << database.name;
+    }
+}
+
+/// A database beside which a journal lies, which is looked at before SQLite does.
+LoginDatabase brokenOffDatabase() {
+    const std::vector<LoginDatabase> databases = loginDatabases();
+    return *std::ranges::find_if(databases, &LoginDatabase::isBrokenOff);
+}
+
+TEST_F(ReadingOfDatabasesTest, arePlayedBackIfTheirJournalsComeInSmallPieces) {
+    const LoginDatabase database = brokenOffDatabase();
+    const Outcome whole = Reading(database).whole();
+    EXPECT_GT(whole.passwords.size(), 50U);
+    std::size_t reads = 0;
+    SystemCalls calls;
+    calls.pread = [&](int descriptor, void* target, std::size_t size, off_t place) {
+        return ++reads % 2 == 1 ? Read::failing(EINTR)
+                                : systemReadAt(descriptor, target, std::min(size, 1UZ), place);
+    };
+    EXPECT_EQ(Reading(database).whole(), whole);
+    EXPECT_EQ(reads, 2 * (8U + 28U)); // the end and the header
+}
+
+TEST_F(ReadingOfDatabasesTest, areLeftAloneIfTheirJournalsCannotBeRead) {
+    const LoginDatabase database = brokenOffDatabase();
+    for (std::size_t nth = 1; nth <= 2; ++nth) {
+        std::size_t reads = 0;
+        Reading reading(database);
+        SystemCalls calls;
+        calls.pread = [&](int descriptor, void* target, std::size_t size, off_t place) {
+            return ++reads == nth ? Read::failing(EIO)
+                                  : systemReadAt(descriptor, target, size, place);
+        };
+        EXPECT_EQ(reading.whole(), Outcome{});
+        EXPECT_EQ(reads, nth);
+        EXPECT_EQ(contentsOf(reading.path()), database.files[0].second);
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <span>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -130,6 +131,8 @@ TEST(FileTest, readsBytesFromAPositionOn) {
     EXPECT_EQ(bytes, "bcd");
     EXPECT_TRUE(readBytes(path, 3, bytes));
     EXPECT_EQ(bytes, "def");
+    EXPECT_TRUE(readBytes(path, 5, std::span(bytes).first(1)));
+    EXPECT_EQ(bytes, "fef");
     EXPECT_FALSE(readBytes(path, 4, bytes));
     EXPECT_FALSE(readBytes(path, 7, bytes));
     EXPECT_FALSE(readBytes(folder / "missing", 0, bytes));

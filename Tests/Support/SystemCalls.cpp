@@ -12,10 +12,12 @@ extern "C" {
 
 int __real_open(const char* path, int flags, ...);
 ssize_t __real_read(int descriptor, void* target, std::size_t size);
+ssize_t __real_pread(int descriptor, void* target, std::size_t size, off_t place);
 int __real_fstat(int descriptor, struct stat* status);
 
 int __wrap_open(const char* path, int flags, ...);
 ssize_t __wrap_read(int descriptor, void* target, std::size_t size);
+ssize_t __wrap_pread(int descriptor, void* target, std::size_t size, off_t place);
 int __wrap_fstat(int descriptor, struct stat* status);
 }
 
@@ -51,6 +53,11 @@ ssize_t __wrap_read(int descriptor, void* target, std::size_t size) {
     return instead(&Rellinor::Tests::SystemCalls::read, __real_read, descriptor, target, size);
 }
 
+ssize_t __wrap_pread(int descriptor, void* target, std::size_t size, off_t place) {
+    return instead(&Rellinor::Tests::SystemCalls::pread, __real_pread, descriptor, target, size,
+                   place);
+}
+
 int __wrap_fstat(int descriptor, struct stat* status) {
     return instead(&Rellinor::Tests::SystemCalls::fstat, __real_fstat, descriptor, status);
 }
@@ -70,6 +77,10 @@ SystemCalls::~SystemCalls() {
 
 ssize_t systemRead(int descriptor, void* target, std::size_t size) {
     return __real_read(descriptor, target, size);
+}
+
+ssize_t systemReadAt(int descriptor, void* target, std::size_t size, off_t place) {
+    return __real_pread(descriptor, target, size, place);
 }
 
 int systemOpen(const char* path, int flags) {

@@ -14,6 +14,7 @@ class SystemCalls {
 public:
     std::function<int(const char* path, int flags)> open;
     std::function<ssize_t(int descriptor, void* target, std::size_t size)> read;
+    std::function<ssize_t(int descriptor, void* target, std::size_t size, off_t place)> pread;
     std::function<int(int descriptor, struct ::stat* status)> fstat;
 
     SystemCalls();
@@ -24,6 +25,7 @@ public:
 
 /// What the system itself does.
 ssize_t systemRead(int descriptor, void* target, std::size_t size);
+ssize_t systemReadAt(int descriptor, void* target, std::size_t size, off_t place);
 int systemOpen(const char* path, int flags);
 int systemStatus(int descriptor, struct ::stat* status);
 

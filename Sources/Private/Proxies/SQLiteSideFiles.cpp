@@ -64,15 +64,15 @@ bool isHarmless(const std::string& journal, std::uint64_t size, std::uint64_t mo
 std::optional<std::int64_t> sizeOfDatabase(::sqlite3& connection) {
     const std::string database = ::sqlite3_db_filename(&connection, "main"); // without links
     const std::string journal = database + "-journal";
+    const auto ownSize = sizeOfFile(database);
     const auto sizeOfJournal = sizeOfFile(journal);
     const auto sizeOfLog = sizeOfFile(database + "-wal");
-    if (!sizeOfJournal || !sizeOfLog) {
+    if (!ownSize || !sizeOfJournal || !sizeOfLog) {
         return std::nullopt;
     }
-    const std::uint64_t ownSize = sizeOfFile(database).value_or(0);
-    const std::uint64_t size = ownSize + *sizeOfJournal + *sizeOfLog;
+    const std::uint64_t size = *ownSize + *sizeOfJournal + *sizeOfLog;
     // SQLite would delete what lies beside an empty file.
-    if ((ownSize == 0 && size > 0) || !isHarmless(journal, *sizeOfJournal, size * largestGrowth)) {
+    if ((*ownSize == 0 && size > 0) || !isHarmless(journal, *sizeOfJournal, size * largestGrowth)) {
         return std::nullopt;
     }
     return static_cast<std::int64_t>(std::min<std::uint64_t>(size, INT64_MAX));

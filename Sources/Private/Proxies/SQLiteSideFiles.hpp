@@ -8,7 +8,7 @@ struct sqlite3; // NOLINT(readability-identifier-naming): the C library's own
 namespace Rellinor {
 
 /// How many bytes a database has, those of the journal and the log beside it included. Absent if
-/// these are not such as SQLite leaves behind, and would do harm:
+/// it is no file, or these are not such as SQLite leaves behind, and would do harm:
 ///
 /// - a link, pipe, device or folder in the place of either, which it might wait for;
 /// - a journal or log of an empty file, which SQLite deletes, and which may be somebody's that only

@@ -121,6 +121,11 @@ TEST(JSONDocumentTest, keepsNoArrayWithAnythingElse) {
     }
 }
 
+TEST(JSONDocumentTest, takesNothingInAnArrayForAMemberOfWhatTheArrayIsIn) {
+    EXPECT_EQ(kept(R"({"list":[{"a":1},{"b":2},5],"a":"x"})"), "{a=<x>list=.}");
+    EXPECT_EQ(kept(R"({"list":[{"a":1},{"b":2}],"a":"x"})"), "{a=<x>list=[{a=1;}{b=2;}]}");
+}
+
 TEST(JSONDocumentTest, hasTheFirstOfTwoMembersOfOneName) {
     EXPECT_EQ(kept(R"({"a":1,"b":2,"a":3})"), "{a=1;b=2;}");
     EXPECT_EQ(kept(R"({"a":{"b":1},"a":{"b":2}})"), "{a={b=1;}}");
