@@ -143,7 +143,7 @@ public:
 
 private:
     void begin(JSONKind kind) {
-        if (_unkept > 0 || !isKept(kind)) {
+        if (!isKept(kind)) {
             ++_unkept;
             return;
         }
