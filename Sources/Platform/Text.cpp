@@ -196,9 +196,6 @@ bool isBlank(std::string_view text) noexcept {
             text.remove_prefix(1);
             continue;
         }
-        if (isASCII(text.front())) {
-            return false;
-        }
         const CodePoint first = firstCodePoint(text);
         if (first.length <= 0 || ::utf8proc_category(first.value) != UTF8PROC_CATEGORY_ZS) {
             return false;

@@ -148,10 +148,13 @@ TEST(JSONDocumentTest, tellsAKeyFromEveryOtherOfItsLength) {
             return document.value().root().object().value().valueAt(0).has_value();
         };
         EXPECT_TRUE(isKnown(key)) << length;
+        std::string zeros;
         for (std::size_t position = 0; position < length; ++position) {
             std::string other = key;
             other[position] = 'b';
             EXPECT_FALSE(isKnown(other)) << other;
+            zeros += "\\u0000";
+            EXPECT_FALSE(isKnown(zeros + key.substr(position + 1))) << length << ' ' << position;
         }
     }
 }
