@@ -107,14 +107,17 @@ TEST_F(SQLiteGuardTest, isNotHeldUpByWhatAVirtualTableIsMadeOf) {
 }
 
 TEST_F(SQLiteGuardTest, isNotHeldUpByStatisticsThatAreComputed) {
-    EXPECT_EQ(
-        selected({"CREATE TABLE t (a, b)", "INSERT INTO t VALUES ('x', 'y')",
-                  "CREATE TABLE u (tbl, idx)", "INSERT INTO u VALUES ('t', NULL)",
-                  "PRAGMA writable_schema = ON",
-                  "UPDATE sqlite_master SET name = 'sqlite_stat1', tbl_name = 'sqlite_stat1', "
-                  "sql = 'CREATE TABLE sqlite_stat1(tbl, idx, stat AS (" +
-                      dearCall + "))' WHERE name = 'u'"}),
-        Rows{});
+    for (const std::string& call : {dearCall, std::string("hex(tbl)")}) {
+        const TemporaryFolder other;
+        const std::string path = database(
+            other, {"CREATE TABLE t (a, b)", "INSERT INTO t VALUES ('x', 'y')",
+                    "CREATE TABLE u (tbl, idx)", "INSERT INTO u VALUES ('t', NULL)",
+                    "PRAGMA writable_schema = ON",
+                    "UPDATE sqlite_master SET name = 'sqlite_stat1', tbl_name = 'sqlite_stat1', "
+                    "sql = 'CREATE TABLE sqlite_stat1(tbl, idx, stat AS (" +
+                        call + "))' WHERE name = 'u'"});
+        EXPECT_EQ(read(path), Rows{}) << call;
+    }
 }
 
 TEST_F(SQLiteGuardTest, readsATableWithHonestStatistics) {
