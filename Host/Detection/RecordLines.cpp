@@ -35,9 +35,9 @@ bool hasRecordLine(std::string_view text) noexcept {
 
 /// Reads the next line; false if there is none, or if it cannot be read.
 ///
+/// @param file  throws what makes it bad
 /// @throws std::bad_alloc
 bool nextLine(std::ifstream& file, std::string& line) {
-    file.exceptions(std::ios::badbit); // a line that lacks memory would look like the end
     try {
         return static_cast<bool>(std::getline(file, line));
     } catch (const std::ios::failure&) {
@@ -60,6 +60,7 @@ std::optional<Detection> detectRecordLines(const std::string& path, std::string_
         return std::nullopt;
     }
     std::ifstream file = openedFile(path);
+    file.exceptions(std::ios::badbit); // a line that lacks memory would look like the end
     bool hasRecord = false;
     bool hasSeparator = false;
     for (std::string line; (!hasRecord || !hasSeparator) && nextLine(file, line);) {
