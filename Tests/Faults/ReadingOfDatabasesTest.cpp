@@ -154,6 +154,12 @@ std::vector<LoginDatabase> wholeDatabases() {
     return databases;
 }
 
+/// A database beside which a journal lies, which is looked at before SQLite does.
+LoginDatabase brokenOffDatabase() {
+    const std::vector<LoginDatabase> databases = loginDatabases();
+    return *std::ranges::find_if(databases, &LoginDatabase::isBrokenOff);
+}
+
 class ReadingOfDatabasesTest : public testing::Test {
 protected:
     using Otherwise = std::function<ssize_t(const Reading& reading, const Read& read)>;
@@ -279,12 +285,6 @@ TEST_F(ReadingOfDatabasesTest, areReadInSmallPieces) {
             << database.name;
         EXPECT_GT(reads, 1000U) << database.name;
     }
-}
-
-/// A database beside which a journal lies, which is looked at before SQLite does.
-LoginDatabase brokenOffDatabase() {
-    const std::vector<LoginDatabase> databases = loginDatabases();
-    return *std::ranges::find_if(databases, &LoginDatabase::isBrokenOff);
 }
 
 TEST_F(ReadingOfDatabasesTest, arePlayedBackIfTheirJournalsComeInSmallPieces) {
