@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstring>
 #include <optional>
 #include <span>
 #include <string>
@@ -39,7 +40,7 @@ std::span<char> joinedRecords(std::span<char> text) noexcept {
             if (kept > 0) {
                 text[kept++] = ','; // where the line before had its line feed
             }
-            std::ranges::copy(view.substr(begin, end - begin), text.subspan(kept).begin());
+            std::memmove(&text[kept], &text[begin], end - begin);
             kept += end - begin;
         }
         begin = end + 1;
