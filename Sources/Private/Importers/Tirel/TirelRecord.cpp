@@ -74,6 +74,16 @@ void take(auto& values, const JSONObject& object, const Keys& keys) noexcept {
 
 } // namespace
 
+std::optional<TirelRecordKey> tirelRecordKeyOf(std::string_view rawValue) noexcept {
+    for (std::size_t ordinal = 0; ordinal < numberOfTirelRecordKeys; ++ordinal) {
+        const auto key = static_cast<TirelRecordKey>(ordinal);
+        if (Rellinor::rawValue(key) == rawValue) {
+            return key;
+        }
+    }
+    return std::nullopt;
+}
+
 TirelRecord::TirelRecord(TirelRecordType type, const JSONObject& entry) noexcept {
     switch (type) {
         using enum TirelRecordType;

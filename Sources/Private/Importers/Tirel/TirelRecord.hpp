@@ -4,8 +4,10 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <string_view>
 #include <utility>
 
+#include "Platform/Fault.hpp"
 #include "Private/Importers/Tirel/TirelExportMember.hpp"
 #include "Private/Proxies/JSONValue.hpp"
 
@@ -31,6 +33,52 @@ enum class TirelRecordKey : std::uint8_t {
     text,
 };
 
+/// The name of a key, which is not always that of the member it stands for.
+[[nodiscard]] constexpr std::string_view rawValue(TirelRecordKey key) noexcept {
+    switch (key) {
+        using enum TirelRecordKey;
+    case expirationDay:
+        return "expirationDay";
+    case expirationMonth:
+        return "expirationMonth";
+    case expirationYear:
+        return "expirationYear";
+    case cardNumber:
+        return "cardNumber";
+    case color:
+        return "color";
+    case custName:
+        return "custName";
+    case cvv:
+        return "cvv";
+    case holderName:
+        return "holderName";
+    case label:
+        return "label";
+    case note:
+        return "note";
+    case url:
+        return "url";
+    case username:
+        return "username";
+    case password:
+        return "password";
+    case pin:
+        return "pin";
+    case pwdChange:
+        return "pwdChange";
+    case text:
+        return "text";
+    }
+    fault();
+}
+
+inline constexpr std::size_t numberOfTirelRecordKeys =
+    std::size_t{std::to_underlying(TirelRecordKey::text)} + 1;
+
+/// The key of that name; absent if there is none.
+[[nodiscard]] std::optional<TirelRecordKey> tirelRecordKeyOf(std::string_view rawValue) noexcept;
+
 /// The kinds of raw record.
 enum class TirelRecordType : std::uint8_t {
     webPassword,
@@ -52,10 +100,8 @@ public:
     }
 
 private:
-    static constexpr std::size_t numberOfKeys =
-        std::size_t{std::to_underlying(TirelRecordKey::text)} + 1;
-
-    std::array<JSONValue, numberOfKeys> _values; // those that the entry has not are nowhere
+    // Those that the entry has not are nowhere.
+    std::array<JSONValue, numberOfTirelRecordKeys> _values;
 };
 
 } // namespace Rellinor

@@ -1,10 +1,13 @@
 #include "Private/Importers/Tirel/TirelRecord.hpp"
 
+#include <algorithm>
 #include <cstddef>
+#include <iterator>
 #include <optional>
 #include <set>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -192,6 +195,41 @@ TEST(TirelRecordKeyTest, hasItsCasesInOrder) {
         EXPECT_EQ(static_cast<int>(key), ordinal++);
     }
     EXPECT_EQ(ordinal, 16);
+}
+
+TEST(TirelRecordKeyTest, isNamedAsItIsSpelt) {
+    const std::vector<std::string_view> names = {"expirationDay",
+                                                 "expirationMonth",
+                                                 "expirationYear",
+                                                 "cardNumber",
+                                                 "color",
+                                                 "custName",
+                                                 "cvv",
+                                                 "holderName",
+                                                 "label",
+                                                 "note",
+                                                 "url",
+                                                 "username",
+                                                 "password",
+                                                 "pin",
+                                                 "pwdChange",
+                                                 "text"};
+    std::vector<std::string_view> found;
+    std::ranges::transform(allTirelRecordKeys, std::back_inserter(found),
+                           [](TirelRecordKey key) { return rawValue(key); });
+    EXPECT_EQ(found, names);
+}
+
+TEST(TirelRecordKeyTest, isMadeOfItsName) {
+    for (const TirelRecordKey key : allTirelRecordKeys) {
+        EXPECT_EQ(tirelRecordKeyOf(rawValue(key)), key);
+    }
+}
+
+TEST(TirelRecordKeyTest, isNotMadeOfAnotherName) {
+    for (const std::string_view name : {"", "Text", "text ", "tex", "loginName", "pwd", "day"}) {
+        EXPECT_EQ(tirelRecordKeyOf(name), std::nullopt) << name;
+    }
 }
 
 TEST(TirelRecordTypeTest, hasItsCasesInOrder) {
