@@ -10,6 +10,7 @@
 #include "Private/Extensions/String.hpp"
 #include "Tests/Support/Affordable.hpp"
 #include "Tests/Support/Allocations.hpp"
+#include "Tests/Support/ImportAllocations.hpp"
 #include "Tests/Support/Records.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 
@@ -351,16 +352,8 @@ std::string manyRows(std::size_t count) {
 }
 
 TEST(DashlaneImporterTest, takesNoMemoryOfItsOwnForARow) {
-    const TemporaryFolder folder;
-    const std::string few = folder.file("few", manyRows(1000));
-    const std::string many = folder.file("many", manyRows(9000));
-    const auto allocations = [](const std::string& path) {
-        return allocationsOf([&] {
-            RecordsImporter().records(URL::fileURLWithPath(path), ImportSource::dashlane,
-                                      [](const RecordsResult& result) { ASSERT_TRUE(result); });
-        });
-    };
-    EXPECT_LT(allocations(many), allocations(few) + 20);
+    EXPECT_LT(allocationsOfImport(ImportSource::dashlane, manyRows(9000)),
+              allocationsOfImport(ImportSource::dashlane, manyRows(1000)) + 20);
 }
 
 TEST(DashlaneImporterTest, wipesTheTextOfTheFileWhenTheLastRecordIsLetGo) {
@@ -398,7 +391,6 @@ TEST(DashlaneImporterTest, failsWithoutALeakWhenThereIsNoMemory) {
     const TemporaryFolder folder;
     const URL url = URL::fileURLWithPath(folder.file("export.csv", manyRows(10)));
     const NSError outOfMemory("Rellinor.UnexpectedError", 0);
-    (void)outcomeOf(ImportSource::dashlane, url.path()); // the matcher keeps a block for later
     bool succeeded = false;
     for (std::size_t nth = 1; !succeeded && nth < 200; ++nth) {
         RecordsImporter importer;

@@ -16,6 +16,7 @@
 #include "Private/Importers/KeePass/KeePassFork.hpp"
 #include "Private/Importers/KeePass/KeePassRecord.hpp"
 #include "Tests/Support/Allocations.hpp"
+#include "Tests/Support/ImportAllocations.hpp"
 #include "Tests/Support/Records.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 
@@ -451,16 +452,8 @@ std::string manyRows(std::size_t count) {
 }
 
 TEST(KeePassImporterTest, takesNoMemoryOfItsOwnForARow) {
-    const TemporaryFolder folder;
-    const std::string few = folder.file("few", manyRows(1000));
-    const std::string many = folder.file("many", manyRows(9000));
-    const auto allocations = [](const std::string& path) {
-        return allocationsOf([&] {
-            RecordsImporter().records(URL::fileURLWithPath(path), ImportSource::keePassXC,
-                                      [](const RecordsResult& result) { ASSERT_TRUE(result); });
-        });
-    };
-    EXPECT_LT(allocations(many), allocations(few) + 20);
+    EXPECT_LT(allocationsOfImport(ImportSource::keePassXC, manyRows(9000)),
+              allocationsOfImport(ImportSource::keePassXC, manyRows(1000)) + 20);
 }
 
 TEST(KeePassImporterTest, wipesTheTextOfTheFileWhenTheLastRecordIsLetGo) {

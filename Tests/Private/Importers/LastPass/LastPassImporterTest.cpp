@@ -9,6 +9,7 @@
 
 #include "Private/Importers/LastPass/LastPassRecord.hpp"
 #include "Tests/Support/Allocations.hpp"
+#include "Tests/Support/ImportAllocations.hpp"
 #include "Tests/Support/Records.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 
@@ -246,17 +247,9 @@ std::string manyRows(std::size_t count) {
 }
 
 TEST(LastPassImporterTest, takesNoMemoryOfItsOwnForARow) {
-    const TemporaryFolder folder;
     const std::string header = "url,username,password,extra,name,grouping,fav\n";
-    const std::string few = folder.file("few", header + manyRows(1000));
-    const std::string many = folder.file("many", header + manyRows(9000));
-    const auto allocations = [](const std::string& path) {
-        return allocationsOf([&] {
-            RecordsImporter().records(URL::fileURLWithPath(path), ImportSource::lastPass,
-                                      [](const RecordsResult& result) { ASSERT_TRUE(result); });
-        });
-    };
-    EXPECT_LT(allocations(many), allocations(few) + 20);
+    EXPECT_LT(allocationsOfImport(ImportSource::lastPass, header + manyRows(9000)),
+              allocationsOfImport(ImportSource::lastPass, header + manyRows(1000)) + 20);
 }
 
 TEST(LastPassImporterTest, wipesTheTextOfTheFileWhenTheLastRecordIsLetGo) {

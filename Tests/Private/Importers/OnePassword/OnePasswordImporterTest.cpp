@@ -13,6 +13,7 @@
 #include "Private/Proxies/JSONError.hpp"
 #include "Private/Proxies/PIFParsingError.hpp"
 #include "Tests/Support/Allocations.hpp"
+#include "Tests/Support/ImportAllocations.hpp"
 #include "Tests/Support/JSONTexts.hpp"
 #include "Tests/Support/Records.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
@@ -542,7 +543,6 @@ TEST(OnePasswordImporterTest, wipesTheTextOfAFileThatFails) {
 }
 
 TEST(OnePasswordImporterTest, takesNoMemoryOfItsOwnForARecord) {
-    const TemporaryFolder folder;
     const auto exportOf = [](std::size_t count) {
         std::string text;
         for (; count > 0; --count) {
@@ -550,15 +550,8 @@ TEST(OnePasswordImporterTest, takesNoMemoryOfItsOwnForARecord) {
         }
         return text;
     };
-    const std::string few = folder.file("few", exportOf(1000));
-    const std::string many = folder.file("many", exportOf(9000));
-    const auto allocations = [](const std::string& path) {
-        return allocationsOf([&] {
-            RecordsImporter().records(URL::fileURLWithPath(path), ImportSource::onePassword,
-                                      [](const RecordsResult& result) { ASSERT_TRUE(result); });
-        });
-    };
-    EXPECT_LT(allocations(many), allocations(few) + 20);
+    EXPECT_LT(allocationsOfImport(ImportSource::onePassword, exportOf(9000)),
+              allocationsOfImport(ImportSource::onePassword, exportOf(1000)) + 20);
 }
 
 } // namespace

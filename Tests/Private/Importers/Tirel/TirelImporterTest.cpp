@@ -11,6 +11,7 @@
 
 #include "Private/Extensions/String.hpp"
 #include "Tests/Support/Allocations.hpp"
+#include "Tests/Support/ImportAllocations.hpp"
 #include "Tests/Support/JSONTexts.hpp"
 #include "Tests/Support/Records.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
@@ -466,19 +467,11 @@ TEST(TirelImporterTest, wipesTheTextOfAFileThatFails) {
 }
 
 TEST(TirelImporterTest, takesNoMemoryOfItsOwnForAnEntry) {
-    const TemporaryFolder folder;
     const auto exportOf = [](std::size_t count) {
         return emptyExport().with("logins", listOf(std::vector(count, aLogin()))).text();
     };
-    const std::string few = folder.file("few", exportOf(1000));
-    const std::string many = folder.file("many", exportOf(9000));
-    const auto allocations = [](const std::string& path) {
-        return allocationsOf([&] {
-            RecordsImporter().records(URL::fileURLWithPath(path), ImportSource::tirel,
-                                      [](const RecordsResult& result) { ASSERT_TRUE(result); });
-        });
-    };
-    EXPECT_LT(allocations(many), allocations(few) + 20);
+    EXPECT_LT(allocationsOfImport(ImportSource::tirel, exportOf(9000)),
+              allocationsOfImport(ImportSource::tirel, exportOf(1000)) + 20);
 }
 
 } // namespace
