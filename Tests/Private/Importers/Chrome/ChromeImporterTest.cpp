@@ -70,6 +70,17 @@ TEST(ChromeImporterTest, importsLoginsInTheDatabasesOrder) {
     EXPECT_EQ(import({bob, ann}), (Outcome{.passwords = {bobsLogin, annsLogin}}));
 }
 
+TEST(ChromeImporterTest, importsNeitherNotesNorCards) {
+    const TemporaryFolder folder;
+    const std::string path = database(folder, {schema()});
+    Connection(path).execute({ann,
+                              "INSERT INTO password_notes (parent_id, key, value, date_created) "
+                              "SELECT id, '', x'6E6F7465', 0 FROM logins",
+                              "CREATE TABLE credit_cards (name_on_card, card_number_encrypted)",
+                              "INSERT INTO credit_cards VALUES ('Ann', x'00')"});
+    EXPECT_EQ(outcomeOf(ImportSource::chrome, path), Outcome{.passwords = {annsLogin}});
+}
+
 TEST(ChromeImporterTest, importsADatabaseWithoutLogins) {
     EXPECT_EQ(import({}), Outcome{});
 }
@@ -78,6 +89,14 @@ TEST(ChromeImporterTest, succeedsWithoutRecordsForAMissingFile) {
     const TemporaryFolder folder;
     EXPECT_EQ(outcomeOf(ImportSource::chrome, folder / "missing"), Outcome{});
     EXPECT_EQ(outcomeOf(ImportSource::chrome, folder / "missing/database"), Outcome{});
+}
+
+TEST(ChromeImporterTest, leavesAnEmptyFileWhereALinkLedNowhere) {
+    const TemporaryFolder folder;
+    std::filesystem::create_symlink(folder / "missing", folder / "link");
+    EXPECT_EQ(outcomeOf(ImportSource::chrome, folder / "link"), Outcome{});
+    EXPECT_TRUE(std::filesystem::is_symlink(folder / "link"));
+    EXPECT_EQ(contentsOf(folder / "missing"), "");
 }
 
 TEST(ChromeImporterTest, succeedsWithoutRecordsForAFolderOrAnotherFile) {
