@@ -12,7 +12,7 @@ namespace {
 
 // A schema is parsed before anybody can ask what is in it. That takes no steps but a time that may
 // grow with the square of a statement. A browser's has some twenty objects, of less than 2 KB each.
-constexpr std::int64_t stepsForSchema = 1 << 12; // eight for an object
+constexpr std::int64_t stepsForSchema = 1 << 12; // six or seven for an object
 constexpr std::int64_t pagesForSchema = 1 << 14;
 constexpr std::int64_t longestObject = 1 << 14;
 constexpr int mostInstructions = 1 << 16;
