@@ -145,6 +145,10 @@ TEST(PIFFileProxyTest, dropsAnIndentedRecord) {
     EXPECT_EQ(read(" {"), "{records=[]}");
 }
 
+TEST(PIFFileProxyTest, takesABraceForARecordEvenIfACombiningMarkFollows) {
+    EXPECT_EQ(read("{\"a\":1}\n{\u0301\n"), notJSON);
+}
+
 TEST(PIFFileProxyTest, readsCarriageReturnsBeforeTheLineFeeds) {
     EXPECT_EQ(read("{\"a\":1}\r\n***\r\n\r\n{\"a\":2}\r\n"), "{records=[{a=1}{a=2}]}");
 }

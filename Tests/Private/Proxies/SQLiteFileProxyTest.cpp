@@ -334,6 +334,7 @@ TEST_F(SQLiteFileProxyTest, readsWhatWasCommittedWhileAnotherProcessPreparesAWri
 TEST_F(SQLiteFileProxyTest, keepsNoLockWhenItIsDone) {
     const std::string path = database(threeRows);
     EXPECT_EQ(selected(path, allOfT), oneTwoThree);
+    EXPECT_EQ(selected(path, "SELECT v FROM t WHERE v > 3"), Rows{});
     EXPECT_EQ(selected(path, "SELECT abs(-9223372036854775808) FROM t"), Rows{});
     Connection(path).execute({"BEGIN EXCLUSIVE", "DELETE FROM t WHERE v > 1", "COMMIT"});
     EXPECT_EQ(selected(path, allOfT), (Rows{{{"v", 1}}}));
