@@ -7,7 +7,7 @@
   the same character: does the line begin with a brace?
 - Code points in Dashlane rows that references/characters.py does not know (it refuses them).
 
-Of equal keys in a JSON object the first counts, as on the platform; that is compared.
+Of equal keys in a JSON object the first counts; that is compared.
 """
 import references.lastpass
 from references.errors import NotPinned, TextError

@@ -1,4 +1,4 @@
-"""Files and their text, as the platform reads them."""
+"""Files and their text: what counts as a file, and what as text."""
 import os
 import stat
 

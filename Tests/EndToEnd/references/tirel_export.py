@@ -1,5 +1,4 @@
-"""The Tirel export document, decoded as the platform's standard decoder does it: any missing or
-mistyped member fails the whole document."""
+"""The Tirel export document, all or nothing: any missing or mistyped member fails the whole of it."""
 from references.json_reader import JSONFailure, Number, parse_bytes
 
 
