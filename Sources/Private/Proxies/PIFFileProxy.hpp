@@ -5,7 +5,7 @@
 #include <Rellinor/URL.hpp>
 
 #include "Private/Importers/ImportMemory.hpp"
-#include "Private/Proxies/JSON.hpp"
+#include "Private/Models/JSON.hpp"
 
 namespace Rellinor {
 

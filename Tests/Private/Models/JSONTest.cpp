@@ -1,4 +1,4 @@
-#include "Private/Proxies/JSON.hpp"
+#include "Private/Models/JSON.hpp"
 
 #include <array>
 #include <optional>
