@@ -75,6 +75,11 @@ TYPED_TEST(ByteBlockTest, tellsOneByteBeyondASCIIAtEveryPlace) {
     }
 }
 
+TYPED_TEST(ByteBlockTest, looksAtTheBeginningOfALongText) {
+    const std::string text = std::string(64, 'x') + std::string(100'000, 'y');
+    EXPECT_EQ(TypeParam::first(text).equalTo('x'), ~std::uint64_t{0});
+}
+
 TYPED_TEST(ByteBlockTest, fillsUpAShortTextWithSpaces) {
     const std::string x(5, 'x');
     EXPECT_EQ(TypeParam::first(x).equalTo('x'), 0x1FU);
