@@ -16,7 +16,7 @@ add_executable(rellinor-soft Built/Soft.cpp)
 set_target_properties(rellinor-soft PROPERTIES POSITION_INDEPENDENT_CODE OFF)
 target_compile_options(rellinor-soft PRIVATE
     -O0 -fno-pie -fno-stack-protector "SHELL:-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2"
-    -fno-stack-clash-protection -fcf-protection=none)
+    -fno-stack-clash-protection -fcf-protection=none -U_GLIBCXX_ASSERTIONS)
 target_link_options(rellinor-soft PRIVATE
     -no-pie -Wl,-z,norelro,-z,lazy,-z,execstack,-z,notext,-z,nocopyreloc,--no-warn-rwx-segments)
 set(softness "any address.*stays writable.*looked up late.*stack can be executed.*writable and can be executed"
@@ -43,4 +43,12 @@ if(CMAKE_EXPORT_COMPILE_COMMANDS)
     add_test(NAME Built.softFilesAreFound
         COMMAND "${scripts}/inspect-commands" "${commands}" "${CMAKE_CURRENT_SOURCE_DIR}/Built")
     set_tests_properties(Built.softFilesAreFound PROPERTIES PASS_REGULAR_EXPRESSION "${soft_commands}")
+
+    add_test(NAME Built.everyTestIsChecked
+        COMMAND "${scripts}/inspect-commands" --tests --but "${CMAKE_CURRENT_SOURCE_DIR}/Built"
+                "${commands}" "${CMAKE_CURRENT_SOURCE_DIR}")
+    add_test(NAME Built.uncheckedTestsAreFound
+        COMMAND "${scripts}/inspect-commands" --tests "${commands}" "${CMAKE_CURRENT_SOURCE_DIR}/Built")
+    set_tests_properties(Built.uncheckedTestsAreFound PROPERTIES
+        PASS_REGULAR_EXPRESSION "Soft\\.cpp: the standard library checks nothing")
 endif()
