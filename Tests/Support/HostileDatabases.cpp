@@ -4,6 +4,8 @@
 #include <filesystem>
 #include <functional>
 
+#include <sqlite3.h>
+
 #include "Tests/Support/Connection.hpp"
 #include "Tests/Support/OtherProcess.hpp"
 
@@ -48,7 +50,11 @@ LoginDatabase made(std::string_view name, ImportSource source, const Making& mak
                            .files = {}};
     const TemporaryFolder folder;
     const std::string path = database.pathIn(folder);
-    dieAfter([&] { make(*new Connection(path)); }); // not closed before the process ends
+    dieAfter([&] {
+        // The same each time, so that what a number of a flip stands for can be had again.
+        ::sqlite3_test_control(SQLITE_TESTCTRL_PRNG_SEED, 1, nullptr); // NOLINT(*-vararg)
+        make(*new Connection(path)); // not closed before the process ends
+    });
     for (const std::string suffix : {"", "-wal", "-journal"}) {
         if (std::filesystem::exists(path + suffix)) {
             database.files.emplace_back(suffix, contentsOf(path + suffix));
