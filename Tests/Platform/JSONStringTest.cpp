@@ -50,15 +50,15 @@ TEST(JSONStringTest, hasTheLengthOfAnEscape) {
 }
 
 TEST(JSONStringTest, knowsNoOtherEscapes) {
-    for (const std::string_view text : {R"(\)",          R"(\x)",           R"(\N)",
-                                        R"(\0)",         R"(\')",           R"(\u)",
-                                        R"(\u00)",       R"(\u00e)",        R"(\u00g9)",
-                                        R"(\u 0e9)",     R"(\u+0e9)",       R"(\u-0e9)",
-                                        R"(\u0x41)",     R"(\U00e9)",       R"(\uD800)",
-                                        R"(\uDFFF)",     R"(\uD83D)",       R"(\uD83Dx)",
-                                        R"(\uD83D\n)",   R"(\uD83D\uD83D)", R"(\uD83D\u0041)",
-                                        R"(\uDD11)",     R"(\uDD11\uD83D)", R"(\uDD11\uDD11)",
-                                        R"(\uD83D\uDD1)"}) {
+    for (const std::string_view text : {R"(\)",           R"(\x)",           R"(\N)",
+                                        R"(\0)",          R"(\')",           R"(\u)",
+                                        R"(\u00)",        R"(\u00e)",        R"(\u00g9)",
+                                        R"(\u 0e9)",      R"(\u+0e9)",       R"(\u-0e9)",
+                                        R"(\u0x41)",      R"(\U00e9)",       R"(\uD800)",
+                                        R"(\uDFFF)",      R"(\uD83D)",       R"(\uD83Dx)",
+                                        R"(\uD83D\n)",    R"(\uD83D\uD83D)", R"(\uD83D\u0041)",
+                                        R"(\uDD11)",      R"(\uDD11\uD83D)", R"(\uDD11\uDD11)",
+                                        R"(\uD83D\uDD1)", R"(\uD83D\nDD11)"}) {
         EXPECT_EQ(lengthOfJSONEscape(text), 0U) << text;
     }
 }

@@ -245,6 +245,13 @@ TEST(JSONDocumentTest, keepsAMemberOfUpTo255AndNoMore) {
     EXPECT_DEATH((void)JSONDocument::parsed("{}", many, memory), "^$");
 }
 
+TEST(JSONDocumentTest, keepsNoMemberWithoutKeys) {
+    ImportMemory memory;
+    const auto document = JSONDocument::parsed(R"({"a":1,"b":[{}]})", {}, memory);
+    const auto object = document.value().root().object();
+    object.value().forEach([](std::size_t, const JSONValue&) { FAIL(); });
+}
+
 } // namespace
 
 } // namespace Rellinor::Tests
