@@ -3,33 +3,20 @@
 #include <cstddef>
 #include <exception>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "Host/Counted.hpp"
-#include "Host/Detection/Detection.hpp"
-#include "Host/Detection/Wording.hpp"
 #include "Host/DisplayText.hpp"
 #include "Host/Inspection/Inspection.hpp"
 #include "Host/Inspection/Places.hpp"
+#include "Host/Mismatch.hpp"
 #include "Host/Obstacle.hpp"
 #include "Host/Source.hpp"
 
 namespace Rellinor::Host {
 
 namespace {
-
-bool sameImporter(ImportSource one, ImportSource other) noexcept {
-    const auto isKeePass = [](ImportSource source) {
-        return source == ImportSource::keePass || source == ImportSource::keePassXC;
-    };
-    return one == other || (isKeePass(one) && isKeePass(other));
-}
-
-/// Whether the file is nothing else than what it was taken for, as far as that can be told.
-bool isAsTaken(const Detection& detection, ImportSource source) {
-    return detection.layout.empty() || detection.confidence == Confidence::possible ||
-           (detection.source && sameImporter(*detection.source, source));
-}
 
 std::string joined(const std::vector<std::string>& parts, std::string_view joiner) {
     std::string text;
@@ -89,17 +76,15 @@ std::string gist(const Inspection& inspection, bool imported) {
 }
 
 std::string composed(const std::string& path, ImportSource source, const RecordsResult& result) {
-    const Detection detection = detect(path);
-    std::string other = isAsTaken(detection, source) ? "" : proposal(detection);
-    // Of columns that are nearly right, the inspection tells more.
-    if (!other.empty() && !(detection.nearly && sameImporter(*detection.nearly, source))) {
-        return other;
+    Mismatch other = mismatch(path, source);
+    if (!other.proposal.empty() && !other.isOfColumns) {
+        return std::move(other.proposal);
     }
     if (std::string reason = obstacle(path, source); !reason.empty()) {
         return reason;
     }
     const std::string text = gist(inspect(path, source, result), result.has_value());
-    return text.empty() ? other : text + " (" + command(path, source) + " tells more)";
+    return text.empty() ? other.proposal : text + " (" + command(path, source) + " tells more)";
 }
 
 } // namespace

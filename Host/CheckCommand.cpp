@@ -5,6 +5,7 @@
 #include <ostream>
 #include <sstream>
 #include <string_view>
+#include <utility>
 
 #include <Rellinor/Rellinor.hpp>
 
@@ -15,6 +16,7 @@
 #include "Host/ExitStatus.hpp"
 #include "Host/Inspection/Inspection.hpp"
 #include "Host/Inspection/Places.hpp"
+#include "Host/Mismatch.hpp"
 #include "Host/Obstacle.hpp"
 #include "Host/Source.hpp"
 
@@ -83,18 +85,31 @@ void write(const RecordsResult& result, const Inspection& inspection, std::ostre
     write("never imported from this source", inspection.notImported, inspection.place, out);
 }
 
+/// What an inspection tells of a file, unless that is rather something else: what reading it as
+/// `source` makes of it is noise then.
+Inspection inspection(const std::string& path, ImportSource source, const RecordsResult& result) {
+    Inspection found = inspect(path, source, result);
+    Mismatch other = mismatch(path, source);
+    const bool foundNothing = found.leftOut.empty() && found.wrong.empty();
+    if (!other.proposal.empty() && (!other.isOfColumns || foundNothing)) {
+        found.wrong = {{.text = std::move(other.proposal), .places = {}}};
+        found.notImported.clear();
+    }
+    return found;
+}
+
 /// Checks what one source makes of a path; whether everything would arrive and nothing looks wrong.
 bool check(const std::string& path, ImportSource source, std::ostream& out) {
     bool clean = false;
     out << "read as " << nameOf(source);
     RecordsImporter().records(URL::fileURLWithPath(path), source, [&](const RecordsResult& result) {
         try {
-            const Inspection inspection = inspect(path, source, result);
+            const Inspection found = inspection(path, source, result);
             std::ostringstream told; // all of it, or nothing if memory runs out meanwhile
             told.exceptions(std::ios::badbit);
-            write(result, inspection, told);
+            write(result, found, told);
             out << told.view();
-            clean = isClean(result, inspection);
+            clean = isClean(result, found);
         } catch (const std::bad_alloc&) {
             out << "\n  there is not enough memory to tell more\n";
         }

@@ -84,6 +84,40 @@ TEST_F(CheckTest, namesTwelvePlacesAtMost) {
                                   "    lines 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13 and 3 more: "));
 }
 
+TEST_F(CheckTest, saysThatAFileIsRatherSomethingElse) {
+    const std::string path = lastPassExport("other.csv", "https://a.example,ann,a&amp;b,,A,,0\n");
+    const Ended ended = rellinor({"check", "--source", "dashlane", path});
+    EXPECT_EQ(ended.status, 1);
+    EXPECT_EQ(ended.out, path + ": read as dashlane, 2 rows\n"
+                                "  2 records would arrive: 2 passwords, 0 notes, 0 cards\n"
+                                "  looks wrong:\n"
+                                "    this looks like a LastPass export: try --source lastPass\n");
+}
+
+TEST_F(CheckTest, saysNothingElseOfAFileThatIsRatherSomethingElse) {
+    const std::string path = RELLINOR_EXAMPLES "/Tirel/export.json";
+    const Ended ended = rellinor({"check", "--source", "lastPass", path});
+    EXPECT_EQ(ended.status, 1);
+    EXPECT_TRUE(ended.out.ends_with("  looks wrong:\n"
+                                    "    this looks like a Tirel export: try --source tirel\n"))
+        << ended.out;
+    EXPECT_EQ(linesIn(ended.out), 4) << ended.out;
+}
+
+TEST_F(CheckTest, takesBothForksOfKeePassForOne) {
+    const std::string path = folder().file(
+        "keepass.csv", "\"Account\",\"Login Name\",\"Password\",\"Web Site\",\"Comments\"\n");
+    EXPECT_EQ(rellinor({"check", "--source", "keePassXC", path}).status, 0);
+}
+
+TEST_F(CheckTest, tellsMoreOfColumnsThatAreNearlyRight) {
+    const std::string path =
+        folder().file("eight.csv", "url,username,password,totp,extra,name,grouping,fav\n");
+    const std::string out = rellinor({"check", "--source", "lastPass", path}).out;
+    EXPECT_TRUE(out.contains("line 1: 8 columns, where a LastPass export has 7: take out")) << out;
+    EXPECT_FALSE(out.contains("this looks like")) << out;
+}
+
 TEST_F(CheckTest, makesNoFileOfAMissingPath) {
     for (const std::string source : {"chrome", "firefox", "lastPass"}) {
         const std::string path = folder() / "missing";
