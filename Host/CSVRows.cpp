@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "Host/DisplayText.hpp"
+#include "Host/TextEncoding.hpp"
 
 namespace Rellinor::Host {
 
@@ -11,7 +12,6 @@ namespace {
 
 /// Drops a byte-order mark, and the CR of every CR LF.
 void keepLineFeedsOnly(std::string& text) {
-    constexpr std::string_view byteOrderMark = "\uFEFF";
     constexpr std::string_view lineEnd = "\r\n";
 
     if (text.starts_with(byteOrderMark)) {

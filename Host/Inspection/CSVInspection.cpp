@@ -4,27 +4,17 @@
 #include <string_view>
 #include <utility>
 
-#include "Host/Characters.hpp"
 #include "Host/Counted.hpp"
 #include "Host/FileContents.hpp"
+#include "Host/Inspection/EncodingProblem.hpp"
 
 namespace Rellinor::Host {
 
 namespace {
 
-/// Whether the bytes are text in UTF-16, with or without a mark that says so.
-bool isUTF16(std::string_view bytes) noexcept {
-    return bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF") ||
-           bytes.substr(0, 2).contains('\0');
-}
-
 /// Whether a carriage return alone parts one line from another, and nothing else does.
 bool hasCarriageReturnsOnly(std::string_view text) noexcept {
     return text.find('\r') < text.size() - 1 && !text.contains('\n');
-}
-
-std::size_t lineOf(std::size_t position, std::string_view text) {
-    return static_cast<std::size_t>(std::ranges::count(text.substr(0, position), '\n')) + 1;
 }
 
 } // namespace
@@ -37,8 +27,8 @@ std::optional<CSVRows> rowsToInspect(const std::string& path, const RecordsResul
     }
     if (contents->empty()) {
         inspection.wrong.push_back({"the file is empty", {}});
-    } else if (isUTF16(*contents)) {
-        inspection.wrong.push_back({"the text is in UTF-16: save the file as UTF-8", {}});
+    } else if (auto problem = encodingProblem(*contents)) {
+        inspection.wrong.push_back(*std::move(problem));
         if (!result) {
             return std::nullopt;
         }
@@ -46,13 +36,6 @@ std::optional<CSVRows> rowsToInspect(const std::string& path, const RecordsResul
         inspection.wrong.push_back({"the lines end with carriage returns alone, so that they are "
                                     "read as one: save the file with line feeds",
                                     {}});
-    }
-    if (!result) {
-        if (const auto broken = firstBrokenByte(*contents)) {
-            inspection.wrong.push_back(
-                {"the text is not UTF-8: save the file as UTF-8", {lineOf(*broken, *contents)}});
-            return std::nullopt;
-        }
     }
     return CSVRows(*std::move(contents));
 }

@@ -4,8 +4,9 @@
 #include <expected>
 #include <utility>
 
-#include "Host/Characters.hpp"
+#include "Host/Inspection/EncodingProblem.hpp"
 #include "Host/Inspection/TextLines.hpp"
+#include "Host/TextEncoding.hpp"
 
 namespace Rellinor::Host {
 
@@ -28,17 +29,6 @@ Remark remarkOn(const JSONFailure& failure, std::string_view text) {
 }
 
 } // namespace
-
-std::optional<Remark> encodingProblem(std::string_view text) {
-    if (text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF")) {
-        return Remark{.text = "the file is UTF-16: save it as UTF-8", .places = {}};
-    }
-    if (const auto broken = firstBrokenByte(text)) {
-        return Remark{.text = "not UTF-8: save the file as UTF-8",
-                      .places = {lineAt(text, *broken)}};
-    }
-    return std::nullopt;
-}
 
 std::optional<JSONTree> parseJSONFile(std::string_view contents, JSONWords words,
                                       Inspection& inspection) {

@@ -11,12 +11,13 @@
 
 #include "Host/DisplayText.hpp"
 #include "Host/FileContents.hpp"
-#include "Host/Inspection/JSONProblem.hpp"
+#include "Host/Inspection/EncodingProblem.hpp"
 #include "Host/Inspection/JSONTree.hpp"
 #include "Host/Inspection/OnePasswordRecords.hpp"
 #include "Host/Inspection/PIFRecordStarts.hpp"
 #include "Host/Inspection/Settled.hpp"
 #include "Host/Inspection/TextLines.hpp"
+#include "Host/TextEncoding.hpp"
 
 namespace Rellinor::Host {
 
@@ -24,8 +25,6 @@ namespace {
 
 /// Whether a line that is passed over looks like a record all the same.
 bool looksLikeRecord(std::string_view line) {
-    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-
     std::string_view blank = line.substr(0, std::min(line.find('{'), line.size()));
     if (blank.size() == line.size()) {
         return false;

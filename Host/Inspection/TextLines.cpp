@@ -17,9 +17,4 @@ std::size_t lineAt(std::string_view text, std::size_t offset) noexcept {
     return static_cast<std::size_t>(std::ranges::count(text.substr(0, offset), '\n')) + 1;
 }
 
-std::string_view withoutByteOrderMark(std::string_view text) noexcept {
-    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-    return text.starts_with(byteOrderMark) ? text.substr(byteOrderMark.size()) : text;
-}
-
 } // namespace Rellinor::Host

@@ -27,7 +27,4 @@ private:
 /// The number of the line on which an offset into a text stands.
 [[nodiscard]] std::size_t lineAt(std::string_view text, std::size_t offset) noexcept;
 
-/// The text without a byte-order mark of UTF-8.
-[[nodiscard]] std::string_view withoutByteOrderMark(std::string_view text) noexcept;
-
 } // namespace Rellinor::Host

@@ -225,11 +225,13 @@ TEST(DetectionTest, knowsWhatIsNoExport) {
 }
 
 TEST(DetectionTest, knowsTextThatIsNotInUTF8) {
-    EXPECT_EQ(detected("\xFF\xFEu\0r\0l\0"sv), "unknown; its text is in UTF-16; save it in UTF-8");
-    EXPECT_EQ(detected("\xFE\xFF\0u\0r\0l"sv), "unknown; its text is in UTF-16; save it in UTF-8");
-    EXPECT_EQ(detected("u\0r\0l\0,\0"sv), "unknown; its text is in UTF-16; save it in UTF-8");
+    EXPECT_EQ(detected("\xFF\xFEu\0r\0l\0"sv),
+              "unknown; the text is in UTF-16; save the file as UTF-8");
+    EXPECT_EQ(detected("\xFE\xFF\0u\0r\0l"sv),
+              "unknown; the text is in UTF-16; save the file as UTF-8");
+    EXPECT_EQ(detected("u\0r\0l\0,\0"sv), "unknown; the text is in UTF-16; save the file as UTF-8");
     EXPECT_EQ(detected("url,username,password,extra,name,grouping,fav\n,caf\xE9,,,,,\n"),
-              "unknown; its text is not in UTF-8; save it in UTF-8");
+              "unknown; the text is not UTF-8; save the file as UTF-8");
 }
 
 TEST(DetectionTest, doesNotMindACharacterThatIsCutWhereItStopsLooking) {
@@ -238,7 +240,7 @@ TEST(DetectionTest, doesNotMindACharacterThatIsCutWhereItStopsLooking) {
                   "unknown; nothing in it tells the source");
     }
     EXPECT_EQ(detected("xx🐟"sv.substr(0, 5)),
-              "unknown; its text is not in UTF-8; save it in UTF-8");
+              "unknown; the text is not UTF-8; save the file as UTF-8");
 }
 
 TEST(DetectionTest, knowsMarkup) {

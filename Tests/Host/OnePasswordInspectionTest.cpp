@@ -178,9 +178,12 @@ TEST(OnePasswordInspectionTest, findsIndentedRecords) {
 }
 
 TEST(OnePasswordInspectionTest, findsTheFirstLineThatIsNotUTF8) {
-    EXPECT_EQ(wrong("{}\n***\xFF\n\xFF\n"), Texts{"2: not UTF-8: save the file as UTF-8"});
+    EXPECT_EQ(wrong("{}\n***\xFF\n\xFF\n"),
+              Texts{"2: the text is not UTF-8: save the file as UTF-8"});
     EXPECT_EQ(wrong(std::string_view("\xFF\xFE{\0}\0", 6)),
-              Texts{"the file is UTF-16: save it as UTF-8"});
+              Texts{"the text is in UTF-16: save the file as UTF-8"});
+    EXPECT_EQ(wrong(std::string_view("{\0}\0\n\0*\0", 8)),
+              Texts{"the text is in UTF-16: save the file as UTF-8"});
 }
 
 TEST(OnePasswordInspectionTest, dropsAByteOrderMark) {

@@ -1,4 +1,5 @@
 #include "Host/Inspection/TextLines.hpp"
+#include "Host/TextEncoding.hpp"
 
 #include <string>
 #include <string_view>

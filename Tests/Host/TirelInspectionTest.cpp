@@ -102,9 +102,9 @@ TEST(TirelInspectionTest, tellsTheLineOnWhichTheJSONIsBroken) {
 }
 
 TEST(TirelInspectionTest, tellsBytesThatAreNotUTF8) {
-    EXPECT_EQ(wrong("{\n\"\xFF\":1}"), Texts{"2: not UTF-8: save the file as UTF-8"});
+    EXPECT_EQ(wrong("{\n\"\xFF\":1}"), Texts{"2: the text is not UTF-8: save the file as UTF-8"});
     EXPECT_EQ(wrong(std::string_view("\xFE\xFF\0{\0}", 6)),
-              Texts{"the file is UTF-16: save it as UTF-8"});
+              Texts{"the text is in UTF-16: save the file as UTF-8"});
 }
 
 TEST(TirelInspectionTest, tellsAnEmptyFile) {
