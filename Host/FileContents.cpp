@@ -1,11 +1,14 @@
 #include "Host/FileContents.hpp"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstdint>
 #include <filesystem>
 #include <new>
 #include <system_error>
+
+#include "Host/TextEncoding.hpp"
 
 namespace Rellinor::Host {
 
@@ -14,6 +17,17 @@ std::ifstream openedFile(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
     if (!file && errno == ENOMEM) {
         throw std::bad_alloc();
+    }
+    return file;
+}
+
+std::ifstream openedText(const std::string& path) {
+    std::ifstream file = openedFile(path);
+    std::array<char, byteOrderMark.size()> beginning{};
+    if (file && !(file.read(beginning.data(), beginning.size()) &&
+                  std::ranges::equal(beginning, byteOrderMark))) {
+        file.clear();
+        file.seekg(0);
     }
     return file;
 }

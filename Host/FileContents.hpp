@@ -13,6 +13,9 @@ namespace Rellinor::Host {
 /// @throws std::bad_alloc, for which a stream by itself only is not good
 [[nodiscard]] std::ifstream openedFile(const std::string& path);
 
+/// The same, from behind a byte-order mark of UTF-8 if the file begins with one.
+[[nodiscard]] std::ifstream openedText(const std::string& path);
+
 /// The bytes of a regular file, or its first `limit` bytes. Absent if there is no such file, if it
 /// cannot be read, and for anything else that has a name: what comes out of a pipe is the import's.
 ///

@@ -6,30 +6,44 @@
 
 #include "Host/Detection/Recognisers.hpp"
 #include "Host/FileContents.hpp"
+#include "Host/TextEncoding.hpp"
 
 namespace Rellinor::Host {
 
 namespace {
 
+/// Whether a text begins like JSON, and like no row of a table.
+bool isPlainlyJSON(std::string_view text) noexcept {
+    constexpr std::string_view blanks = " \t\r\n";
+
+    const std::size_t first = text.find_first_not_of(blanks);
+    const std::size_t second = text.find_first_not_of(blanks, first + 1);
+    return second != std::string_view::npos && std::string_view("{[").contains(text[first]) &&
+           std::string_view("\"{}[]").contains(text[second]);
+}
+
 /// A text, by the first that recognises it. Names tell more than positions.
 Detection detectText(const std::string& path, std::string_view beginning) {
-    if (auto found = detectMarkup(beginning)) {
+    const std::string_view text = withoutByteOrderMark(beginning);
+    if (auto found = detectMarkup(text)) {
         return *found;
     }
-    if (auto found = detectJSON(path, beginning)) {
+    if (auto found = detectJSON(path, text)) {
         return *found;
     }
     if (auto found = detectNamedColumns(beginning)) {
         return *found;
     }
-    if (auto found = detectRecordLines(path, beginning)) {
+    if (auto found = detectRecordLines(path, text)) {
         return *found;
     }
-    if (auto found = detectPositions(beginning)) {
-        return *found;
-    }
-    if (auto found = detectSeparators(beginning)) {
-        return *found;
+    if (!isPlainlyJSON(text)) {
+        if (auto found = detectPositions(beginning)) {
+            return *found;
+        }
+        if (auto found = detectSeparators(beginning)) {
+            return *found;
+        }
     }
     return unknown("nothing in it tells the source");
 }

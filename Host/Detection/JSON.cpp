@@ -145,7 +145,7 @@ Document read(const std::string& path) {
     strict.max_depth = deepestNesting;
     boost::json::basic_parser<Handler> parser(strict);
     boost::json::error_code error;
-    std::ifstream file = openedFile(path);
+    std::ifstream file = openedText(path);
     std::string piece(sizeOfBeginning, '\0');
     bool isParsed = true;
     while (isParsed && file) {

@@ -21,10 +21,6 @@ Detection notRead(std::string_view layout, std::string_view reason, std::string_
 } // namespace
 
 std::optional<Detection> detectMarkup(std::string_view beginning) {
-    constexpr std::string_view byteOrderMark = "\uFEFF";
-    if (beginning.starts_with(byteOrderMark)) {
-        beginning.remove_prefix(byteOrderMark.size());
-    }
     beginning.remove_prefix(std::min(beginning.size(), beginning.find_first_not_of(" \t\r\n")));
     if (!beginning.starts_with('<')) {
         return std::nullopt;

@@ -59,7 +59,7 @@ std::optional<Detection> detectRecordLines(const std::string& path, std::string_
     if (!hasRecordLine(beginning)) {
         return std::nullopt;
     }
-    std::ifstream file = openedFile(path);
+    std::ifstream file = openedText(path);
     file.exceptions(std::ios::badbit); // a line that lacks memory would look like the end
     bool hasRecord = false;
     bool hasSeparator = false;

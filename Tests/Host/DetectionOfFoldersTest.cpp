@@ -34,6 +34,11 @@ TEST_F(DetectionOfFoldersTest, knowsAProfileOfFirefox) {
     EXPECT_EQ(detectedAt(path() + "/"), "firefox (certain): Firefox profile; the file logins.json");
 }
 
+TEST_F(DetectionOfFoldersTest, knowsAStoreWithAByteOrderMark) {
+    write("logins.json", "\uFEFF{\"nextId\":1,\"logins\":[]}");
+    EXPECT_EQ(said(), "firefox (certain): Firefox profile; the file logins.json");
+}
+
 TEST_F(DetectionOfFoldersTest, isLessSureOfAStoreThatFirefoxDidNotWrite) {
     write("logins.json", "");
     EXPECT_EQ(said(), "firefox (possible): Firefox profile; the file logins.json, though it is not "

@@ -146,6 +146,30 @@ TEST(DetectionTest, knowsNoOtherJSON) {
     }
 }
 
+TEST(DetectionTest, takesNoJSONForATable) {
+    const std::string rows = R"("a","https://a.example","{01234567-89AB-CDEF-0123-456789ABCDEF}",)"
+                             R"("b","c","d"]})";
+    for (const std::string_view begin : {"{\"x\":[", "[", "[[", " {\n\"x\":[", "\uFEFF[\r\n"}) {
+        EXPECT_EQ(detected(std::string(begin) + rows), "unknown; nothing in it tells the source")
+            << begin;
+    }
+    EXPECT_TRUE(detected("[a,https://a.example,ann,one,\n").starts_with("dashlane (likely)"));
+}
+
+// Byte-order marks
+
+TEST(DetectionTest, doesNotMindAByteOrderMark) {
+    EXPECT_TRUE(
+        detected("\uFEFF{\"logins\":[],\"notes\":[],\"cards\":[]}").starts_with("tirel (certain)"));
+    EXPECT_TRUE(detected("\uFEFF{\"nextId\":1,\"logins\":[]}")
+                    .starts_with("not read (certain): Firefox login store"));
+    EXPECT_TRUE(detected("\uFEFF{\"uuid\":\"1\",\"typeName\":\"x\"}\n***separator***\n")
+                    .starts_with("onePassword (certain)"));
+    EXPECT_TRUE(detected("\uFEFF<!DOCTYPE html>").starts_with("unknown; a web page"));
+    EXPECT_TRUE(detected("\uFEFFAccount,Login Name,Password,Web Site,Comments\n")
+                    .starts_with("keePass (certain)"));
+}
+
 // 1PIF
 
 TEST(DetectionTest, knowsTheLinesOf1Password) {
