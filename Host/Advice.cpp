@@ -77,7 +77,7 @@ std::string gist(const Inspection& inspection, bool imported) {
 
 std::string composed(const std::string& path, ImportSource source, const RecordsResult& result) {
     Mismatch other = mismatch(path, source);
-    if (!other.proposal.empty() && !other.isOfColumns) {
+    if (!other.proposal.empty() && !other.isNearlyRight) {
         return std::move(other.proposal);
     }
     if (std::string reason = obstacle(path, source); !reason.empty()) {

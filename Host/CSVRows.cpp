@@ -100,6 +100,10 @@ bool CSVRows::next(CSVRow& row) {
     return true;
 }
 
+bool CSVRows::areOneLine() const noexcept {
+    return hasCarriageReturnsOnly(_written);
+}
+
 void CSVRows::takeRow(CSVRow& row) {
     const std::string_view rest = text().substr(_position);
     row.text = rest.substr(0, endOfRow(rest));

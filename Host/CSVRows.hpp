@@ -52,6 +52,9 @@ public:
     /// Reads the next row into `row`; false if there is none.
     [[nodiscard]] bool next(CSVRow& row);
 
+    /// Whether all rows run together, since only carriage returns part them.
+    [[nodiscard]] bool areOneLine() const noexcept;
+
 private:
     void takeRow(CSVRow& row);
 

@@ -91,7 +91,7 @@ Inspection inspection(const std::string& path, ImportSource source, const Record
     Inspection found = inspect(path, source, result);
     Mismatch other = mismatch(path, source);
     const bool foundNothing = found.leftOut.empty() && found.wrong.empty();
-    if (!other.proposal.empty() && (!other.isOfColumns || foundNothing)) {
+    if (!other.proposal.empty() && (!other.isNearlyRight || foundNothing)) {
         found.wrong = {{.text = std::move(other.proposal), .places = {}}};
         found.notImported.clear();
     }

@@ -28,7 +28,7 @@ Mismatch mismatch(const std::string& path, ImportSource source) {
         return {};
     }
     return {.proposal = proposal(detection),
-            .isOfColumns = detection.nearly && sameImporter(*detection.nearly, source)};
+            .isNearlyRight = detection.nearly && sameImporter(*detection.nearly, source)};
 }
 
 } // namespace Rellinor::Host

@@ -45,4 +45,9 @@ std::optional<EncodingFault> encodingFault(std::string_view bytes) {
     return std::nullopt;
 }
 
+bool hasCarriageReturnsOnly(std::string_view text) noexcept {
+    const std::size_t first = text.find('\r');
+    return first != std::string_view::npos && first + 1 < text.size() && !text.contains('\n');
+}
+
 } // namespace Rellinor::Host

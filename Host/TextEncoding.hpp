@@ -4,8 +4,8 @@
 #include <optional>
 #include <string_view>
 
-// How the bytes of a text stand for its characters. An import takes UTF-8 alone, with or without a
-// mark in front.
+// How the bytes of a text stand for its characters and lines. An import takes UTF-8 alone, with or
+// without a mark in front, and line feeds, alone or behind carriage returns.
 
 namespace Rellinor::Host {
 
@@ -27,5 +27,9 @@ inline constexpr std::string_view saveAsUTF8 = "save the file as UTF-8";
 /// Absent if the bytes are UTF-8. Text in UTF-16 is known by its mark, or else by the NULs beside
 /// the plain letters that it begins with.
 [[nodiscard]] std::optional<EncodingFault> encodingFault(std::string_view bytes);
+
+/// Whether carriage returns part lines from each other and nothing else does, so that an import
+/// takes them for one.
+[[nodiscard]] bool hasCarriageReturnsOnly(std::string_view text) noexcept;
 
 } // namespace Rellinor::Host

@@ -31,6 +31,9 @@ Detection detectText(const std::string& path, std::string_view beginning) {
     if (auto found = detectJSON(path, text)) {
         return *found;
     }
+    if (auto found = detectCarriageReturns(path, beginning)) {
+        return *found;
+    }
     if (auto found = detectNamedColumns(beginning)) {
         return *found;
     }

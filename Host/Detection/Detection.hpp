@@ -22,7 +22,7 @@ struct Detection {
     Confidence confidence = Confidence::possible;
     std::string reason; ///< what tells, without any of the contents
     std::string advice; ///< what to do with what is known but not read; empty otherwise
-    /// What would read it if its columns were as expected.
+    /// What would read it if its columns or lines were as expected.
     std::optional<ImportSource> nearly = std::nullopt;
 };
 

@@ -156,7 +156,7 @@ std::optional<Detection> detectHeader(const Header& header) {
 std::optional<Detection> detectNamedColumns(std::string_view beginning) {
     CSVRows rows(beginning);
     CSVRow row;
-    if (!rows.next(row)) {
+    if (!rows.next(row) || row.numberOfCells > CSVRows::mostCells) {
         return std::nullopt;
     }
     std::ranges::transform(row.cells, row.cells.begin(), unquoted);

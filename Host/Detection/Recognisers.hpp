@@ -48,14 +48,20 @@ inline constexpr std::size_t sizeOfBeginning = std::size_t{64} * 1024;
                                                   std::string_view beginning);
 
 /// The lines of a 1PIF file.
-[[nodiscard]] std::optional<Detection> detectRecordLines(const std::string& path,
-                                                         std::string_view beginning);
+///
+/// @param lineEnd  what parts them
+[[nodiscard]] std::optional<Detection>
+detectRecordLines(const std::string& path, std::string_view beginning, char lineEnd = '\n');
 
 /// A CSV text without names of columns, by what stands where.
 [[nodiscard]] std::optional<Detection> detectPositions(std::string_view beginning);
 
 /// A CSV text with something else than commas between the columns.
 [[nodiscard]] std::optional<Detection> detectSeparators(std::string_view beginning);
+
+/// A text whose lines end with carriage returns alone.
+[[nodiscard]] std::optional<Detection> detectCarriageReturns(const std::string& path,
+                                                             std::string_view beginning);
 
 /// What keeps a file from being read as text, if something does.
 [[nodiscard]] std::optional<Detection> detectEncoding(std::string_view beginning);

@@ -1,3 +1,4 @@
+#include <array>
 #include <fstream>
 
 #include "Host/Detection/Recognisers.hpp"
@@ -29,17 +30,18 @@ bool isSeparator(std::string_view line) noexcept {
     return line.size() > 2 * stars.size() && line.starts_with(stars) && line.ends_with(stars);
 }
 
-bool hasRecordLine(std::string_view text) noexcept {
-    return text.starts_with('{') || text.contains("\n{");
+bool hasRecordLine(std::string_view text, char lineEnd) noexcept {
+    const std::array<char, 2> begin = {lineEnd, '{'};
+    return text.starts_with('{') || text.contains(std::string_view(begin.data(), begin.size()));
 }
 
 /// Reads the next line; false if there is none, or if it cannot be read.
 ///
 /// @param file  throws what makes it bad
 /// @throws std::bad_alloc
-bool nextLine(std::ifstream& file, std::string& line) {
+bool nextLine(std::ifstream& file, std::string& line, char lineEnd) {
     try {
-        return static_cast<bool>(std::getline(file, line));
+        return static_cast<bool>(std::getline(file, line, lineEnd));
     } catch (const std::ios::failure&) {
         return false;
     }
@@ -55,15 +57,16 @@ Detection onePassword(Confidence confidence, std::string_view reason) {
 
 } // namespace
 
-std::optional<Detection> detectRecordLines(const std::string& path, std::string_view beginning) {
-    if (!hasRecordLine(beginning)) {
+std::optional<Detection> detectRecordLines(const std::string& path, std::string_view beginning,
+                                           char lineEnd) {
+    if (!hasRecordLine(beginning, lineEnd)) {
         return std::nullopt;
     }
     std::ifstream file = openedText(path);
     file.exceptions(std::ios::badbit); // a line that lacks memory would look like the end
     bool hasRecord = false;
     bool hasSeparator = false;
-    for (std::string line; (!hasRecord || !hasSeparator) && nextLine(file, line);) {
+    for (std::string line; (!hasRecord || !hasSeparator) && nextLine(file, line, lineEnd);) {
         hasSeparator = hasSeparator || isSeparator(line);
         hasRecord =
             hasRecord || (line.starts_with('{') && hasMember(line, "\"typeName\"") &&

@@ -7,17 +7,9 @@
 #include "Host/Counted.hpp"
 #include "Host/FileContents.hpp"
 #include "Host/Inspection/EncodingProblem.hpp"
+#include "Host/TextEncoding.hpp"
 
 namespace Rellinor::Host {
-
-namespace {
-
-/// Whether a carriage return alone parts one line from another, and nothing else does.
-bool hasCarriageReturnsOnly(std::string_view text) noexcept {
-    return text.find('\r') < text.size() - 1 && !text.contains('\n');
-}
-
-} // namespace
 
 std::optional<CSVRows> rowsToInspect(const std::string& path, const RecordsResult& result,
                                      Inspection& inspection) {
@@ -36,6 +28,9 @@ std::optional<CSVRows> rowsToInspect(const std::string& path, const RecordsResul
         inspection.wrong.push_back({"the lines end with carriage returns alone, so that they are "
                                     "read as one: save the file with line feeds",
                                     {}});
+        if (!result) {
+            return std::nullopt;
+        }
     }
     return CSVRows(*std::move(contents));
 }

@@ -104,8 +104,11 @@ public:
         }
     }
 
-    void report() const {
-        _quotes.report(*_inspection);
+    /// @param areOneLine  whether that explains quotes that are not closed
+    void report(bool areOneLine) const {
+        if (!areOneLine) {
+            _quotes.report(*_inspection);
+        }
         addIfAnywhere(_inspection->wrong, _overlooked);
         _texts.report(*_inspection);
         _between.report(*_inspection);
@@ -174,7 +177,7 @@ Inspection inspectDashlane(const std::string& path, const RecordsResult& result)
     if (count == 0) {
         reportBlank(inspection);
     }
-    inspector.report();
+    inspector.report(rows->areOneLine());
     if (result) {
         inspection.count = count;
     }

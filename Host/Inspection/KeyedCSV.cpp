@@ -74,7 +74,9 @@ void KeyedCSV::lookAtText(std::size_t column) {
 }
 
 void KeyedCSV::report(bool escapesBackslashes) {
-    _quotes.report(*_inspection);
+    if (_rows && !_rows->areOneLine()) {
+        _quotes.report(*_inspection);
+    }
     if (_lengths) {
         _lengths->report(*_inspection);
     }

@@ -115,7 +115,7 @@ std::string_view problemOf(std::string_view text, std::string_view joined) {
     if (isBlank(text)) {
         return "the file is empty";
     }
-    if (text.contains('\r') && !text.contains('\n')) {
+    if (hasCarriageReturnsOnly(text)) {
         return "all is one line: save the file with line feeds instead of carriage returns";
     }
     return joined.empty() ? "no line begins with {, so there is no record in the file" : "";
@@ -150,7 +150,7 @@ Inspection inspectOnePassword(const std::string& path, const RecordsResult& resu
     }
     if (result) {
         inspectRecords(text, joined, result, inspection);
-    } else {
+    } else if (!hasCarriageReturnsOnly(text)) { // which explain it
         findBrokenLines(text, inspection);
     }
     if (hasAttachments(path)) {

@@ -179,9 +179,17 @@ TEST(CSVInspectionTest, saysThatAFileHasNoRows) {
 }
 
 TEST(CSVInspectionTest, findsCarriageReturnsAlone) {
-    EXPECT_EQ(wrong("dashlane", "A,https://a.example,ann,one,\rB,https://b.example,bob,two,\r"),
-              (Lines{"the lines end with carriage returns alone, so that they are read as one: "
-                     "save the file with line feeds"}));
+    const Lines expected = {"the lines end with carriage returns alone, so that they are read as "
+                            "one: save the file with line feeds"};
+    for (const std::string_view text : {"A,https://a.example,ann,one,\rB,https://b.example,bob,,\r",
+                                        "A,https://a.example,ann,\"one\",\"\"\r\"B\",b,c,d,e\r"}) {
+        EXPECT_EQ(wrong("dashlane", text), expected);
+    }
+    EXPECT_EQ(wrong("lastPass", "url,username,password,extra,name,grouping,fav\r"
+                                "\"a\",b,c,d,e,f,\"0\"\r\"a\",b,c,d,e,f,0\r"),
+              expected);
+    EXPECT_EQ(wrong("lastPass", "a,b,c,d,e,f,\"0\"\r\"\"\r"),
+              expected); // as many as there should be
 }
 
 // Columns

@@ -98,6 +98,15 @@ TEST(DetectionOfColumnsTest, tellsNamesInOtherCase) {
               "grouping and fav");
 }
 
+TEST(DetectionOfColumnsTest, takesNoMoreThanAHundredColumnsForAHeader) {
+    EXPECT_TRUE(
+        detected("url,username,password,extra,name,grouping,fav" + std::string(93, ',') + '\n')
+            .starts_with("not read (likely): LastPass export with 100 columns"));
+    EXPECT_EQ(
+        detected("url,username,password,extra,name,grouping,fav" + std::string(94, ',') + '\n'),
+        "unknown; nothing in it tells the source");
+}
+
 TEST(DetectionOfColumnsTest, guessesNothingOfTwoMissingColumns) {
     EXPECT_EQ(detected("url,username,password,extra,name\n"),
               "unknown; nothing in it tells the source");

@@ -156,6 +156,32 @@ TEST(DetectionTest, takesNoJSONForATable) {
     EXPECT_TRUE(detected("[a,https://a.example,ann,one,\n").starts_with("dashlane (likely)"));
 }
 
+// Carriage returns alone
+
+constexpr std::string_view carriageReturns = " whose lines end with carriage returns alone; ";
+
+TEST(DetectionTest, tellsToSaveTheLinesOtherwise) {
+    EXPECT_EQ(detected("\uFEFFurl,username,password,extra,name,grouping,fav\r"
+                       "https://a.example,ann,one,,A,,0\r"),
+              "not read (certain): LastPass export" + std::string(carriageReturns) +
+                  "the columns url, username, password, extra, name, grouping and fav; save it "
+                  "with line feeds");
+    EXPECT_EQ(detected("A,https://a.example,ann,one,\rB,https://b.example,bob,two,"),
+              "not read (likely): Dashlane export" + std::string(carriageReturns) +
+                  "rows of five cells or more, mostly with an address in the second; save it "
+                  "with line feeds");
+    EXPECT_EQ(detected("***\r{\"uuid\":\"1\",\"typeName\":\"x\"}\r***separator***\r"),
+              "not read (certain): 1Password export (1PIF)" + std::string(carriageReturns) +
+                  "records with a typeName, parted by lines of stars; save it with line feeds");
+    EXPECT_EQ(detected("some\rtext\r"),
+              "unknown; its lines end with carriage returns alone; save it with line feeds");
+}
+
+TEST(DetectionTest, doesNotMindCarriageReturnsInJSON) {
+    EXPECT_TRUE(detected("{\r\"logins\":[],\r\"notes\":[],\r\"cards\":[]\r}\r")
+                    .starts_with("tirel (certain)"));
+}
+
 // Byte-order marks
 
 TEST(DetectionTest, doesNotMindAByteOrderMark) {

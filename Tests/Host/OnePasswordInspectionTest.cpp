@@ -196,8 +196,10 @@ TEST(OnePasswordInspectionTest, tellsAFileWithoutRecords) {
 }
 
 TEST(OnePasswordInspectionTest, tellsLinesThatEndWithCarriageReturnsAlone) {
-    EXPECT_EQ(wrong("***\r{}\r"),
-              Texts{"all is one line: save the file with line feeds instead of carriage returns"});
+    const Texts expected = {
+        "all is one line: save the file with line feeds instead of carriage returns"};
+    EXPECT_EQ(wrong("***\r{}\r"), expected);
+    EXPECT_EQ(wrong("{}\r***\r{}\r"), expected);
 }
 
 TEST(OnePasswordInspectionTest, acceptsCarriageReturnsBeforeLineFeeds) {
