@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <iterator>
 #include <span>
 #include <string_view>
 
@@ -10,6 +9,7 @@
 
 #include "Host/DisplayText.hpp"
 #include "Host/ExitStatus.hpp"
+#include "Host/Listed.hpp"
 #include "Host/NearestName.hpp"
 #include "Host/Source.hpp"
 
@@ -22,6 +22,10 @@ using Names = std::span<const std::string_view>;
 constexpr std::string_view automatic = "auto";
 
 constexpr std::string_view commandNames[] = {"import", "detect", "check", "sources"};
+
+std::string theCommands() {
+    return "the commands are " + listed(commandNames);
+}
 
 std::string quoted(std::string_view word) {
     return '"' + displayText(word) + '"';
@@ -113,15 +117,73 @@ std::optional<ImportSource> sourceOf(const std::string& word) {
     return sourceNamed(word);
 }
 
-/// What is wrong with the command line, in one sentence.
-std::string complaint(const CLI::Error& error, int argc, char* argv[]) {
-    const std::span<char*> arguments(argv, static_cast<std::size_t>(argc));
-    if (arguments.size() > 1 && !std::string_view(arguments[1]).starts_with('-') &&
-        std::ranges::find(commandNames, std::string_view(arguments[1])) == std::end(commandNames)) {
-        return unknown(arguments[1], commandNames,
-                       "the commands are import, detect, check and sources");
+/// The command that was given; null if there is none.
+const CLI::App* commandIn(const CLI::App& app) {
+    const std::vector<CLI::App*> given = app.get_subcommands();
+    return given.empty() ? nullptr : given.front();
+}
+
+/// What is wrong with a word that looks like an option of a command, or of the tool itself.
+std::string unknownOption(std::string_view word, const CLI::App& app) {
+    std::vector<std::string> options;
+    for (const CLI::Option* const option : app.get_options()) {
+        for (const std::string& name : option->get_lnames()) {
+            options.push_back("--" + name);
+        }
     }
-    return displayText(error.what());
+    const std::vector<std::string_view> names(options.begin(), options.end());
+    return unknown(word.substr(0, word.find('=')), names,
+                   (names.size() == 1 ? "the only option is " : "the options are ") +
+                       listed(names));
+}
+
+/// What is wrong with a word that belongs nowhere.
+std::string unexpected(std::string_view word, const CLI::App& app) {
+    const CLI::App* const command = commandIn(app);
+    if (word.starts_with('-')) {
+        return unknownOption(word, command == nullptr ? app : *command);
+    }
+    return command == nullptr ? unknown(word, commandNames, theCommands())
+                              : quoted(word) + " is not expected";
+}
+
+/// What is wrong with the number of values of an option.
+std::string wrongNumber(const std::string& name, const CLI::App& command) {
+    const CLI::Option* const option = command.get_option_no_throw(name);
+    const bool isRepeated = option != nullptr && option->count() > 1;
+    return name + (isRepeated
+                       ? " may be given only once"
+                       : " needs a " + (option == nullptr ? "value" : option->get_type_name()));
+}
+
+/// What is wrong with the command line, in one sentence.
+std::string complaint(const CLI::Error& error, const CLI::App& app) {
+    // A word that belongs nowhere may be why another is missing.
+    for (const std::string& word : app.remaining(true)) {
+        if (word != "--") {
+            return unexpected(word, app);
+        }
+    }
+    const CLI::App* const command = commandIn(app);
+    if (command == nullptr) {
+        return "a command is missing; " + theCommands();
+    }
+    const std::string text = error.what();
+    const std::size_t name = std::min(text.find("--"), text.size());
+    const std::string option = text.substr(name, text.find_first_of(" :=", name) - name);
+    if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::ArgumentMismatch)) {
+        return wrongNumber(option, *command);
+    }
+    if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::ConversionError)) {
+        return option + " takes no value"; // only a flag is converted
+    }
+    return displayText(text);
+}
+
+/// Where to read what the command line may be.
+std::string helpFor(const CLI::App& app) {
+    const CLI::App* const command = commandIn(app);
+    return "rellinor " + (command == nullptr ? "" : command->get_name() + ' ') + "--help";
 }
 
 } // namespace
@@ -140,8 +202,8 @@ std::expected<Request, int> readCommandLine(int argc, char* argv[]) {
     addDetect(app, detect);
     addCheck(app, check, checkWords);
     app.add_subcommand("sources", "List the sources");
-    app.failure_message([=](const CLI::App* /*app*/, const CLI::Error& error) {
-        return "rellinor: " + complaint(error, argc, argv) + " (rellinor --help tells more)\n";
+    app.failure_message([](const CLI::App* given, const CLI::Error& error) {
+        return "rellinor: " + complaint(error, *given) + " (" + helpFor(*given) + " tells more)\n";
     });
 
     try {

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -46,6 +47,15 @@ protected:
                              const std::string& why) const {
         const std::string path = _folder.file(name, contents);
         expectFailure(path, why + " (rellinor check --source lastPass " + path + " tells more)");
+    }
+
+    /// What is said of a command line that makes no sense.
+    static std::string complaint(std::vector<std::string> arguments) {
+        const Ended ended = rellinor(std::move(arguments));
+        EXPECT_EQ(ended.status, 2);
+        constexpr std::string_view begin = "rellinor: ";
+        EXPECT_TRUE(ended.errors.starts_with(begin) && ended.errors.ends_with('\n'));
+        return ended.errors.substr(begin.size(), ended.errors.size() - begin.size() - 1);
     }
 
 private:
@@ -224,6 +234,54 @@ TEST_F(HostTest, rejectsWrongUsage) {
         EXPECT_EQ(linesIn(ended.errors), 1) << ended.errors;
         EXPECT_TRUE(ended.errors.starts_with("rellinor: ")) << ended.errors;
     }
+}
+
+TEST_F(HostTest, namesTheHelpOfTheCommand) {
+    EXPECT_EQ(complaint({}), "a command is missing; the commands are import, detect, check and "
+                             "sources (rellinor --help tells more)");
+    EXPECT_TRUE(complaint({"--"}).starts_with("a command is missing"));
+    EXPECT_EQ(complaint({"import", "a"}),
+              "--source is required (rellinor import --help tells more)");
+    EXPECT_EQ(complaint({"detect"}), "PATH is required (rellinor detect --help tells more)");
+    EXPECT_EQ(complaint({"import", "--source", "lastPass", "--force", "a"}),
+              "--force requires --output (rellinor import --help tells more)");
+}
+
+TEST_F(HostTest, namesTheNearestOption) {
+    EXPECT_EQ(complaint({"--verson"}),
+              "\"--verson\" is not known; did you mean --version? (rellinor --help tells more)");
+    EXPECT_EQ(complaint({"import", "--sorce", "lastPass", "a"}),
+              "\"--sorce\" is not known; did you mean --source? (rellinor import --help tells "
+              "more)");
+    EXPECT_EQ(complaint({"import", "--source", "lastPass", "--formt=json", "a"}),
+              "\"--formt\" is not known; did you mean --format? (rellinor import --help tells "
+              "more)");
+    EXPECT_EQ(complaint({"detect", "--source", "auto", "a"}),
+              "\"--source\" is not known; the only option is --help (rellinor detect --help tells "
+              "more)");
+    EXPECT_EQ(complaint({"check", "-x", "a"}),
+              "\"-x\" is not known; the options are --help and --source (rellinor check --help "
+              "tells more)");
+}
+
+TEST_F(HostTest, namesTheNearestCommand) {
+    EXPECT_EQ(complaint({"imprt", "--sorce"}),
+              "\"imprt\" is not known; did you mean import? (rellinor --help tells more)");
+    EXPECT_EQ(complaint({"xyz"}), "\"xyz\" is not known; the commands are import, detect, check "
+                                  "and sources (rellinor --help tells more)");
+    EXPECT_EQ(complaint({"sources", "all"}),
+              "\"all\" is not expected (rellinor sources --help tells more)");
+}
+
+TEST_F(HostTest, saysWhichValueIsMissingOrTooMany) {
+    const std::string end = " (rellinor import --help tells more)";
+    EXPECT_EQ(complaint({"import", "a", "--source"}), "--source needs a SOURCE" + end);
+    EXPECT_EQ(complaint({"import", "--source", "tirel", "--format"}),
+              "--format needs a FORMAT" + end);
+    EXPECT_EQ(complaint({"import", "--source", "tirel", "--source", "lastPass", "a"}),
+              "--source may be given only once" + end);
+    EXPECT_EQ(complaint({"import", "--source", "tirel", "--reveal=much", "a"}),
+              "--reveal takes no value" + end);
 }
 
 TEST_F(HostTest, saysSoIfTheOutputCannotBeWritten) {
