@@ -15,6 +15,20 @@
 
 namespace Rellinor::Host {
 
+namespace {
+
+/// Whether there is something at a path that is no file, or a link to such a thing: to put a file
+/// there could cost a pipe or device its name.
+bool isNoFile(const std::string& path, const struct stat& status) {
+    struct stat target = status;
+    if (S_ISLNK(status.st_mode) && ::stat(path.c_str(), &target) != 0) {
+        return false; // it leads nowhere
+    }
+    return !S_ISREG(target.st_mode);
+}
+
+} // namespace
+
 OutputFile::OutputFile(std::string path, Existing existing)
     : _path(std::move(path)), _existing(existing), _buffer(open()), _stream(&_buffer) {}
 
@@ -49,7 +63,7 @@ void OutputFile::fail(int error) const {
 int OutputFile::open() {
     struct stat status{};
     if (::lstat(_path.c_str(), &status) == 0) {
-        if (!S_ISREG(status.st_mode) && !S_ISLNK(status.st_mode)) {
+        if (isNoFile(_path, status)) {
             fail("exists already and is not a file");
         }
         if (_existing == Existing::kept) {

@@ -30,7 +30,7 @@ enum class Existing : std::uint8_t {
 class OutputFile {
 public:
     /// @throws OutputError  there is such a file that is to be kept, or that is neither a file
-    ///                      nor a link; or the folder cannot be written to
+    ///                      nor a link to one or to nothing; or the folder cannot be written to
     OutputFile(std::string path, Existing existing);
 
     /// Leaves nothing behind unless it was committed.

@@ -273,6 +273,19 @@ TEST_F(OutputFileTest, keepsWhateverElseExists) {
     expectNotReplaced(folder() / "pipe");
 }
 
+TEST_F(OutputFileTest, keepsALinkToWhateverElseExists) {
+    std::filesystem::create_directory(folder() / "folder");
+    ASSERT_EQ(::mkfifo((folder() / "pipe").c_str(), 0600), 0);
+    for (const std::string target : {"folder", "pipe"}) {
+        const std::string link = folder() / ("to-" + target);
+        std::filesystem::create_symlink(folder() / target, link);
+        expectNotReplaced(link);
+        std::filesystem::create_symlink(link, folder() / ("to-to-" + target));
+        expectNotReplaced(folder() / ("to-to-" + target));
+        EXPECT_TRUE(std::filesystem::is_symlink(link));
+    }
+}
+
 TEST_F(OutputFileTest, doesNotReplaceAFolderThatCameMeanwhile) {
     {
         OutputFile file(path(), Existing::replaced);

@@ -130,6 +130,14 @@ TEST_F(OutputTest, doesNotReplaceAFolderOrAPipe) {
     EXPECT_TRUE(std::filesystem::is_fifo(pipe()));
 }
 
+TEST_F(OutputTest, doesNotReplaceALinkToAPipe) {
+    const std::string link = folder() / "link";
+    std::filesystem::create_symlink(pipe(), link);
+    expectRefused(link, "exists already and is not a file");
+    expectRefused(link, "exists already and is not a file", {"--force"});
+    EXPECT_TRUE(std::filesystem::is_symlink(link));
+}
+
 TEST_F(OutputTest, mayReplaceItsSource) {
     EXPECT_EQ(imported({"--format", "tirel", "--output", source(), "--force", source()}).status, 0);
     EXPECT_TRUE(contentsOf(source()).starts_with("{\"logins\":[{"));
