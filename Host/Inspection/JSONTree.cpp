@@ -247,6 +247,11 @@ std::optional<JSONValue> JSONValue::find(JSONWord key, JSONKind kind) const noex
     return value && value->kind() == kind ? value : std::nullopt;
 }
 
+std::size_t JSONValue::countOf(JSONWord key) const noexcept {
+    return static_cast<std::size_t>(std::ranges::count_if(
+        begin(), end(), [&](const JSONValue& member) { return member.node().key == key; }));
+}
+
 std::expected<JSONTree, JSONFailure>
 JSONTree::parsed(std::initializer_list<std::string_view> pieces, JSONWords words,
                  std::size_t depth) {

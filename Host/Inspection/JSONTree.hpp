@@ -76,6 +76,9 @@ public:
     /// The same, if it is of that kind.
     [[nodiscard]] std::optional<JSONValue> find(JSONWord key, JSONKind kind) const noexcept;
 
+    /// How many members have that name.
+    [[nodiscard]] std::size_t countOf(JSONWord key) const noexcept;
+
     class Iterator {
     public:
         using value_type = JSONValue;

@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "Host/Counted.hpp"
 #include "Host/FileContents.hpp"
@@ -174,29 +175,60 @@ std::string flawOf(const JSONValue& root) {
     return {};
 }
 
-/// How many members of an object are none of these.
-std::size_t countOfOthers(const JSONValue& object, std::span<const Member> members) {
-    return object.count() -
-           static_cast<std::size_t>(std::ranges::count_if(
-               members, [&](const Member& member) { return object[member.word].has_value(); }));
+/// Members of objects that do not arrive.
+struct UnreadMembers {
+    std::size_t others = 0;  ///< of names that are not known there
+    std::size_t repeats = 0; ///< of names that stand before them in the same object
+
+    void look(const JSONValue& object, std::span<const JSONWord> names) {
+        others += object.count();
+        for (const JSONWord name : names) {
+            const std::size_t count = object.countOf(name);
+            others -= count;
+            repeats += count > 1 ? count - 1 : 0;
+        }
+    }
+
+    void report(Inspection& inspection) const {
+        if (repeats > 0) {
+            inspection.wrong.push_back(
+                {.text = counted(repeats, "member") +
+                         " of a name that stands there before: only the first is read",
+                 .places = {}});
+        }
+        if (others > 0) {
+            inspection.notImported.push_back(
+                {.text = counted(others, "member") + " of other names than Tirel's", .places = {}});
+        }
+    }
+};
+
+/// What the members of a kind of object, or the lists, are called.
+std::vector<JSONWord> namesOf(const auto& parts) {
+    std::vector<JSONWord> names;
+    for (const auto& part : parts) {
+        names.push_back(part.word);
+    }
+    return names;
 }
 
 void inspectRecords(const JSONValue& root, const RecordsResult& result, Inspection& inspection) {
     std::size_t records = 0;
-    std::size_t others = root.count() - lists.size();
+    UnreadMembers unread;
+    unread.look(root, namesOf(lists));
+    const std::vector<JSONWord> namesOfDate = namesOf(dateMembers);
     for (const List& list : lists) {
         const auto entries = root[list.word];
         records += entries->count();
+        const std::vector<JSONWord> names = namesOf(list.members);
         for (const JSONValue& entry : *entries) {
-            const auto date = dateIn(entry, list.members);
-            others += countOfOthers(entry, list.members);
-            others += date ? countOfOthers(*date, dateMembers) : 0;
+            unread.look(entry, names);
+            if (const auto date = dateIn(entry, list.members)) {
+                unread.look(*date, namesOfDate);
+            }
         }
     }
-    if (others > 0) {
-        inspection.notImported.push_back(
-            {.text = counted(others, "member") + " of other names than Tirel's", .places = {}});
-    }
+    unread.report(inspection);
     settleCount(inspection, records, result);
 }
 

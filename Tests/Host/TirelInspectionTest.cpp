@@ -112,14 +112,26 @@ TEST(TirelInspectionTest, tellsAnEmptyFile) {
 }
 
 TEST(TirelInspectionTest, countsMembersThatAreNotKnown) {
-    const Inspection inspection =
-        file("{\"x\":{\"color\":1},\"logins\":[],\"cards\":[" +
-             card(R"({"day":1,"month":2,"year":3,"hour":4})") +
-             R"(],"notes":[{"color":1,"label":"","text":"","pwd":"","text":5}]})")
-            .inspection;
-    // "x", "hour", the "pwd" of a note and its second "text".
-    EXPECT_EQ(texts(inspection.notImported), Texts{"4 members of other names than Tirel's"});
+    const Inspection inspection = file("{\"x\":{\"color\":1},\"logins\":[],\"cards\":[" +
+                                       card(R"({"day":1,"month":2,"year":3,"hour":4})") +
+                                       R"(],"notes":[{"color":1,"label":"","text":"","pwd":""}]})")
+                                      .inspection;
+    // "x", "hour" and the "pwd" of a note.
+    EXPECT_EQ(texts(inspection.notImported), Texts{"3 members of other names than Tirel's"});
+    EXPECT_TRUE(inspection.wrong.empty());
     EXPECT_EQ(inspection.count, 2U);
+}
+
+TEST(TirelInspectionTest, countsMembersThatAreThereTwice) {
+    const std::string logins = R"("logins":[)" + std::string(login) + "],";
+    const Inspection inspection =
+        file("{" + logins + logins + R"("notes":[{"color":1,"label":"","text":"","text":5}],)" +
+             R"("cards":[)" + card(R"({"day":1,"month":2,"year":3,"day":4,"day":5})") + "]}")
+            .inspection;
+    EXPECT_EQ(texts(inspection.wrong),
+              Texts{"4 members of a name that stands there before: only the first is read"});
+    EXPECT_TRUE(inspection.notImported.empty());
+    EXPECT_EQ(inspection.count, 3U);
 }
 
 TEST(TirelInspectionTest, readsWhatTheImportReads) {
