@@ -119,7 +119,7 @@ bool check(const std::string& path, ImportSource source, std::ostream& out) {
 
 /// Checks one path; whether everything would arrive and nothing looks wrong.
 bool check(const std::string& path, std::optional<ImportSource> source, std::ostream& out) {
-    out << displayText(path) << ": ";
+    out << displayPath(path) << ": ";
     std::string reason = obstacle(path);
     if (reason.empty() && !source) {
         const Detection detection = detect(path);

@@ -13,7 +13,7 @@ int runDetect(const std::vector<std::string>& paths, std::ostream& out) {
     int status = ExitStatus::success;
     for (const std::string& path : paths) {
         const Detection detection = detect(path);
-        out << displayText(path) << ": " << described(detection) << '\n';
+        out << displayPath(path) << ": " << described(detection) << '\n';
         if (!detection.source) {
             status = ExitStatus::importFailed;
         }

@@ -129,6 +129,10 @@ std::string displayText(std::string_view text) {
     return displayed;
 }
 
+std::string displayPath(std::string_view path) {
+    return path.empty() ? "\"\"" : displayText(path);
+}
+
 std::size_t displayWidth(std::string_view text) {
     if (isPlain(text)) {
         return text.size();

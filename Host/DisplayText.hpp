@@ -10,6 +10,9 @@ namespace Rellinor::Host {
 /// not UTF-8 or could change the direction of writing becomes U+FFFD.
 [[nodiscard]] std::string displayText(std::string_view text);
 
+/// A path in a message, which an empty one must not look missing from.
+[[nodiscard]] std::string displayPath(std::string_view path);
+
 /// How many columns of a terminal a displayable text takes: of a grapheme cluster, such as an emoji
 /// with the color of its skin, those of one character.
 [[nodiscard]] std::size_t displayWidth(std::string_view text);

@@ -78,8 +78,7 @@ int import(const ImportOptions& options, const Terminal& terminal, std::ostream&
     int status = ExitStatus::success;
     for (const std::string& path : options.paths) {
         const auto say = [&](std::string_view message) {
-            errors << "rellinor: " << (path.empty() ? "\"\"" : displayText(path)) << ": "
-                   << displayText(message) << '\n';
+            errors << "rellinor: " << displayPath(path) << ": " << displayText(message) << '\n';
         };
         const std::optional<ImportSource> source =
             options.source ? options.source : found(path, say);

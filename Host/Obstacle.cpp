@@ -16,9 +16,19 @@ std::filesystem::file_type typeOf(const std::string& path) {
     return std::filesystem::status(path, error).type();
 }
 
+bool isLink(const std::string& path) {
+    std::error_code error;
+    return std::filesystem::is_symlink(path, error);
+}
+
 } // namespace
 
 std::string obstacle(const std::string& path) {
+    constexpr const char* nothingThere = "there is no such file or folder";
+
+    if (path.contains('\0')) {
+        return nothingThere; // no name has a NUL
+    }
     switch (typeOf(path)) {
     case std::filesystem::file_type::regular:
         return ::access(path.c_str(), R_OK) == 0 ? ""
@@ -26,7 +36,9 @@ std::string obstacle(const std::string& path) {
     case std::filesystem::file_type::directory:
         return {};
     case std::filesystem::file_type::not_found:
-        return "there is no such file or folder";
+        return isLink(path) ? "it is a link that leads nowhere" : nothingThere;
+    case std::filesystem::file_type::fifo:
+        return "it is a pipe: save what comes out of it as a file first";
     case std::filesystem::file_type::none:
         return "it cannot be looked at";
     default:

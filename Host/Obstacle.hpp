@@ -6,8 +6,9 @@
 
 namespace Rellinor::Host {
 
-/// Why nothing can be read at `path`, whatever the source: nothing is there, or neither a file nor
-/// a folder, or a file that this user may not read. Empty if there is no such reason.
+/// Why nothing can be read at `path`, whatever the source, and what to do about it: nothing is
+/// there, or neither a file nor a folder, or a file that this user may not read. Empty if there is
+/// no such reason.
 [[nodiscard]] std::string obstacle(const std::string& path);
 
 /// The same for a source; one that needs a file reads no folder, and the other way round.

@@ -6,6 +6,7 @@
 
 #include "Host/Detection/Recognisers.hpp"
 #include "Host/FileContents.hpp"
+#include "Host/Obstacle.hpp"
 #include "Host/TextEncoding.hpp"
 
 namespace Rellinor::Host {
@@ -74,37 +75,14 @@ Detection detectFile(const std::string& path) {
     return detectText(path, *beginning);
 }
 
-/// Why there is nothing to look at.
-Detection detectMissing(const std::string& path, const std::error_code& error) {
-    if (error && error != std::errc::no_such_file_or_directory &&
-        error != std::errc::not_a_directory) {
-        return unknown("it cannot be read");
-    }
-    std::error_code ignored;
-    return std::filesystem::is_symlink(path, ignored) ? unknown("a link that leads nowhere")
-                                                      : unknown("there is no such file or folder");
-}
-
 } // namespace
 
 Detection detect(const std::string& path) {
-    if (path.contains('\0')) {
-        return unknown("there is no such file or folder"); // no name has a NUL
+    if (const std::string reason = obstacle(path); !reason.empty()) {
+        return unknown(reason);
     }
     std::error_code error;
-    switch (std::filesystem::status(path, error).type()) {
-    case std::filesystem::file_type::regular:
-        return detectFile(path);
-    case std::filesystem::file_type::directory:
-        return detectFolder(path);
-    case std::filesystem::file_type::none:
-    case std::filesystem::file_type::not_found:
-        return detectMissing(path, error);
-    case std::filesystem::file_type::fifo:
-        return unknown("a pipe", "save what comes out of it as a file first");
-    default:
-        return unknown("neither a file nor a folder");
-    }
+    return std::filesystem::is_directory(path, error) ? detectFolder(path) : detectFile(path);
 }
 
 } // namespace Rellinor::Host

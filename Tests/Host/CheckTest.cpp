@@ -139,7 +139,12 @@ TEST_F(CheckTest, doesNotReadAPipe) {
     ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
     const Ended ended = rellinor({"check", "--source", "lastPass", path});
     EXPECT_EQ(ended.status, 1);
-    EXPECT_EQ(ended.out, path + ": not checked: it is neither a file nor a folder\n");
+    EXPECT_EQ(ended.out,
+              path + ": not checked: it is a pipe: save what comes out of it as a file first\n");
+}
+
+TEST_F(CheckTest, showsAnEmptyPath) {
+    EXPECT_EQ(rellinor({"check", ""}).out, "\"\": not checked: there is no such file or folder\n");
 }
 
 TEST_F(CheckTest, tellsFilesAndFoldersApart) {

@@ -62,6 +62,10 @@ TEST_F(DetectCommandTest, showsAnOddPathOnOneLine) {
     EXPECT_TRUE(ended.out.contains("a␊b.csv: lastPass (certain)")) << ended.out;
 }
 
+TEST_F(DetectCommandTest, showsAnEmptyPath) {
+    EXPECT_EQ(rellinor({"detect", ""}).out, "\"\": unknown; there is no such file or folder\n");
+}
+
 TEST_F(DetectCommandTest, needsAPath) {
     EXPECT_EQ(rellinor({"detect"}).status, 2);
 }

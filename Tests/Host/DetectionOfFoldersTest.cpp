@@ -118,7 +118,7 @@ TEST_F(DetectionOfFoldersTest, saysSoOfAFolderThatCannotBeRead) {
     std::filesystem::permissions(path() + "/closed", std::filesystem::perms::none);
     const auto isSaid = [&] {
         return detectedAt(path() + "/closed") == "unknown; a folder that cannot be read" &&
-               detectedAt(path() + "/closed/in") == "unknown; it cannot be read";
+               detectedAt(path() + "/closed/in") == "unknown; it cannot be looked at";
     };
     EXPECT_EXIT(Tests::exitAsNobody(isSaid), testing::ExitedWithCode(0), "");
 }

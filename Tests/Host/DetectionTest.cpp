@@ -324,7 +324,7 @@ TEST(DetectionTest, saysSoOfWhatIsNotThere) {
 TEST(DetectionTest, saysSoOfALinkThatLeadsNowhere) {
     const Tests::TemporaryFolder folder;
     std::filesystem::create_symlink("nowhere", folder / "link");
-    EXPECT_EQ(detectedAt(folder / "link"), "unknown; a link that leads nowhere");
+    EXPECT_EQ(detectedAt(folder / "link"), "unknown; it is a link that leads nowhere");
 }
 
 TEST(DetectionTest, followsALink) {
@@ -337,12 +337,12 @@ TEST(DetectionTest, doesNotOpenAPipe) {
     const Tests::TemporaryFolder folder;
     ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), S_IRUSR | S_IWUSR), 0);
     EXPECT_EQ(detectedAt(folder / "pipe"),
-              "unknown; a pipe; save what comes out of it as a file first");
+              "unknown; it is a pipe: save what comes out of it as a file first");
 }
 
 TEST(DetectionTest, doesNotReadADevice) {
-    EXPECT_EQ(detectedAt("/dev/null"), "unknown; neither a file nor a folder");
-    EXPECT_EQ(detectedAt("/dev/zero"), "unknown; neither a file nor a folder");
+    EXPECT_EQ(detectedAt("/dev/null"), "unknown; it is neither a file nor a folder");
+    EXPECT_EQ(detectedAt("/dev/zero"), "unknown; it is neither a file nor a folder");
 }
 
 // Any bytes

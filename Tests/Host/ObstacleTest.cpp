@@ -25,15 +25,24 @@ TEST(ObstacleTest, isThatNothingIsThere) {
     EXPECT_EQ(obstacle(folder / "missing"), expected);
     EXPECT_EQ(obstacle(""), expected);
     EXPECT_EQ(obstacle(folder.file("file", "") + "/below"), expected);
-    std::filesystem::create_symlink(folder / "missing", folder / "dangling");
-    EXPECT_EQ(obstacle(folder / "dangling"), expected);
+    EXPECT_EQ(obstacle((folder / "file") + '\0'), expected);
 }
 
-TEST(ObstacleTest, isThatItIsNeitherAFileNorAFolder) {
+TEST(ObstacleTest, isALinkThatLeadsNowhere) {
+    const Tests::TemporaryFolder folder;
+    std::filesystem::create_symlink(folder / "missing", folder / "dangling");
+    EXPECT_EQ(obstacle(folder / "dangling"), "it is a link that leads nowhere");
+}
+
+TEST(ObstacleTest, isAPipe) {
     const Tests::TemporaryFolder folder;
     const std::string pipe = folder / "pipe";
     ASSERT_EQ(::mkfifo(pipe.c_str(), S_IRUSR | S_IWUSR), 0);
-    EXPECT_EQ(obstacle(pipe), "it is neither a file nor a folder");
+    EXPECT_EQ(obstacle(pipe), "it is a pipe: save what comes out of it as a file first");
+}
+
+TEST(ObstacleTest, isThatItIsNeitherAFileNorAFolder) {
+    EXPECT_EQ(obstacle("/dev/null"), "it is neither a file nor a folder");
 }
 
 TEST(ObstacleTest, isThatItCannotBeLookedAt) {
