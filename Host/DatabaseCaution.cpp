@@ -49,6 +49,23 @@ std::int64_t pagesReadOf(::sqlite3& connection) noexcept {
     return count;
 }
 
+/// What the last error of a connection says of a schema that could not be read, unless it is
+/// damaged.
+std::string_view refusalOf(::sqlite3& connection) {
+    switch (::sqlite3_errcode(&connection)) {
+    case SQLITE_TOOBIG:
+    case SQLITE_INTERRUPT:
+        return "its schema is too large or too complex";
+    case SQLITE_CORRUPT: // to which SQLite adds that a function has more arguments than it may
+        return std::string_view(::sqlite3_errmsg(&connection))
+                       .contains("too many arguments on function")
+                   ? "its schema calls functions"
+                   : "";
+    default:
+        return "";
+    }
+}
+
 } // namespace
 
 DatabaseCaution::DatabaseCaution(::sqlite3& connection, const std::string& path)
@@ -74,6 +91,8 @@ DatabaseCaution::DatabaseCaution(::sqlite3& connection, const std::string& path)
         const int pageSize = firstNumber(connection, "PRAGMA page_size").value_or(1 << 16);
         _stepsLeft = stepsOnCredit + size * stepsForByte;
         _pagesLeft = (pageBytesOnCredit + size * pageBytesForByte) / pageSize;
+    } else {
+        _refusal = refusalOf(connection);
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 struct sqlite3; // NOLINT(readability-identifier-naming): the C library's own
 
@@ -20,12 +21,17 @@ public:
     DatabaseCaution& operator=(const DatabaseCaution&) = delete;
     ~DatabaseCaution() = default;
 
+    /// What of a schema that may well be sound keeps the database from being read, such as "its
+    /// schema calls functions"; empty if nothing does.
+    [[nodiscard]] std::string_view refusal() const noexcept { return _refusal; }
+
 private:
     static int takesSteps(void* caution) noexcept;
 
     ::sqlite3& _connection;
     std::int64_t _stepsLeft;
     std::int64_t _pagesLeft;
+    std::string_view _refusal;
 };
 
 } // namespace Rellinor::Host

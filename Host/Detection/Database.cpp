@@ -86,6 +86,11 @@ public:
             .has_value();
     }
 
+    /// Why it is not read though it may well be sound; empty if it is.
+    [[nodiscard]] std::string_view refusal() const noexcept {
+        return _caution ? _caution->refusal() : "";
+    }
+
 private:
     std::optional<DatabaseCaution> _caution; // outlives the connection
     std::unique_ptr<::sqlite3, decltype(&::sqlite3_close)> _connection{nullptr, &::sqlite3_close};
@@ -109,6 +114,10 @@ std::optional<Detection> detectDatabase(const std::string& path, std::string_vie
         return std::nullopt;
     }
     const Database database(path);
+    if (!database.refusal().empty()) {
+        return unknown("a SQLite database that is not read, since " +
+                       std::string(database.refusal()));
+    }
     for (const DatabaseLayout& layout : layouts) {
         const auto hasColumn = [&](std::string_view column) {
             return column.empty() || database.hasColumn(layout.table, column);

@@ -140,6 +140,10 @@ Database::Database(const std::string& path) {
         return;
     }
     _caution.emplace(*connection, path);
+    if (const std::string_view refusal = _caution->refusal(); !refusal.empty()) {
+        _problem = "the database is not read, since ";
+        _problem += refusal;
+    }
 }
 
 void Database::requireTable(std::string_view table, std::span<const std::string_view> columns) {

@@ -86,6 +86,29 @@ TEST(DatabaseTest, isNotHeldUpByRowsWithoutEnd) {
     EXPECT_TRUE(endless.isDamaged());
 }
 
+TEST(DatabaseTest, saysWhyItDoesNotReadASoundSchema) {
+    const auto problem = [](const Statements& statements) {
+        const TemporaryFolder folder;
+        Database database(Tests::database(folder, statements));
+        EXPECT_EQ(rowsOf(database), 0U);
+        EXPECT_FALSE(database.isDamaged());
+        return std::string(database.problem());
+    };
+    const std::string calls = "the database is not read, since its schema calls functions";
+    EXPECT_EQ(problem({"CREATE TABLE t (a CHECK (length(a) >= 0))"}), calls);
+    EXPECT_EQ(problem({"CREATE TABLE t (a)", "CREATE INDEX i ON t (lower(a))"}), calls);
+    const std::string isLarge =
+        "the database is not read, since its schema is too large or too complex";
+    const std::string longName(20'000, 'n');
+    EXPECT_EQ(problem({"CREATE TABLE t (a, " + longName + ")"}), isLarge);
+    Statements many = {"BEGIN", "CREATE TABLE t (a)"};
+    for (int table = 0; table < 1000; ++table) {
+        many.push_back("CREATE TABLE t" + std::to_string(table) + " (a)");
+    }
+    many.emplace_back("COMMIT");
+    EXPECT_EQ(problem(many), isLarge);
+}
+
 TEST(DatabaseTest, isNotHeldUpByAView) {
     const TemporaryFolder folder;
     Database database(Tests::database(

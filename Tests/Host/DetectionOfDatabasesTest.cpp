@@ -106,6 +106,11 @@ TEST_F(DetectionOfDatabasesTest, saysSoOfADatabaseThatIsDamaged) {
               "unknown; a SQLite database that cannot be read");
 }
 
+TEST_F(DetectionOfDatabasesTest, saysWhyItDoesNotReadASoundSchema) {
+    EXPECT_EQ(detectedAt(made("CREATE TABLE a (b CHECK (length(b) >= 0));")),
+              "unknown; a SQLite database that is not read, since its schema calls functions");
+}
+
 TEST_F(DetectionOfDatabasesTest, knowsALockedDatabase) {
     const std::string path = made(chromeTable);
     const Connection other(path);
