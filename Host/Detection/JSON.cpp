@@ -153,7 +153,10 @@ Document read(const std::string& path) {
         const auto size = static_cast<std::size_t>(file.gcount());
         isParsed = parser.write_some(file.good(), piece.data(), size, error) == size && !error;
     }
-    return {.members = parser.handler().members(), .isWhole = isParsed && parser.done()};
+    // At an exponent that this parser does not take, an import reads on.
+    const bool isWhole =
+        (isParsed && parser.done()) || error == boost::json::error::exponent_overflow;
+    return {.members = parser.handler().members(), .isWhole = isWhole};
 }
 
 Detection tirel(bool isWhole) {

@@ -22,6 +22,7 @@ Remark remarkOn(const JSONFailure& failure, std::string_view text) {
         return {.text = "nested too deep to be read", .places = {line}};
     case JSONFailure::Reason::somethingBehind:
         return {.text = "something stands behind the end of the JSON text", .places = {line}};
+    case JSONFailure::Reason::longExponent:
     case JSONFailure::Reason::other:
         break;
     }
@@ -36,6 +37,9 @@ std::optional<JSONTree> parseJSONFile(std::string_view contents, JSONWords words
     auto tree = JSONTree::parsed({text}, words);
     if (tree) {
         return *std::move(tree);
+    }
+    if (tree.error().reason == JSONFailure::Reason::longExponent) {
+        return std::nullopt; // nothing is known to be wrong
     }
     inspection.place = "line";
     if (contents.empty()) {

@@ -226,6 +226,9 @@ JSONFailure::Reason reasonOf(const boost::json::error_code& error) {
     if (error == boost::json::error::too_deep) {
         return tooDeep;
     }
+    if (error == boost::json::error::exponent_overflow) {
+        return longExponent;
+    }
     return error ? other : somethingBehind;
 }
 

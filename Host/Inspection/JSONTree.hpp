@@ -123,9 +123,15 @@ private:
     std::size_t _index;
 };
 
-/// Why a text is not JSON, and after how many bytes that shows.
+/// Why a text cannot be parsed, and after how many bytes that shows.
 struct JSONFailure {
-    enum class Reason : std::uint8_t { cutShort, tooDeep, somethingBehind, other };
+    enum class Reason : std::uint8_t {
+        cutShort,
+        tooDeep,
+        somethingBehind,
+        longExponent, ///< of a number: JSON all the same, which an import takes
+        other,
+    };
 
     Reason reason = Reason::other;
     std::size_t offset = 0;

@@ -60,6 +60,7 @@ std::string_view problemOf(JSONFailure::Reason reason) {
         return "a record nested too deep to be read, which fails the whole file";
     case JSONFailure::Reason::somethingBehind:
         return "something behind the end of a record, which fails the whole file";
+    case JSONFailure::Reason::longExponent:
     case JSONFailure::Reason::other:
         break;
     }
@@ -78,6 +79,9 @@ void findBrokenLines(std::string_view text, Inspection& inspection) {
             continue;
         }
         const auto tree = JSONTree::parsed({line.text}, {}, depth);
+        if (!tree && tree.error().reason == JSONFailure::Reason::longExponent) {
+            continue; // it is not this one
+        }
         if (!tree && ++found > most) {
             Inspection::add(inspection.wrong, "the first of more lines that are no records",
                             line.number);

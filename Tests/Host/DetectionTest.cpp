@@ -119,6 +119,11 @@ TEST(DetectionTest, saysSoIfAnExportOfTirelIsDamaged) {
     }
 }
 
+TEST(DetectionTest, doesNotTakeALongExponentForDamage) {
+    EXPECT_TRUE(detected(R"({"logins":[],"notes":[],"cards":[],"x":1e-99999999999})")
+                    .starts_with("tirel (certain)"));
+}
+
 TEST(DetectionTest, tellsToGiveTheFolderOfAStoreOfFirefox) {
     const Tests::TemporaryFolder folder;
     const std::string expected = "not read (certain): Firefox login store (logins.json); the list "

@@ -177,6 +177,11 @@ TEST(OnePasswordInspectionTest, findsIndentedRecords) {
               Texts{"2, 3, 4, 5: passed over, since a blank stands before its {"});
 }
 
+TEST(OnePasswordInspectionTest, isSilentAboutALongExponent) {
+    EXPECT_EQ(wrong("{\"x\":1e99999999999}\n{\n"),
+              Texts{"2: a record that is cut short, which fails the whole file"});
+}
+
 TEST(OnePasswordInspectionTest, findsTheFirstLineThatIsNotUTF8) {
     EXPECT_EQ(wrong("{}\n***\xFF\n\xFF\n"),
               Texts{"2: the text is not UTF-8: save the file as UTF-8"});

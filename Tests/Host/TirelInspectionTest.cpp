@@ -101,6 +101,13 @@ TEST(TirelInspectionTest, tellsTheLineOnWhichTheJSONIsBroken) {
     EXPECT_EQ(wrong("\n{\"x\":" + std::string(512, '[')), Texts{"2: nested too deep to be read"});
 }
 
+TEST(TirelInspectionTest, isSilentAboutALongExponent) {
+    const Inspected all = file(R"({"x":1e-99999999999,)" + document(login).substr(1));
+    EXPECT_EQ(all.delivered, 1U);
+    EXPECT_EQ(all.inspection.count, std::nullopt);
+    EXPECT_EQ(texts(all.inspection.wrong), Texts());
+}
+
 TEST(TirelInspectionTest, tellsBytesThatAreNotUTF8) {
     EXPECT_EQ(wrong("{\n\"\xFF\":1}"), Texts{"2: the text is not UTF-8: save the file as UTF-8"});
     EXPECT_EQ(wrong(std::string_view("\xFE\xFF\0{\0}", 6)),
