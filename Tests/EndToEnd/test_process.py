@@ -323,7 +323,7 @@ class Environments(Case):
                          (1, '{"error":{"domain":"Rellinor.TextError","code":1}}\n'))
         self.assertEqual(len(ended.stderr.splitlines()), 1)
         self.assertTrue(ended.stderr.endswith(" " + reason), ended.stderr)
-        for command, told in (("detect", "unknown; it cannot be read\n"),
+        for command, told in (("detect", "unknown; " + reason),
                               ("check", "not checked: " + reason)):
             ended = self.as_somebody_else(command, path)
             self.assertEqual((ended.returncode, ended.stdout, ended.stderr),
