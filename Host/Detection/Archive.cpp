@@ -90,10 +90,7 @@ std::optional<Detection> detectArchive(const std::string& path, std::string_view
     const std::string end = endOf(path);
     for (const Archive& archive : archives) {
         if (names(beginning, inFront, archive.member) || names(end, atTheEnd, archive.member)) {
-            Detection detection = unknown(archive.reason, archive.advice);
-            detection.layout = archive.layout;
-            detection.confidence = Confidence::certain;
-            return detection;
+            return notRead(archive.layout, Confidence::certain, archive.reason, archive.advice);
         }
     }
     return unknown("a ZIP archive", "unpack it, and look at what is in it");

@@ -1,7 +1,6 @@
 #include <filesystem>
 #include <new>
 #include <system_error>
-#include <vector>
 
 #include <unistd.h>
 
@@ -42,14 +41,6 @@ bool isReadable(const fs::path& file) {
 
 bool isProfile(const fs::path& folder) {
     return isReadable(folder / "logins.json") || isReadable(folder / "signons.sqlite");
-}
-
-Detection notRead(std::string_view layout, Confidence confidence, std::string_view reason,
-                  std::string_view advice) {
-    Detection detection = unknown(reason, advice);
-    detection.layout = layout;
-    detection.confidence = confidence;
-    return detection;
 }
 
 /// A profile, by the store that an import takes.

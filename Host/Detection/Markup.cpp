@@ -11,13 +11,6 @@ bool startsWithWord(std::string_view text, std::string_view word) {
     return std::ranges::equal(text.substr(0, word.size()), word, sameLetter);
 }
 
-Detection notRead(std::string_view layout, std::string_view reason, std::string_view advice) {
-    Detection detection = unknown(reason, advice);
-    detection.layout = layout;
-    detection.confidence = Confidence::certain;
-    return detection;
-}
-
 } // namespace
 
 std::optional<Detection> detectMarkup(std::string_view beginning) {
@@ -26,11 +19,12 @@ std::optional<Detection> detectMarkup(std::string_view beginning) {
         return std::nullopt;
     }
     if (beginning.contains("<KeePassFile>") || beginning.contains("<pwlist>")) {
-        return notRead("KeePass export in XML", "an element as KeePass writes it",
-                       "export as KeePass CSV (1.x) instead");
+        return notRead("KeePass export in XML", Confidence::certain,
+                       "an element as KeePass writes it", "export as KeePass CSV (1.x) instead");
     }
     if (beginning.contains("url,username,password,") && beginning.contains(",name,grouping,fav")) {
-        return notRead("LastPass export in a web page", "the names of the columns in its text",
+        return notRead("LastPass export in a web page", Confidence::certain,
+                       "the names of the columns in its text",
                        "copy the text of the page into a file, as text in UTF-8");
     }
     if (startsWithWord(beginning, "<!doctype html") || startsWithWord(beginning, "<html")) {

@@ -7,8 +7,9 @@
 
 #include "Host/Detection/Detection.hpp"
 
-// One for each kind of file. What does not concern one, it leaves to the next: then it returns
-// nothing, or else something unknown with what it knows of it.
+// A recogniser for each kind of file; they are asked one after the other. Of a file of another kind
+// a recogniser returns nothing, and the next is asked. Of one of its own kind it returns what it
+// is, or, if it does not know that, an unknown file with the reason.
 
 namespace Rellinor::Host {
 
@@ -22,6 +23,16 @@ inline constexpr std::size_t sizeOfBeginning = std::size_t{64} * 1024;
             .confidence = Confidence::possible,
             .reason = std::string(reason),
             .advice = std::string(advice)};
+}
+
+/// Something that nothing here reads, though it is known; without a layout there is nothing to be
+/// imported from it.
+[[nodiscard]] inline Detection notRead(std::string_view layout, Confidence confidence,
+                                       std::string_view reason, std::string_view advice) {
+    Detection detection = unknown(reason, advice);
+    detection.layout = layout;
+    detection.confidence = confidence;
+    return detection;
 }
 
 [[nodiscard]] Detection detectFolder(const std::filesystem::path& folder);

@@ -36,10 +36,8 @@ constexpr Signature signatures[] = {
 std::optional<Detection> detectSignature(std::string_view beginning) {
     for (const Signature& signature : signatures) {
         if (beginning.starts_with(signature.bytes)) {
-            Detection detection = unknown(signature.reason, signature.advice);
-            detection.layout = signature.layout;
-            detection.confidence = Confidence::certain;
-            return detection;
+            return notRead(signature.layout, Confidence::certain, signature.reason,
+                           signature.advice);
         }
     }
     return std::nullopt;
