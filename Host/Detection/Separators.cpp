@@ -4,18 +4,11 @@
 #include "Host/CSVRows.hpp"
 #include "Host/Detection/Header.hpp"
 #include "Host/Detection/Recognisers.hpp"
+#include "Host/OtherSeparators.hpp"
 
 namespace Rellinor::Host {
 
 namespace {
-
-struct Separator {
-    char character;
-    std::string_view name;
-};
-
-constexpr Separator separators[] = {{.character = ';', .name = "semicolons"},
-                                    {.character = '\t', .name = "tabs"}};
 
 Header parted(std::string_view row, char separator) {
     Header cells;
@@ -37,7 +30,7 @@ std::optional<Detection> detectSeparators(std::string_view beginning) {
     if (!rows.next(first) || first.cells.size() > 1) {
         return std::nullopt;
     }
-    for (const auto& [character, name] : separators) {
+    for (const auto& [character, name] : otherSeparators) {
         const Header header = parted(first.text, character);
         if (header.size() <= 2) {
             continue;

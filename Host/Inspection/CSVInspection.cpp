@@ -7,6 +7,7 @@
 #include "Host/Counted.hpp"
 #include "Host/FileContents.hpp"
 #include "Host/Inspection/EncodingProblem.hpp"
+#include "Host/OtherSeparators.hpp"
 #include "Host/TextEncoding.hpp"
 
 namespace Rellinor::Host {
@@ -45,8 +46,7 @@ std::string otherSeparator(const CSVRow& row, std::size_t fewest) {
     if (row.numberOfCells > 1) {
         return {};
     }
-    using Separator = std::pair<char, std::string_view>;
-    for (const auto& [separator, name] : {Separator{';', "semicolons"}, {'\t', "tabs"}}) {
+    for (const auto& [separator, name] : otherSeparators) {
         if (static_cast<std::size_t>(std::ranges::count(row.text, separator)) + 1 >= fewest) {
             return "the columns are separated by " + std::string(name) +
                    ", but only commas are read: export with commas";
