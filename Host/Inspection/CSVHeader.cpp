@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <string>
-#include <utility>
 
 #include "Host/Counted.hpp"
 #include "Host/Inspection/CSVInspection.hpp"
 #include "Host/Letters.hpp"
+#include "Host/Listed.hpp"
 
 namespace Rellinor::Host {
 
@@ -44,17 +44,8 @@ std::ptrdiff_t countAlike(const CSVRow& row, const CSVLayout& layout) {
 }
 
 /// Such as `"extra", "grouping" and "fav"`.
-std::string listed(std::span<const std::string_view> names) {
-    std::string text;
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        if (i > 0) {
-            text += i + 1 == names.size() ? " and " : ", ";
-        }
-        text += '"';
-        text += names[i];
-        text += '"';
-    }
-    return text;
+std::string quoted(std::span<const std::string_view> names) {
+    return listed(names, "\"");
 }
 
 /// Such as "a LastPass export has 7".
@@ -81,13 +72,13 @@ std::string wrongNumber(const CSVRow& row, std::span<const CSVLayout> layouts) {
         const Names missing = having(row, layout.columns, false);
         const Names later = having(row, layout.laterColumns, true);
         if (missing.empty() && row.numberOfCells == layout.columns.size() + later.size()) {
-            return text + ": take out " + listed(later) + " and try again";
+            return text + ": take out " + quoted(later) + " and try again";
         }
         if (missing.empty()) {
-            return text + ": take out all but " + listed(layout.columns);
+            return text + ": take out all but " + quoted(layout.columns);
         }
         if (row.numberOfCells + missing.size() == layout.columns.size()) {
-            return text + ": " + listed(missing) + (missing.size() == 1 ? " is" : " are") +
+            return text + ": " + quoted(missing) + (missing.size() == 1 ? " is" : " are") +
                    " missing";
         }
     }
@@ -110,7 +101,7 @@ std::string wrongNames(const CSVRow& row, const CSVLayout& layout,
     if (countAlike(row, layout) == 0) {
         return "no header: " + std::string(consequence);
     }
-    return "the header lacks " + listed(having(row, layout.columns, false)) +
+    return "the header lacks " + quoted(having(row, layout.columns, false)) +
            " in just this spelling, so that " + std::string(consequence);
 }
 
@@ -147,17 +138,6 @@ void reportHeader(const CSVRow& firstRow, std::span<const CSVLayout> layouts,
     } else if (!CSVHeader(firstRow, *layout).isThere()) {
         inspection.wrong.push_back({wrongNames(firstRow, *layout, layouts), {firstRow.line}});
     }
-}
-
-void CSVRowLengths::look(const CSVRow& row) {
-    if (row.numberOfCells != _expected) {
-        addOnce(row.numberOfCells < _expected ? _fewer : _more, row.line);
-    }
-}
-
-void CSVRowLengths::report(Inspection& inspection) const {
-    addIfAnywhere(inspection.wrong, _fewer);
-    addIfAnywhere(inspection.wrong, _more);
 }
 
 } // namespace Rellinor::Host

@@ -11,6 +11,7 @@
 #include "Host/CSVRows.hpp"
 #include "Host/Inspection/CSVHeader.hpp"
 #include "Host/Inspection/CSVQuotes.hpp"
+#include "Host/Inspection/CSVRowLengths.hpp"
 #include "Host/Inspection/CSVTexts.hpp"
 #include "Host/Inspection/Inspection.hpp"
 
@@ -42,11 +43,13 @@ private:
 /// any of them.
 class KeyedCSV {
 public:
+    /// Reads the first row.
+    ///
     /// @param layouts  those that the import knows, each with another number of columns
     KeyedCSV(const std::string& path, const RecordsResult& result,
              std::span<const CSVLayout> layouts, Inspection& inspection);
 
-    /// Reads the first row; the layout that the import takes the file for. Absent if it fails.
+    /// The layout that the import takes the file for, by its first row; null if it fails.
     [[nodiscard]] const CSVLayout* layout() const noexcept { return _layout; }
 
     /// Reads the next data row; absent if there is none.
