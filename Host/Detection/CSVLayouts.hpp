@@ -24,8 +24,9 @@ struct ReadLayout {
 
 [[nodiscard]] std::span<const ReadLayout> readLayouts() noexcept;
 
-/// Which of its columns carry those of KeePass's: empty where there is none. All are empty if
-/// nothing of it can be imported.
+/// How the columns of a table have to be renamed so that an import takes it for KeePass's: for each
+/// of KeePass's columns the name of the one that holds the same, or an empty one if none does. All
+/// are empty if nothing of the table can be imported.
 using Renamed = std::array<std::string_view, 5>;
 
 /// The columns of KeePass's, in the order of `Renamed`.

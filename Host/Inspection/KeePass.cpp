@@ -1,9 +1,7 @@
 #include "Host/Inspection/Inspectors.hpp"
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
-#include <span>
 #include <string>
 #include <string_view>
 
