@@ -5,7 +5,7 @@ import subprocess
 TIMEOUT = 300
 PER_CALL = 200
 
-READ = re.compile(r"read as (\w+)(?:, (\d+) (?:row|record|item|entry|login|line)s?)?$")
+READ = re.compile(r"read as (\w+)(?:, (\d+) (?:row|record|login)s?)?$")
 ARRIVING = re.compile(r"  (\d+) records? would arrive: (\d+) passwords?, (\d+) notes?, (\d+) cards?$")
 LEFT_OUT = re.compile(r"  (\d+) \w+ would be left out:$")
 REMARK = re.compile(r"    (?:(\w+) ([\d, and]+?)( and (\d+) more)?: )?(\S.*)$")
