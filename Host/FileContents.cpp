@@ -24,9 +24,12 @@ std::ifstream openedFile(const std::string& path) {
 std::ifstream openedText(const std::string& path) {
     std::ifstream file = openedFile(path);
     std::array<char, byteOrderMark.size()> beginning{};
-    if (file && !(file.read(beginning.data(), beginning.size()) &&
-                  std::ranges::equal(beginning, byteOrderMark))) {
-        file.clear();
+    if (!file) {
+        return file;
+    }
+    file.read(beginning.data(), beginning.size());
+    if (!file.bad() && !std::ranges::equal(beginning, byteOrderMark)) {
+        file.clear(); // of the end, which a short file has reached
         file.seekg(0);
     }
     return file;
