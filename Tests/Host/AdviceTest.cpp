@@ -29,6 +29,8 @@ protected:
         return ended.errors.empty() ? "" : ended.errors.substr(begin.size());
     }
 
+    [[nodiscard]] const TemporaryFolder& folder() const { return _folder; }
+
 private:
     TemporaryFolder _folder;
 };
@@ -56,6 +58,20 @@ TEST_F(AdviceTest, countsSeveralThings) {
     EXPECT_EQ(advice(path), "1 of 3 rows left out; 3 things look wrong (rellinor check --source "
                             "lastPass " +
                                 path + " tells more)\n");
+}
+
+TEST_F(AdviceTest, saysOnlyThatAFileIsRatherSomethingElse) {
+    const std::string path = exported("https://a.example,ann,5\" disk,,A,,0\n");
+    EXPECT_EQ(rellinor({"import", "--source", "dashlane", path}).errors,
+              "rellinor: " + path + ": this looks like a LastPass export: try --source lastPass\n");
+}
+
+TEST_F(AdviceTest, saysMoreOfColumnsThatAreNearlyRight) {
+    const std::string path =
+        folder().file("eight.csv", "url,username,password,extra,name,grouping,fav,totp\n");
+    const std::string errors = rellinor({"import", "--source", "lastPass", path}).errors;
+    EXPECT_TRUE(errors.contains("line 1: 8 columns, where a LastPass export has 7")) << errors;
+    EXPECT_FALSE(errors.contains("this looks like")) << errors;
 }
 
 TEST_F(AdviceTest, quotesAPathWithABlank) {
