@@ -40,7 +40,7 @@ std::optional<EncodingFault> encodingFault(std::string_view bytes) {
         return EncodingFault{.reason = "the text is in UTF-16", .offset = std::nullopt};
     }
     if (const auto broken = firstBrokenByte(bytes)) {
-        return EncodingFault{.reason = "the text is not UTF-8", .offset = *broken};
+        return EncodingFault{.reason = "the text is not UTF-8", .offset = broken};
     }
     return std::nullopt;
 }

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
 #include <optional>
 #include <span>
 #include <string>
@@ -206,9 +207,8 @@ struct UnreadMembers {
 /// What the members of a kind of object, or the lists, are called.
 std::vector<JSONWord> namesOf(const auto& parts) {
     std::vector<JSONWord> names;
-    for (const auto& part : parts) {
-        names.push_back(part.word);
-    }
+    std::ranges::transform(parts, std::back_inserter(names),
+                           [](const auto& part) { return part.word; });
     return names;
 }
 
