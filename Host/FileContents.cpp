@@ -28,7 +28,9 @@ std::ifstream openedText(const std::string& path) {
         return file;
     }
     file.read(beginning.data(), beginning.size());
-    if (!file.bad() && !std::ranges::equal(beginning, byteOrderMark)) {
+    if (file.bad()) {
+        file.clear(std::ios::failbit); // nothing can be read, but nobody is to be thrown at later
+    } else if (!std::ranges::equal(beginning, byteOrderMark)) {
         file.clear(); // of the end, which a short file has reached
         file.seekg(0);
     }
