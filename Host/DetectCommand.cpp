@@ -1,5 +1,6 @@
 #include "Host/DetectCommand.hpp"
 
+#include <new>
 #include <ostream>
 
 #include "Host/Detection/Detection.hpp"
@@ -9,10 +10,26 @@
 
 namespace Rellinor::Host {
 
+namespace {
+
+/// What is found at a path. A damaged database may claim more memory than there is, which is no
+/// reason to tell nothing of the other paths.
+Detection found(const std::string& path) {
+    try {
+        return detect(path);
+    } catch (const std::bad_alloc&) {
+        Detection nothing;
+        nothing.reason = "there is not enough memory to look at it";
+        return nothing;
+    }
+}
+
+} // namespace
+
 int runDetect(const std::vector<std::string>& paths, std::ostream& out) {
     int status = ExitStatus::success;
     for (const std::string& path : paths) {
-        const Detection detection = detect(path);
+        const Detection detection = found(path);
         out << displayPath(path) << ": " << described(detection) << '\n';
         if (!detection.source) {
             status = ExitStatus::importFailed;

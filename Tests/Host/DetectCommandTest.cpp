@@ -54,6 +54,15 @@ TEST_F(DetectCommandTest, succeedsOnlyIfEveryPathCanBeRead) {
                              known + ": " + std::string(lastPassFound) + "\n");
 }
 
+TEST_F(DetectCommandTest, goesOnAfterADatabaseThatClaimsMoreMemoryThanThereIs) {
+    const std::string huge = RELLINOR_FIXTURES "/huge-cell.sqlite";
+    const std::string known = lastPass();
+    const Ended ended = rellinor({"detect", huge, known});
+    EXPECT_EQ(ended.status, 1);
+    EXPECT_EQ(ended.out, huge + ": unknown; there is not enough memory to look at it\n" + known +
+                             ": " + std::string(lastPassFound) + "\n");
+}
+
 TEST_F(DetectCommandTest, showsAnOddPathOnOneLine) {
     const std::string path = lastPass("a\nb.csv");
     const Ended ended = rellinor({"detect", path});
