@@ -18,7 +18,7 @@ def _machine():
     model = re.search(r"^model name\s*: (.*)$", Path("/proc/cpuinfo").read_text(), re.MULTILINE)
     memory = re.search(r"^MemTotal:\s*(\d+) kB", Path("/proc/meminfo").read_text(), re.MULTILINE)
     return (f"{model[1] if model else os.uname().machine}, {os.cpu_count()} processors, "
-            f"{int(memory[1]) / 2**20:.0f} GiB of memory, Linux {os.uname().release.partition("-")[0]}")
+            f"{int(memory[1]) / 2**20:.0f} GiB of memory, Linux {os.uname().release.partition('-')[0]}")
 
 
 def _versions():
