@@ -18,7 +18,7 @@ namespace Rellinor {
 /// - views, virtual tables and columns that are computed as they are read are not read, triggers
 ///   do not fire, and nothing that the schema says is trusted;
 /// - a schema that calls functions with arguments, or is far larger than any browser's, is not
-/// read;
+///   read;
 /// - a query that takes more steps, looks into more pages or gives more bytes than an honest file
 ///   of the size could make it is broken off: tables may be knotted so that their rows never end.
 class SQLiteGuard {
