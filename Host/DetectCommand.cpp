@@ -4,6 +4,7 @@
 #include <ostream>
 
 #include "Host/Detection/Detection.hpp"
+#include "Host/Detection/Recognisers.hpp"
 #include "Host/Detection/Wording.hpp"
 #include "Host/DisplayText.hpp"
 #include "Host/ExitStatus.hpp"
@@ -18,9 +19,7 @@ Detection found(const std::string& path) {
     try {
         return detect(path);
     } catch (const std::bad_alloc&) {
-        Detection nothing;
-        nothing.reason = "there is not enough memory to look at it";
-        return nothing;
+        return unknown("there is not enough memory to look at it");
     }
 }
 

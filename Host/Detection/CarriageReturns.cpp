@@ -34,12 +34,7 @@ std::optional<Detection> detectCarriageReturns(const std::string& path,
     if (!found || found->layout.empty()) {
         return unknown("its lines end with carriage returns alone", advice);
     }
-    found->layout += " whose lines end with carriage returns alone";
-    if (found->source) {
-        found->nearly = std::exchange(found->source, std::nullopt);
-    }
-    found->advice = advice;
-    return found;
+    return nearlyRead(*std::move(found), " whose lines end with carriage returns alone", advice);
 }
 
 } // namespace Rellinor::Host

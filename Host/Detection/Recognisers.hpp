@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "Host/Detection/Detection.hpp"
 
@@ -33,6 +34,17 @@ inline constexpr std::size_t sizeOfBeginning = std::size_t{64} * 1024;
     detection.layout = layout;
     detection.confidence = confidence;
     return detection;
+}
+
+/// The same file as found, with something about it that keeps its source from reading it.
+[[nodiscard]] inline Detection nearlyRead(Detection found, std::string_view hindrance,
+                                          std::string_view advice) {
+    found.layout += hindrance;
+    if (found.source) {
+        found.nearly = std::exchange(found.source, std::nullopt);
+    }
+    found.advice = advice;
+    return found;
 }
 
 [[nodiscard]] Detection detectFolder(const std::filesystem::path& folder);

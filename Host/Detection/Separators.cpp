@@ -38,15 +38,8 @@ std::optional<Detection> detectSeparators(std::string_view beginning) {
         constexpr std::string_view advice = "save it with commas between the columns";
         const std::string between = std::string(name) + " between the columns";
         auto found = detectHeader(header);
-        if (!found) {
-            return unknown(between, advice);
-        }
-        found->layout += " with " + between;
-        if (found->source) {
-            found->nearly = std::exchange(found->source, std::nullopt);
-        }
-        found->advice = advice;
-        return found;
+        return found ? nearlyRead(*std::move(found), " with " + between, advice)
+                     : unknown(between, advice);
     }
     return std::nullopt;
 }
