@@ -8,7 +8,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include "Platform/Text.hpp"
+#include "Private/Text/UTF8.hpp"
 
 namespace Rellinor::Benchmarks {
 

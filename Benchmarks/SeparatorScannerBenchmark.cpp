@@ -7,7 +7,7 @@
 #include <benchmark/benchmark.h>
 
 #include "Benchmarks/LastPassGenerator.hpp"
-#include "Private/Proxies/SeparatorScanner.hpp"
+#include "Private/Text/SeparatorScanner.hpp"
 
 namespace Rellinor::Benchmarks {
 

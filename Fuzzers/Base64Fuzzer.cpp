@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "Fuzzers/Driver/Fuzzer.hpp"
-#include "Platform/Base64.hpp"
+#include "Private/Text/Base64.hpp"
 #include "Tests/Reference/DatabaseReference.hpp"
 
 void Rellinor::Fuzzers::fuzz(std::string_view input) {

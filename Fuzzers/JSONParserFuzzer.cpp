@@ -4,7 +4,7 @@
 #include <string>
 
 #include "Fuzzers/Driver/Fuzzer.hpp"
-#include "Platform/JSONParser.hpp"
+#include "Private/Text/JSONParser.hpp"
 #include "Tests/Reference/JSONReference.hpp"
 
 namespace Rellinor::Fuzzers {

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "Fuzzers/Driver/Fuzzer.hpp"
-#include "Platform/Text.hpp"
+#include "Private/Text/UTF8.hpp"
 #include "Tests/Reference/TextReference.hpp"
 
 void Rellinor::Fuzzers::fuzz(std::string_view input) {

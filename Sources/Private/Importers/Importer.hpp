@@ -11,9 +11,9 @@
 
 #include "Platform/Fault.hpp"
 #include "Platform/WipedStack.hpp"
-#include "Private/Importers/ImportMemory.hpp"
+#include "Private/Errors/ThrownError.hpp"
 #include "Private/Importers/RecordsBlock.hpp"
-#include "Private/Importers/ThrownError.hpp"
+#include "Private/Memory/ImportMemory.hpp"
 
 namespace Rellinor {
 

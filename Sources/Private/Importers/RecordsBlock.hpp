@@ -4,8 +4,8 @@
 
 #include <Rellinor/Models/ImportedRecords.hpp>
 
-#include "Private/Importers/ChunkedList.hpp"
-#include "Private/Importers/ImportMemory.hpp"
+#include "Private/Memory/ChunkedList.hpp"
+#include "Private/Memory/ImportMemory.hpp"
 #include "Private/Models/ImportedCard.hpp"
 #include "Private/Models/ImportedNote.hpp"
 #include "Private/Models/ImportedPassword.hpp"

@@ -1,6 +1,6 @@
 #include "Private/Proxies/CSVCursor.hpp"
 
-#include "Platform/Text.hpp"
+#include "Private/Text/UTF8.hpp"
 
 namespace Rellinor {
 

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string_view>
 
-#include "Private/Proxies/SeparatorScanner.hpp"
+#include "Private/Text/SeparatorScanner.hpp"
 
 namespace Rellinor {
 

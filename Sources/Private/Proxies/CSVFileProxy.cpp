@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "Platform/File.hpp"
-#include "Platform/Text.hpp"
 #include "Private/Extensions/String.hpp"
+#include "Private/Text/UTF8.hpp"
 
 namespace Rellinor {
 

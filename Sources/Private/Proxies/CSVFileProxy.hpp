@@ -8,7 +8,7 @@
 
 #include <Rellinor/URL.hpp>
 
-#include "Private/Importers/ImportMemory.hpp"
+#include "Private/Memory/ImportMemory.hpp"
 #include "Private/Proxies/CSVFileProxyType.hpp"
 
 namespace Rellinor {

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "Platform/Fault.hpp"
-#include "Platform/JSONParser.hpp"
+#include "Private/Text/JSONParser.hpp"
 
 namespace Rellinor {
 

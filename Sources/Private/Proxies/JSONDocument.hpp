@@ -5,7 +5,7 @@
 #include <string_view>
 #include <utility>
 
-#include "Private/Importers/ImportMemory.hpp"
+#include "Private/Memory/ImportMemory.hpp"
 #include "Private/Proxies/JSONNodes.hpp"
 #include "Private/Proxies/JSONValue.hpp"
 

@@ -1,7 +1,7 @@
 #include "Private/Proxies/JSONFileProxy.hpp"
 
 #include "Platform/File.hpp"
-#include "Platform/Text.hpp"
+#include "Private/Text/UTF8.hpp"
 
 namespace Rellinor {
 

@@ -6,7 +6,7 @@
 
 #include <Rellinor/URL.hpp>
 
-#include "Private/Importers/ImportMemory.hpp"
+#include "Private/Memory/ImportMemory.hpp"
 #include "Private/Proxies/JSONFileProxyType.hpp"
 
 namespace Rellinor {

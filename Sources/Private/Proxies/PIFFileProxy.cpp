@@ -9,8 +9,8 @@
 #include <utility>
 
 #include "Platform/File.hpp"
-#include "Platform/Text.hpp"
 #include "Private/Proxies/PIFParsingError.hpp"
+#include "Private/Text/UTF8.hpp"
 
 namespace Rellinor {
 

@@ -4,7 +4,7 @@
 
 #include <Rellinor/URL.hpp>
 
-#include "Private/Importers/ImportMemory.hpp"
+#include "Private/Memory/ImportMemory.hpp"
 #include "Private/Models/JSON.hpp"
 
 namespace Rellinor {

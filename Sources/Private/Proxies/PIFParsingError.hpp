@@ -5,7 +5,7 @@
 #include <string_view>
 #include <utility>
 
-#include "Private/Importers/ThrownError.hpp"
+#include "Private/Errors/ThrownError.hpp"
 
 namespace Rellinor {
 

@@ -11,9 +11,9 @@
 #include <sqlite3.h>
 
 #include "Platform/Fault.hpp"
-#include "Platform/Text.hpp"
 #include "Private/Proxies/SQLiteGuard.hpp"
 #include "Private/Proxies/SQLiteSideFiles.hpp"
+#include "Private/Text/UTF8.hpp"
 
 namespace Rellinor {
 

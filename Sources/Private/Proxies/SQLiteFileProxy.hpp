@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "Private/Importers/ImportMemory.hpp"
+#include "Private/Memory/ImportMemory.hpp"
 #include "Private/Proxies/SQLiteFileProxyType.hpp"
 
 struct sqlite3;      // NOLINT(readability-identifier-naming): the C library's own

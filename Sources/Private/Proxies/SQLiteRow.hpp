@@ -5,7 +5,7 @@
 #include <span>
 #include <string_view>
 
-#include "Private/Importers/ImportMemory.hpp"
+#include "Private/Memory/ImportMemory.hpp"
 #include "Private/Proxies/SQLiteValue.hpp"
 
 namespace Rellinor {

@@ -9,7 +9,7 @@
 
 #include "Platform/Fault.hpp"
 #include "Platform/LargeMemory.hpp"
-#include "Private/Importers/ImportMemory.hpp"
+#include "Private/Memory/ImportMemory.hpp"
 #include "Private/Proxies/SQLiteRow.hpp"
 #include "Private/Proxies/SQLiteValue.hpp"
 

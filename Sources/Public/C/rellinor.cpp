@@ -12,7 +12,7 @@
 
 #include <Rellinor/Rellinor.hpp>
 
-#include "Private/Importers/ThrownError.hpp"
+#include "Private/Errors/ThrownError.hpp"
 
 namespace Rellinor {
 

@@ -8,8 +8,8 @@
 
 #include <gtest/gtest.h>
 
-#include "Platform/Text.hpp"
 #include "Private/Proxies/PIFParsingError.hpp"
+#include "Private/Text/UTF8.hpp"
 #include "Tests/Support/Affordable.hpp"
 #include "Tests/Support/JSONTexts.hpp"
 #include "Tests/Support/RandomText.hpp"

@@ -4,9 +4,9 @@
 #include <span>
 #include <string_view>
 
-#include "Platform/Base64.hpp"
 #include "Private/Importers/Chrome/ChromeRecord.hpp"
 #include "Private/Proxies/SQLiteFileProxy.hpp"
+#include "Private/Text/Base64.hpp"
 
 namespace Rellinor {
 

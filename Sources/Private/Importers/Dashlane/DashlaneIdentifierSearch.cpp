@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 
-#include "Platform/Text.hpp"
+#include "Private/Text/UTF8.hpp"
 
 namespace Rellinor {
 

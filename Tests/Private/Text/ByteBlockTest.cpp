@@ -1,4 +1,4 @@
-#include "Platform/ByteBlock.hpp"
+#include "Private/Text/ByteBlock.hpp"
 
 #include <string>
 

@@ -1,4 +1,4 @@
-#include "Platform/Base64.hpp"
+#include "Private/Text/Base64.hpp"
 
 #include <algorithm>
 #include <cstddef>

@@ -1,6 +1,6 @@
-#include "Private/Proxies/SeparatorScanner.hpp"
+#include "Private/Text/SeparatorScanner.hpp"
 
-#include "Platform/ByteBlock.hpp"
+#include "Private/Text/ByteBlock.hpp"
 
 namespace Rellinor {
 

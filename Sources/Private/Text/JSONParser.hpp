@@ -8,10 +8,10 @@
 #include <string_view>
 #include <utility>
 
-#include "Platform/JSONNumber.hpp"
-#include "Platform/JSONString.hpp"
-#include "Platform/JSONStringScanner.hpp"
-#include "Platform/Text.hpp"
+#include "Private/Text/JSONNumber.hpp"
+#include "Private/Text/JSONString.hpp"
+#include "Private/Text/JSONStringScanner.hpp"
+#include "Private/Text/UTF8.hpp"
 
 namespace Rellinor {
 

@@ -1,4 +1,4 @@
-#include "Private/Importers/ChunkedList.hpp"
+#include "Private/Memory/ChunkedList.hpp"
 
 #include <vector>
 

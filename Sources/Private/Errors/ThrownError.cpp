@@ -1,4 +1,4 @@
-#include "Private/Importers/ThrownError.hpp"
+#include "Private/Errors/ThrownError.hpp"
 
 #include <new>
 #include <utility>

@@ -1,6 +1,6 @@
-#include "Platform/JSONStringScanner.hpp"
+#include "Private/Text/JSONStringScanner.hpp"
 
-#include "Platform/ByteBlock.hpp"
+#include "Private/Text/ByteBlock.hpp"
 
 namespace Rellinor {
 

@@ -1,4 +1,4 @@
-#include "Platform/JSONNumber.hpp"
+#include "Private/Text/JSONNumber.hpp"
 
 #include <cstdint>
 #include <limits>

@@ -1,4 +1,4 @@
-#include "Platform/Text.hpp"
+#include "Private/Text/UTF8.hpp"
 
 #include <string>
 #include <string_view>

@@ -1,4 +1,4 @@
-#include "Private/Importers/ImportMemory.hpp"
+#include "Private/Memory/ImportMemory.hpp"
 
 #include <algorithm>
 #include <optional>

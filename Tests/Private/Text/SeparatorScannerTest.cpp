@@ -1,4 +1,4 @@
-#include "Private/Proxies/SeparatorScanner.hpp"
+#include "Private/Text/SeparatorScanner.hpp"
 
 #include <array>
 #include <string>

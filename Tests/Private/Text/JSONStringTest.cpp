@@ -1,4 +1,4 @@
-#include "Platform/JSONString.hpp"
+#include "Private/Text/JSONString.hpp"
 
 #include <string>
 #include <string_view>

@@ -1,11 +1,11 @@
-#include "Platform/JSONString.hpp"
+#include "Private/Text/JSONString.hpp"
 
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
 #include <optional>
 
-#include <utf8proc.h>
+#include "Platform/Unicode.hpp"
 
 namespace Rellinor {
 
@@ -93,9 +93,7 @@ char* write(char32_t character, char* target) noexcept {
         *target = static_cast<char>(character);
         return target + 1;
     }
-    // The library takes its bytes as unsigned characters.
-    auto* bytes = reinterpret_cast<utf8proc_uint8_t*>(target); // NOLINT(*-cast)
-    return target + ::utf8proc_encode_char(static_cast<utf8proc_int32_t>(character), bytes);
+    return writeCodePoint(static_cast<std::int32_t>(character), target);
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-#include "Platform/JSONStringScanner.hpp"
+#include "Private/Text/JSONStringScanner.hpp"
 
 #include <algorithm>
 #include <memory>

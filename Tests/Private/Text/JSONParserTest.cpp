@@ -1,4 +1,4 @@
-#include "Platform/JSONParser.hpp"
+#include "Private/Text/JSONParser.hpp"
 
 #include <algorithm>
 #include <array>

@@ -1,12 +1,11 @@
-#include "Platform/Text.hpp"
+#include "Private/Text/UTF8.hpp"
 
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
 
-#include <utf8proc.h>
-
-#include "Platform/ByteBlock.hpp"
+#include "Platform/Unicode.hpp"
+#include "Private/Text/ByteBlock.hpp"
 
 namespace Rellinor {
 
@@ -37,21 +36,6 @@ std::size_t lengthOfASCIIPrefix(std::string_view bytes) noexcept {
         ++length;
     }
     return length;
-}
-
-/// The code point that a text begins with, and the number of bytes it takes.
-struct CodePoint {
-    utf8proc_int32_t value = 0;
-    utf8proc_ssize_t length = 0; ///< not positive if the bytes are not UTF-8
-};
-
-CodePoint firstCodePoint(std::string_view text) noexcept {
-    CodePoint first;
-    // The library takes its bytes as unsigned characters.
-    const auto* bytes = reinterpret_cast<const utf8proc_uint8_t*>(text.data()); // NOLINT(*-cast)
-    first.length =
-        ::utf8proc_iterate(bytes, static_cast<utf8proc_ssize_t>(text.size()), &first.value);
-    return first;
 }
 
 /// The values that the byte behind a lead byte may have.
@@ -154,14 +138,14 @@ void writeRepairedText(std::string_view bytes, std::span<char> target) noexcept 
 
 std::size_t numberOfCharacters(std::string_view text) noexcept {
     std::size_t count = 0;
-    utf8proc_int32_t previous = 0; // a control character, behind which a new one always begins
-    utf8proc_int32_t state = 0;
+    std::int32_t previous = 0; // a control character, behind which a new one always begins
+    std::int32_t state = 0;
     while (!text.empty()) {
         CodePoint next = firstCodePoint(text);
         if (next.length <= 0) {
             next = {.value = 0xFFFD, .length = 1};
         }
-        if (::utf8proc_grapheme_break_stateful(previous, next.value, &state)) {
+        if (isGraphemeBreak(previous, next.value, state)) {
             ++count;
         }
         previous = next.value;
@@ -197,7 +181,7 @@ bool isBlank(std::string_view text) noexcept {
             continue;
         }
         const CodePoint first = firstCodePoint(text);
-        if (first.length <= 0 || ::utf8proc_category(first.value) != UTF8PROC_CATEGORY_ZS) {
+        if (first.length <= 0 || !isSpaceSeparator(first.value)) {
             return false;
         }
         text.remove_prefix(static_cast<std::size_t>(first.length));
