@@ -1,5 +1,7 @@
 #include "Benchmarks/Process.hpp"
 
+#include <algorithm>
+
 #include <array>
 #include <cstddef>
 #include <exception>
@@ -90,7 +92,8 @@ Run inChild(const std::function<Run()>& measure) {
 
 void haveMemoryAtHand(std::size_t bytes) {
     (void)writtenByChild([&](int /*descriptor*/) {
-        const std::vector<char, LargeMemoryAllocator<char>> touched(bytes);
+        LargeBuffer memory(bytes);
+        std::ranges::fill(memory.bytes(), '\0');
     });
 }
 

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "Fuzzers/Driver/Fuzzer.hpp"
-#include "Private/Importers/Dashlane/DashlaneIdentifierSearch.hpp"
+#include "Private/Importers/Dashlane/DashlaneIdentifier.hpp"
 #include "Private/Proxies/CSVCursor.hpp"
 #include "Tests/Reference/CSVReference.hpp"
 #include "Tests/Reference/DashlaneReference.hpp"

@@ -10,9 +10,7 @@ namespace {
 
 constexpr std::align_val_t alignment{largePageSize};
 
-} // namespace
-
-void* allocateMemory(std::size_t size) {
+void* allocate(std::size_t size) {
     if (size < largePageSize) {
         return ::operator new(size);
     }
@@ -23,11 +21,16 @@ void* allocateMemory(std::size_t size) {
     return memory;
 }
 
-void releaseMemory(void* memory, std::size_t size) noexcept {
-    if (size < largePageSize) {
-        ::operator delete(memory, size);
+} // namespace
+
+LargeBuffer::LargeBuffer(std::size_t size)
+    : _bytes(static_cast<char*>(allocate(size))), _size(size) {}
+
+LargeBuffer::~LargeBuffer() {
+    if (_size < largePageSize) {
+        ::operator delete(_bytes, _size);
     } else {
-        ::operator delete(memory, size, alignment);
+        ::operator delete(_bytes, _size, alignment);
     }
 }
 

@@ -1,41 +1,46 @@
 #pragma once
 
 #include <cstddef>
+#include <span>
+#include <utility>
 
 namespace Rellinor {
 
-/// Pieces of at least this size are given out in large pages where the system has them: a fresh
-/// page is dear to touch, however large it is.
+/// A piece of memory of at least this size comes in large pages where the system has them: a fresh
+/// page is dear to touch, however large the page is.
 inline constexpr std::size_t largePageSize = std::size_t{2} * 1024 * 1024;
 
-/// Memory for `size` bytes, uninitialised.
+/// A run of bytes on the heap.
 ///
-/// @throws std::bad_alloc
-[[nodiscard]] void* allocateMemory(std::size_t size);
-
-/// Gives back what `allocateMemory` gave out for that size.
-void releaseMemory(void* memory, std::size_t size) noexcept;
-
-/// Makes a container of the standard library take its memory so.
-template <typename Element>
-class LargeMemoryAllocator {
+/// The bytes are uninitialised at first: fresh memory is touched once, when it is filled.
+class LargeBuffer {
 public:
-    using value_type = Element;
+    LargeBuffer() noexcept = default;
 
-    LargeMemoryAllocator() noexcept = default;
+    /// @throws std::bad_alloc
+    explicit LargeBuffer(std::size_t size);
 
-    template <typename Other>
-    explicit(false) LargeMemoryAllocator(const LargeMemoryAllocator<Other>& /*other*/) noexcept {}
+    LargeBuffer(LargeBuffer&& other) noexcept
+        : _bytes(std::exchange(other._bytes, nullptr)), _size(std::exchange(other._size, 0)) {}
 
-    [[nodiscard]] Element* allocate(std::size_t count) {
-        return static_cast<Element*>(allocateMemory(count * sizeof(Element)));
+    LargeBuffer& operator=(LargeBuffer&& other) noexcept {
+        std::swap(_bytes, other._bytes);
+        std::swap(_size, other._size);
+        return *this;
     }
 
-    void deallocate(Element* elements, std::size_t count) noexcept {
-        releaseMemory(elements, count * sizeof(Element));
-    }
+    LargeBuffer(const LargeBuffer&) = delete;
+    LargeBuffer& operator=(const LargeBuffer&) = delete;
 
-    bool operator==(const LargeMemoryAllocator&) const noexcept = default;
+    ~LargeBuffer();
+
+    [[nodiscard]] std::span<char> bytes() noexcept { return {_bytes, _size}; }
+
+    [[nodiscard]] std::size_t size() const noexcept { return _size; }
+
+private:
+    char* _bytes = nullptr;
+    std::size_t _size = 0;
 };
 
 } // namespace Rellinor

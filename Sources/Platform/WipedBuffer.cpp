@@ -2,17 +2,12 @@
 
 #include <sodium/utils.h>
 
-#include "Platform/LargeMemory.hpp"
-
 namespace Rellinor {
 
-WipedBuffer::WipedBuffer(std::size_t size)
-    : _bytes(static_cast<char*>(allocateMemory(size))), _size(size) {}
-
 WipedBuffer::~WipedBuffer() {
-    if (_bytes != nullptr) {
-        ::sodium_memzero(_bytes, _size);
-        releaseMemory(_bytes, _size);
+    const std::span<char> bytes = _memory.bytes();
+    if (!bytes.empty()) {
+        ::sodium_memzero(bytes.data(), bytes.size());
     }
 }
 

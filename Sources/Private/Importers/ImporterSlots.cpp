@@ -1,6 +1,7 @@
 #include "Private/Importers/ImporterSlots.hpp"
 
 #include "Platform/Fault.hpp"
+#include "Private/Importers/Importer.hpp"
 
 namespace Rellinor {
 
@@ -18,26 +19,26 @@ void ImporterSlots::records(const URL& url, ImportSource source,
     switch (source) {
         using enum ImportSource;
     case chrome:
-        filled(chromeImporter).records(url, onComplete);
+        importRecords(filled(chromeImporter), url, onComplete);
         return;
     case lastPass:
-        filled(lastPassImporter).records(url, onComplete);
+        importRecords(filled(lastPassImporter), url, onComplete);
         return;
     case dashlane:
-        filled(dashlaneImporter).records(url, onComplete);
+        importRecords(filled(dashlaneImporter), url, onComplete);
         return;
     case onePassword:
-        filled(onePasswordImporter).records(url, onComplete);
+        importRecords(filled(onePasswordImporter), url, onComplete);
         return;
     case tirel:
-        filled(tirelImporter).records(url, onComplete);
+        importRecords(filled(tirelImporter), url, onComplete);
         return;
     case keePass:
     case keePassXC:
-        filled(keePassImporter).records(url, onComplete);
+        importRecords(filled(keePassImporter), url, onComplete);
         return;
     case firefox:
-        filled(firefoxImporter).records(url, onComplete);
+        importRecords(filled(firefoxImporter), url, onComplete);
         return;
     }
     fault();

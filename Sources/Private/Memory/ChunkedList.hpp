@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <memory>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -9,45 +11,121 @@
 
 namespace Rellinor {
 
-/// A list that only grows and never moves what it holds, so that elements can be pointed at.
+/// A list that only grows and never moves an element, so that elements can be pointed at.
 ///
-/// Chunks double up to a fixed size: a long list wastes little and is never copied over.
-template <typename Element>
+/// Its chunks double up to a large page: a short list takes little, and a long one wastes less than
+/// one chunk and is never copied over. Elements are not destroyed one by one.
+///
+/// @tparam Buffer  the memory of a chunk; a `WipedBuffer` for a list that may hold secrets
+template <typename Element, typename Buffer = LargeBuffer>
 class ChunkedList {
 public:
     /// @throws std::bad_alloc  the list is then as it was
-    void append(const Element& element) {
-        if (_chunks.empty() || _chunks.back().size() == _chunks.back().capacity()) {
-            addChunk();
+    Element& append(const Element& element) {
+        if (_next == _end) {
+            addChunk(1);
         }
-        _chunks.back().push_back(element);
-        ++_size;
+        return appendInRoom(element);
     }
 
-    [[nodiscard]] std::size_t size() const noexcept { return _size; }
+    /// The same if the last chunk has room for the element.
+    Element& appendInRoom(const Element& element) noexcept {
+        return *std::construct_at(_next++, element);
+    }
+
+    /// Appends elements that stand behind each other, at the beginning of a new chunk if the last
+    /// one has too little room.
+    ///
+    /// @throws std::bad_alloc  the list is then as it was
+    void append(std::span<const Element> elements) {
+        _next = std::uninitialized_copy(elements.begin(), elements.end(), begin(elements.size()));
+    }
+
+    /// So many elements behind each other, uninitialised, for the caller to fill.
+    ///
+    /// @throws std::bad_alloc  the list is then as it was
+    [[nodiscard]] std::span<Element> extend(std::size_t count) {
+        Element* const first = begin(count);
+        _next += count;
+        return {first, count};
+    }
+
+    /// How many more elements the last chunk takes.
+    [[nodiscard]] std::size_t room() const noexcept {
+        return static_cast<std::size_t>(_end - _next);
+    }
+
+    /// Where the next element will stand if there is room for it.
+    [[nodiscard]] Element* next() const noexcept { return _next; }
+
+    /// Leaves what room there is, and goes on in a new chunk.
+    ///
+    /// @throws std::bad_alloc  the list is then as it was
+    void addChunk(std::size_t fewestElements) {
+        const std::size_t capacity = std::max(capacityOfNextChunk(), fewestElements);
+        _chunks.reserve(_chunks.size() + 1);
+        Buffer memory(capacity * sizeof(Element));
+        void* const bytes = memory.bytes().data();
+        closeChunk();
+        _next = static_cast<Element*>(bytes);
+        _end = _next + capacity;
+        _chunks.push_back({.memory = std::move(memory), .first = _next});
+    }
+
+    /// How many elements a new chunk takes if fewer are asked for.
+    [[nodiscard]] std::size_t capacityOfNextChunk() const noexcept {
+        constexpr std::size_t smallest = std::size_t{4} * 1024;
+
+        const std::size_t size =
+            _chunks.empty() ? smallest : std::min(_chunks.back().memory.size() * 2, largePageSize);
+        return (size + sizeof(Element) - 1) / sizeof(Element);
+    }
+
+    [[nodiscard]] std::size_t numberOfChunks() const noexcept { return _chunks.size(); }
+
+    /// The elements of a chunk, in their order.
+    [[nodiscard]] std::span<const Element> chunk(std::size_t index) const noexcept {
+        const Chunk& chunk = _chunks[index];
+        return {chunk.first, index + 1 == _chunks.size() ? _next : chunk.last};
+    }
+
+    [[nodiscard]] std::size_t size() const noexcept {
+        std::size_t size = 0;
+        for (std::size_t index = 0; index < _chunks.size(); ++index) {
+            size += chunk(index).size();
+        }
+        return size;
+    }
 
     void forEach(auto&& visit) const {
-        for (const auto& chunk : _chunks) {
-            std::ranges::for_each(chunk, visit);
+        for (std::size_t index = 0; index < _chunks.size(); ++index) {
+            std::ranges::for_each(chunk(index), visit);
         }
     }
 
 private:
-    using Chunk = std::vector<Element, LargeMemoryAllocator<Element>>;
+    struct Chunk {
+        Buffer memory;
+        Element* first = nullptr;
+        Element* last = nullptr; // behind the last element, once there is another chunk
+    };
 
-    static constexpr std::size_t smallestChunk = 16;
-    static constexpr std::size_t largestChunk = largePageSize / sizeof(Element) + 1;
-
-    void addChunk() {
-        const std::size_t capacity =
-            _chunks.empty() ? smallestChunk : std::min(_chunks.back().size() * 2, largestChunk);
-        Chunk chunk;
-        chunk.reserve(capacity);
-        _chunks.push_back(std::move(chunk));
+    Element* begin(std::size_t count) {
+        if (count > room()) {
+            addChunk(count);
+        }
+        return _next;
     }
 
-    std::vector<Chunk> _chunks;
-    std::size_t _size = 0;
+    void closeChunk() noexcept {
+        if (!_chunks.empty()) {
+            _chunks.back().last = _next;
+        }
+    }
+
+    std::vector<Chunk> _chunks; // moving a buffer leaves its bytes in place
+    Element* _next = nullptr;
+    Element* _end = nullptr;
 };
 
 } // namespace Rellinor

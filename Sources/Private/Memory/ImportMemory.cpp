@@ -5,17 +5,11 @@
 namespace Rellinor {
 
 std::span<char> ImportMemory::allocate(std::size_t size) {
-    if (size > _free.size()) {
-        if (size > _nextChunk / 4) {
-            // A large piece has a chunk of its own: the rest of the shared one is not lost.
-            return _chunks.emplace_back(size).bytes();
-        }
-        _free = _chunks.emplace_back(_nextChunk).bytes();
-        _nextChunk = std::min(_nextChunk * 2, largestChunk);
+    if (size > _smallPieces.room() && size > _smallPieces.capacityOfNextChunk() / 4) {
+        // A large piece stands alone: the rest of the shared chunk is not lost.
+        return _largePieces.emplace_back(size).bytes();
     }
-    const std::span<char> piece = _free.first(size);
-    _free = _free.subspan(size);
-    return piece;
+    return _smallPieces.extend(size);
 }
 
 std::string_view ImportMemory::copy(std::string_view text) {

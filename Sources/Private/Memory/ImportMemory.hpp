@@ -7,14 +7,14 @@
 #include <vector>
 
 #include "Platform/File.hpp"
-#include "Platform/LargeMemory.hpp"
 #include "Platform/WipedBuffer.hpp"
+#include "Private/Memory/ChunkedList.hpp"
 
 namespace Rellinor {
 
 /// Owns the texts that the raw records and the built records of one import point into.
 ///
-/// What it takes over or gives out stays where it is until the memory is let go, and is wiped then.
+/// A text stays where it is until the memory is let go, and is wiped then.
 class ImportMemory {
 public:
     ImportMemory() = default;
@@ -29,8 +29,8 @@ public:
         return _files.emplace_back(std::move(contents)).bytes();
     }
 
-    /// So many bytes, uninitialised, for the caller to fill. Small pieces share larger chunks, so
-    /// that most of them cost no allocation.
+    /// So many bytes, uninitialised, for the caller to fill. Small pieces share chunks, so that
+    /// most of them cost no allocation.
     ///
     /// @throws std::bad_alloc
     [[nodiscard]] std::span<char> allocate(std::size_t size);
@@ -42,12 +42,8 @@ public:
 
 private:
     std::vector<FileContents> _files; // moving one leaves its bytes in place
-    std::vector<WipedBuffer> _chunks; // and so here
-    std::span<char> _free;            // what is left of the newest shared chunk
-    std::size_t _nextChunk = smallestChunk;
-
-    static constexpr std::size_t smallestChunk = std::size_t{4} * 1024;
-    static constexpr std::size_t largestChunk = largePageSize;
+    std::vector<WipedBuffer> _largePieces;
+    ChunkedList<char, WipedBuffer> _smallPieces;
 };
 
 } // namespace Rellinor

@@ -2,10 +2,8 @@
 
 #include <algorithm>
 #include <array>
-#include <concepts>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <limits>
 #include <vector>
 
@@ -17,40 +15,6 @@ namespace Rellinor {
 namespace {
 
 using KeyIndex = std::uint8_t;
-
-template <std::unsigned_integral Word>
-Word wordAt(std::string_view text, std::size_t position) noexcept {
-    Word word = 0;
-    std::memcpy(&word, text.data() + position, sizeof word);
-    return word;
-}
-
-/// Whether texts of one size are the same, in steps of words, the last of which may overlap.
-template <std::unsigned_integral Word>
-bool haveSameWords(std::string_view one, std::string_view other) noexcept {
-    const std::size_t last = one.size() - sizeof(Word);
-    for (std::size_t position = 0; position < last; position += sizeof(Word)) {
-        if (wordAt<Word>(one, position) != wordAt<Word>(other, position)) {
-            return false;
-        }
-    }
-    return wordAt<Word>(one, last) == wordAt<Word>(other, last);
-}
-
-/// Whether texts are the same. Names of members are so short that the call of a function to compare
-/// them would take longer.
-bool areEqual(std::string_view one, std::string_view other) noexcept {
-    if (one.size() != other.size()) {
-        return false;
-    }
-    if (one.size() >= sizeof(std::uint64_t)) {
-        return haveSameWords<std::uint64_t>(one, other);
-    }
-    if (one.size() >= sizeof(std::uint16_t)) {
-        return haveSameWords<std::uint16_t>(one, other);
-    }
-    return one == other;
-}
 
 /// Finds the known keys. What followed a key the last time most likely follows it again, and most
 /// names that are not known are told by their length and first character.
@@ -66,7 +30,7 @@ public:
     /// The place of a name among the known ones; absent if it is none of them.
     [[nodiscard]] std::optional<KeyIndex> find(std::string_view name) noexcept {
         const KeyIndex guess = _successors[_last];
-        if (guess < _keys.size() && areEqual(_keys[guess], name)) {
+        if (guess < _keys.size() && _keys[guess] == name) {
             return _last = guess;
         }
         if ((_marks & markOf(name)) == 0) {

@@ -3,9 +3,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
-#include <vector>
 
 #include "Platform/WipedBuffer.hpp"
+#include "Private/Memory/ChunkedList.hpp"
 
 namespace Rellinor {
 
@@ -18,15 +18,15 @@ enum class JSONKind : std::uint8_t {
     integer, ///< a number of an integral value that fits 64 bits
     null,
     other,
-    link, ///< no value: the next one stands elsewhere
+    link, ///< no value, but where the next value stands
 };
 
-// A union and not a variant: two words instead of three, of which a file may have very many. What
-// it holds is told by the kind.
+// A union and not a variant: a node takes two words instead of three, and a file may have very many
+// nodes. The kind tells which member of the union is set.
 // NOLINTBEGIN(*-union-access,*-stringview-data-usage)
 
-/// One value of a parsed JSON text. Behind an object or array stand the values that are in it, each
-/// with what is in itself.
+/// One value of a parsed JSON text. The values in an object or array stand directly behind its
+/// node, each followed by the values that it holds itself.
 struct JSONNode {
     union Content {
         const char* characters;  // of a string
@@ -57,26 +57,25 @@ struct JSONNode {
 
 static_assert(sizeof(JSONNode) == 16);
 
-/// The values of a parsed JSON text in the order of the text. They stay where they are, and their
+/// The values of a parsed JSON text in the order of the text. A value stays where it is, and its
 /// memory is wiped before it is given back.
 ///
-/// A place is where a value stands or will stand: the end of a chunk is one too, and leads on to
-/// the next chunk once there is one.
+/// A place is where a value stands or will stand. The last place of a chunk is one too: it leads on
+/// to the next chunk once there is one.
 class JSONNodes {
 public:
     /// Adds a value and returns it.
     ///
     /// @throws std::bad_alloc
     JSONNode& append(const JSONNode& node) {
-        if (_next == _end) {
+        if (_nodes.room() <= 1) {
             addChunk();
         }
-        *_next = node;
-        return *_next++;
+        return _nodes.appendInRoom(node);
     }
 
     /// The place of the next value.
-    [[nodiscard]] const JSONNode* next() const noexcept { return _next; }
+    [[nodiscard]] const JSONNode* next() const noexcept { return _nodes.next(); }
 
     /// The value at a place.
     [[nodiscard]] static const JSONNode& at(const JSONNode* place) noexcept {
@@ -92,9 +91,7 @@ public:
 private:
     void addChunk();
 
-    std::vector<WipedBuffer> _chunks;
-    JSONNode* _next = nullptr;
-    JSONNode* _end = nullptr; // one more fits there: the link
+    ChunkedList<JSONNode, WipedBuffer> _nodes;
 };
 
 // NOLINTEND(*-union-access,*-stringview-data-usage)

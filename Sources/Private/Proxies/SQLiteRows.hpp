@@ -8,15 +8,15 @@
 #include <vector>
 
 #include "Platform/Fault.hpp"
-#include "Platform/LargeMemory.hpp"
+#include "Private/Memory/ChunkedList.hpp"
 #include "Private/Memory/ImportMemory.hpp"
 #include "Private/Proxies/SQLiteRow.hpp"
 #include "Private/Proxies/SQLiteValue.hpp"
 
 namespace Rellinor {
 
-/// The rows that a query gave, in their order. Many of them share a list of values, so that a row
-/// costs no allocation of its own and a long list is never copied over.
+/// The rows that a query gave, in their order. All rows share one list of values: a row costs no
+/// allocation of its own.
 class SQLiteRows {
 public:
     /// No rows yet.
@@ -32,10 +32,7 @@ public:
     /// @throws std::bad_alloc
     void append(std::span<const SQLiteValue> values) {
         require(values.size() == _names.size());
-        if (_size % rowsPerChunk == 0) {
-            addChunk();
-        }
-        _chunks.back().insert(_chunks.back().end(), values.begin(), values.end());
+        _values.append(values);
         ++_size;
     }
 
@@ -48,23 +45,46 @@ public:
 
         Iterator() noexcept = default;
 
-        Iterator(const SQLiteRows& rows, std::size_t index) noexcept
-            : _rows(&rows), _index(index) {}
+        /// @param index  of the first row, or behind the last
+        Iterator(const SQLiteRows& rows, std::size_t index) noexcept : _rows(&rows), _index(index) {
+            enterChunk(0);
+        }
 
-        [[nodiscard]] SQLiteRow operator*() const noexcept { return _rows->row(_index); }
+        [[nodiscard]] SQLiteRow operator*() const noexcept {
+            return {_rows->_names, _rest.first(_rows->_names.size()), *_rows->_memory};
+        }
 
         Iterator& operator++() noexcept {
             ++_index;
+            _rest = _rest.subspan(_rows->_names.size());
+            if (_rest.empty()) {
+                enterChunk(_chunk + 1);
+            }
             return *this;
         }
 
-        Iterator operator++(int) noexcept { return {*_rows, _index++}; }
+        Iterator operator++(int) noexcept {
+            const Iterator before = *this;
+            ++*this;
+            return before;
+        }
 
-        [[nodiscard]] bool operator==(const Iterator&) const noexcept = default;
+        [[nodiscard]] bool operator==(const Iterator& other) const noexcept {
+            return _index == other._index;
+        }
 
     private:
+        void enterChunk(std::size_t chunk) noexcept {
+            _chunk = chunk;
+            if (chunk < _rows->_values.numberOfChunks()) {
+                _rest = _rows->_values.chunk(chunk);
+            }
+        }
+
         const SQLiteRows* _rows = nullptr;
         std::size_t _index = 0;
+        std::size_t _chunk = 0;
+        std::span<const SQLiteValue> _rest; // of the chunk, from the row's first value on
     };
 
     [[nodiscard]] Iterator begin() const noexcept { return {*this, 0}; }
@@ -72,26 +92,9 @@ public:
     [[nodiscard]] Iterator end() const noexcept { return {*this, _size}; }
 
 private:
-    using Chunk = std::vector<SQLiteValue, LargeMemoryAllocator<SQLiteValue>>;
-
-    [[nodiscard]] SQLiteRow row(std::size_t index) const noexcept {
-        const std::size_t columns = _names.size();
-        const std::span<const SQLiteValue> chunk = _chunks[index / rowsPerChunk];
-        return {_names, chunk.subspan(index % rowsPerChunk * columns, columns), *_memory};
-    }
-
-    void addChunk() {
-        Chunk& chunk = _chunks.emplace_back();
-        if (_size > 0) { // the first grows by itself: most results are small
-            chunk.reserve(rowsPerChunk * _names.size());
-        }
-    }
-
-    static constexpr std::size_t rowsPerChunk = 65536;
-
     ImportMemory* _memory;
     std::vector<std::string_view> _names;
-    std::vector<Chunk> _chunks; // of so many rows each, but the last
+    ChunkedList<SQLiteValue> _values; // of all rows; those of one row stand behind each other
     std::size_t _size = 0;
 };
 

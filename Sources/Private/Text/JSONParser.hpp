@@ -166,12 +166,12 @@ private:
     Place parseString(Place place, auto&& tell) {
         const Place begin = place + 1;
         Place end = _strings.next(begin);
-        const bool hasEscapes = at(end) == '\\';
+        const bool hasEscapes = at(end) != '"';
         if (hasEscapes) {
             end = skipEscapes(end);
-        }
-        if (at(end) != '"') {
-            return broken; // a control character, a false escape, or the end of the text
+            if (at(end) != '"') {
+                return broken; // a control character, a false escape, or the end of the text
+            }
         }
         const std::string_view written(_text.data() + begin, end - begin);
         if (_strings.mayHaveNonASCIIBehind(begin) && !isUTF8(written)) {

@@ -1,13 +1,26 @@
 #include "Private/Text/JSONStringScanner.hpp"
 
-#include "Private/Text/ByteBlock.hpp"
+#include <span>
 
 namespace Rellinor {
 
 void JSONStringScanner::scanBlock(std::size_t begin) noexcept {
     static_assert(blockSize == ByteBlock::size);
 
-    const ByteBlock block = ByteBlock::first(_text.substr(begin));
+    const std::string_view rest(_text.data() + begin, _text.size() - begin);
+    if (rest.size() < blockSize) [[unlikely]] {
+        scanLastBlock(begin);
+    } else {
+        scan(ByteBlock(std::span(rest).first<blockSize>()), begin);
+    }
+}
+
+// Apart, so that a whole block stays in registers.
+[[gnu::noinline]] void JSONStringScanner::scanLastBlock(std::size_t begin) noexcept {
+    scan(ByteBlock::first(_text.substr(begin)), begin);
+}
+
+inline void JSONStringScanner::scan(const ByteBlock& block, std::size_t begin) noexcept {
     _found = block.equalToOrBelow('"', '\\', ' ');
     _nextBlock = begin + blockSize;
     _endOfNonASCII = block.isASCII() ? _endOfNonASCII : _nextBlock;

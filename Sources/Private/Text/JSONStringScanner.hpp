@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "Private/Text/ByteBlock.hpp"
+
 namespace Rellinor {
 
 /// Finds the bytes of a JSON text that may not stand in a string as they are: quotes, backslashes
@@ -40,6 +42,8 @@ private:
     static constexpr std::size_t blockSize = 64;
 
     void scanBlock(std::size_t begin) noexcept;
+    void scanLastBlock(std::size_t begin) noexcept;
+    void scan(const ByteBlock& block, std::size_t begin) noexcept;
 
     [[nodiscard]] std::size_t nextInLaterBlocks() noexcept;
 

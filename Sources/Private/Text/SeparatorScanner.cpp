@@ -1,6 +1,6 @@
 #include "Private/Text/SeparatorScanner.hpp"
 
-#include "Private/Text/ByteBlock.hpp"
+#include <span>
 
 namespace Rellinor {
 
@@ -19,7 +19,20 @@ constexpr std::uint64_t prefixParity(std::uint64_t bits) noexcept {
 void SeparatorScanner::scanNextBlock() noexcept {
     static_assert(blockSize == ByteBlock::size);
 
-    const ByteBlock block = ByteBlock::first(_text.substr(_nextBlock));
+    const std::string_view rest(_text.data() + _nextBlock, _text.size() - _nextBlock);
+    if (rest.size() < blockSize) [[unlikely]] {
+        scanLastBlock();
+    } else {
+        scan(ByteBlock(std::span(rest).first<blockSize>()));
+    }
+}
+
+// Apart, so that a whole block stays in registers.
+[[gnu::noinline]] void SeparatorScanner::scanLastBlock() noexcept {
+    scan(ByteBlock::first(_text.substr(_nextBlock)));
+}
+
+inline void SeparatorScanner::scan(const ByteBlock& block) noexcept {
     const std::uint64_t quotes = block.equalTo('"');
     const std::uint64_t insideQuotes =
         quotes == 0 ? _insideQuotes : prefixParity(quotes) ^ _insideQuotes;

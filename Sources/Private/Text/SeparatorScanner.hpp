@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "Private/Text/ByteBlock.hpp"
+
 namespace Rellinor {
 
 /// Finds the commas and line feeds of a text that stand outside quotes, in order.
@@ -35,6 +37,8 @@ private:
     static constexpr std::size_t blockSize = 64;
 
     void scanNextBlock() noexcept;
+    void scanLastBlock() noexcept;
+    void scan(const ByteBlock& block) noexcept;
 
     std::string_view _text;
     std::size_t _nextBlock = 0;      // where the block after the current one begins

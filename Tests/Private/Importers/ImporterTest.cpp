@@ -27,9 +27,11 @@ struct RawKind {
     bool broken = false;
 };
 
-class TestImporter final : public Importer<TestImporter> {
+class TestImporter final {
 public:
     using RawRecord = RawKind;
+
+    static constexpr RecordKinds kinds{.passwords = true, .notes = true, .cards = true};
 
     std::function<std::vector<RawKind>()> readRecords;
 
@@ -77,7 +79,7 @@ Outcome import(std::function<std::vector<RawKind>()> readRecords) {
     TestImporter importer;
     importer.readRecords = std::move(readRecords);
     std::optional<Outcome> outcome;
-    importer.records(URL::fileURLWithPath("/"), [&](const RecordsResult& result) {
+    importRecords(importer, URL::fileURLWithPath("/"), [&](const RecordsResult& result) {
         EXPECT_FALSE(outcome) << "the completion was called twice";
         outcome = copyOf(result);
     });
@@ -157,9 +159,13 @@ TEST(ImporterTest, succeedsWithEmptyListsIfThereIsNoRecord) {
     EXPECT_EQ(import(std::vector<RawKind>{}), Outcome{});
 }
 
-class SilentImporter final : public Importer<SilentImporter> {
+class LoginImporter final {
 public:
     using RawRecord = int;
+
+    static constexpr RecordKinds kinds{.passwords = true};
+
+    static bool isPassword(int /*record*/) { return true; }
 
     static std::vector<int> read(const URL& /*url*/, ImportMemory& /*memory*/) { return {1}; }
 
@@ -167,33 +173,6 @@ public:
         return ImportedPassword("", "", "", std::nullopt, std::nullopt, std::nullopt, std::nullopt);
     }
 };
-
-TEST(ImporterTest, takesEveryRecordForAPasswordByDefault) {
-    SilentImporter importer;
-    EXPECT_TRUE(importer.isPassword(1));
-    EXPECT_FALSE(importer.isNote(1));
-    EXPECT_FALSE(importer.isCard(1));
-    importer.records(URL::fileURLWithPath("/"), [](const RecordsResult& result) {
-        EXPECT_EQ(copyOf(result), (Outcome{.passwords = {{}}}));
-    });
-}
-
-/// Says that its records are notes but cannot build any: a defect of the importer.
-class FaultyImporter final : public Importer<FaultyImporter> {
-public:
-    using RawRecord = int;
-
-    static std::vector<int> read(const URL& /*url*/, ImportMemory& /*memory*/) { return {1}; }
-
-    static bool isPassword(int /*record*/) { return false; }
-
-    static bool isNote(int /*record*/) { return true; }
-};
-
-TEST(ImporterTest, stopsAnImporterThatTellsAKindItCannotBuild) {
-    FaultyImporter importer;
-    EXPECT_DEATH(importer.records(URL::fileURLWithPath("/"), [](const RecordsResult&) {}), "^$");
-}
 
 // Errors
 
@@ -246,8 +225,8 @@ TEST(ImporterTest, callsTheCompletionOnTheSameThreadBeforeItReturns) {
     TestImporter importer;
     importer.readRecords = [] { return std::vector<RawKind>{{.password = true}}; };
     std::optional<std::thread::id> thread;
-    importer.records(URL::fileURLWithPath("/"),
-                     [&](const RecordsResult&) { thread = std::this_thread::get_id(); });
+    importRecords(importer, URL::fileURLWithPath("/"),
+                  [&](const RecordsResult&) { thread = std::this_thread::get_id(); });
     EXPECT_EQ(thread, std::this_thread::get_id());
 }
 
@@ -260,7 +239,7 @@ TEST(ImporterTest, letsThroughWhatTheCompletionThrowsAndDoesNotCallItAgain) {
         EXPECT_TRUE(result);
         throw std::runtime_error("the host's own");
     };
-    EXPECT_THROW(importer.records(URL::fileURLWithPath("/"), complete), std::runtime_error);
+    EXPECT_THROW(importRecords(importer, URL::fileURLWithPath("/"), complete), std::runtime_error);
     EXPECT_EQ(calls, 1);
 }
 
@@ -272,15 +251,15 @@ TEST(ImporterTest, letsThroughWhatTheCompletionThrowsAfterAFailure) {
         ++calls;
         throw result.error();
     };
-    EXPECT_THROW(importer.records(URL::fileURLWithPath("/"), complete), NSError);
+    EXPECT_THROW(importRecords(importer, URL::fileURLWithPath("/"), complete), NSError);
     EXPECT_EQ(calls, 1);
 }
 
 TEST(ImporterTest, leavesASingleRecordValidWhenAllElseIsGone) {
     std::shared_ptr<const ImportedPasswordInfoProviding> survivor;
     {
-        SilentImporter importer;
-        importer.records(URL::fileURLWithPath("/"), [&](RecordsResult result) {
+        LoginImporter importer;
+        importRecords(importer, URL::fileURLWithPath("/"), [&](RecordsResult result) {
             survivor = std::move(result->passwords.front());
         });
     }

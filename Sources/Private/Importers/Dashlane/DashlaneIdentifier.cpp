@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "Private/Text/UTF8.hpp"
+
 namespace Rellinor {
 
 namespace {
@@ -19,6 +21,14 @@ constexpr bool isIdentifier(std::string_view text) noexcept {
     });
 }
 
+/// Whether the search for identifiers reaches to the end of the first one.
+bool isInReach(std::string_view identifier, std::string_view text) noexcept {
+    // Identifiers are equally long and do not overlap, so none ends before the first.
+    const std::string_view upToItsEnd(text.begin(), identifier.end());
+    // Quirk: the search ends after as many UTF-16 units as the text has characters.
+    return numberOfUTF16Units(upToItsEnd) <= numberOfCharacters(text);
+}
+
 } // namespace
 
 std::optional<std::string_view> firstIdentifier(std::string_view text) noexcept {
@@ -29,6 +39,24 @@ std::optional<std::string_view> firstIdentifier(std::string_view text) noexcept 
         }
     }
     return std::nullopt;
+}
+
+bool DashlaneIdentifierSearch::findsInJoined(const CSVCursor& cells, std::size_t sizeOfSource) {
+    const std::string_view text = joined(cells, sizeOfSource);
+    const auto identifier = firstIdentifier(text);
+    return identifier && isInReach(*identifier, text);
+}
+
+std::string_view DashlaneIdentifierSearch::joined(CSVCursor cells, std::size_t sizeOfSource) {
+    if (_joined.size() < sizeOfSource) {
+        _joined = WipedBuffer(std::max(sizeOfSource, 2 * _joined.size()));
+    }
+    const auto begin = _joined.bytes().begin();
+    auto end = begin;
+    while (const auto cell = cells.nextCell()) {
+        end = std::ranges::copy(*cell, end).out;
+    }
+    return {begin, end};
 }
 
 } // namespace Rellinor

@@ -1,5 +1,7 @@
 #include "Private/Importers/Dashlane/DashlaneImporter.hpp"
 
+#include <cstddef>
+
 #include "Private/Extensions/String.hpp"
 #include "Private/Proxies/CSVFileProxy.hpp"
 
@@ -17,7 +19,9 @@ DashlaneRows DashlaneImporter::read(const URL& url, ImportMemory& memory) {
 
 // Quirk: an identifier may begin in one cell and end in the next.
 bool DashlaneImporter::isPassword(const RawRecord& record) {
-    return record.numberOfCells() >= DashlaneRows::fewestCells && !record.holdsIdentifier();
+    constexpr std::size_t fewestCells = 5;
+
+    return record.numberOfCells() >= fewestCells && !record.holdsIdentifier();
 }
 
 Built<ImportedPassword> DashlaneImporter::buildPassword(const RawRecord& record) noexcept {

@@ -1,22 +1,24 @@
 #pragma once
 
-#include "Private/Importers/Dashlane/DashlaneRow.hpp"
 #include "Private/Importers/Dashlane/DashlaneRows.hpp"
 #include "Private/Importers/Importer.hpp"
 
 namespace Rellinor {
 
 /// Imports the CSV export of Dashlane, which is read by position. Has no state.
-class DashlaneImporter final : public Importer<DashlaneImporter> {
+class DashlaneImporter final {
 public:
     using RawRecord = DashlaneRow;
 
-    /// The rows of more than four cells.
+    static constexpr RecordKinds kinds{.passwords = true};
+
+    /// All rows of the file.
     ///
     /// @throws TextError  the file cannot be read or is not UTF-8
     [[nodiscard]] static DashlaneRows read(const URL& url, ImportMemory& memory);
 
-    /// A row is a login unless an identifier in braces stands anywhere in it.
+    /// A row of more than four cells is a login unless an identifier in braces stands anywhere in
+    /// it.
     ///
     /// @throws std::bad_alloc
     [[nodiscard]] static bool isPassword(const RawRecord& record);

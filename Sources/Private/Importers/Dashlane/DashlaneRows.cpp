@@ -1,14 +1,24 @@
 #include "Private/Importers/Dashlane/DashlaneRows.hpp"
 
+#include <utility>
+
 namespace Rellinor {
 
-void DashlaneRows::readRow() noexcept {
-    do {
-        _row.reset();
-        if (_rows.nextRow()) {
-            _row.emplace(_rows, _search);
+DashlaneRow::DashlaneRow(CSVCursor& rows, DashlaneIdentifierSearch& search) noexcept
+    : _cells(rows), _search(&search) {
+    std::string_view last;
+    while (const auto cell = rows.nextCell()) {
+        if (_numberOfCells < _firstCells.size()) {
+            _firstCells[_numberOfCells] = *cell;
         }
-    } while (_row && _row->numberOfCells() < fewestCells);
+        _lastButOneCell = std::exchange(last, *cell);
+        ++_numberOfCells;
+    }
+    _lastCell = last;
+}
+
+bool DashlaneRow::holdsIdentifier() const {
+    return _search->finds(_cells, {_firstCells[0].begin(), _lastCell.end()});
 }
 
 } // namespace Rellinor

@@ -1,17 +1,53 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <iterator>
 #include <optional>
+#include <string_view>
 
-#include "Private/Importers/Dashlane/DashlaneIdentifierSearch.hpp"
-#include "Private/Importers/Dashlane/DashlaneRow.hpp"
+#include "Private/Importers/Dashlane/DashlaneIdentifier.hpp"
 #include "Private/Proxies/CSVCursor.hpp"
 
 namespace Rellinor {
 
-/// The rows of a Dashlane export that are long enough, made one by one while they are walked: a
-/// single pass, and each row lasts until the next. Its cells last as long as the text.
+/// One row of a Dashlane export as a list of cells, without storing them: those that are read stand
+/// at its two ends.
+class DashlaneRow {
+public:
+    /// Walks the row that `rows` has just come to, up to its end.
+    ///
+    /// @param search  outlives the row
+    DashlaneRow(CSVCursor& rows, DashlaneIdentifierSearch& search) noexcept;
+
+    [[nodiscard]] std::size_t numberOfCells() const noexcept { return _numberOfCells; }
+
+    // Each is empty if the row has no such cell.
+
+    [[nodiscard]] std::string_view firstCell() const noexcept { return _firstCells[0]; }
+
+    [[nodiscard]] std::string_view secondCell() const noexcept { return _firstCells[1]; }
+
+    [[nodiscard]] std::string_view thirdCell() const noexcept { return _firstCells[2]; }
+
+    [[nodiscard]] std::string_view lastButOneCell() const noexcept { return _lastButOneCell; }
+
+    /// Whether its cells, joined without anything between them, hold an identifier in braces.
+    ///
+    /// @throws std::bad_alloc
+    [[nodiscard]] bool holdsIdentifier() const;
+
+private:
+    CSVCursor _cells; // before the first of them
+    DashlaneIdentifierSearch* _search;
+    std::size_t _numberOfCells = 0;
+    std::array<std::string_view, 3> _firstCells;
+    std::string_view _lastButOneCell;
+    std::string_view _lastCell;
+};
+
+/// The rows of a Dashlane export, made one by one while they are walked: a single pass. A row lasts
+/// until the next one is made, its cells as long as the text.
 class DashlaneRows {
 public:
     /// @param rows  stands before the first row
@@ -49,12 +85,14 @@ public:
 
     [[nodiscard]] static std::default_sentinel_t end() noexcept { return {}; }
 
-    /// A login has at least so many cells.
-    static constexpr std::size_t fewestCells = 5;
-
 private:
-    /// Goes to the next row that is long enough; there is no row behind the last.
-    void readRow() noexcept;
+    /// Goes to the next row; there is none behind the last.
+    void readRow() noexcept {
+        _row.reset();
+        if (_rows.nextRow()) {
+            _row.emplace(_rows, _search);
+        }
+    }
 
     CSVCursor _rows;
     DashlaneIdentifierSearch _search;

@@ -21,14 +21,19 @@ enum class FirefoxImportFailureReason : std::uint8_t {
 /// Imports the logins of a Firefox profile folder, from "logins.json" or, only if there is none,
 /// from "signons.sqlite". User names and passwords stay encrypted. Remembers what the last read
 /// found and whether one has failed.
-class FirefoxImporter final : public Importer<FirefoxImporter> {
+class FirefoxImporter final {
 public:
     using RawRecord = FirefoxRecord;
+
+    static constexpr RecordKinds kinds{.passwords = true};
 
     /// The logins in the store's order; none if the store cannot be read or is something else.
     ///
     /// @throws TextError  the folder has neither store
     [[nodiscard]] std::vector<RawRecord> read(const URL& url, ImportMemory& memory);
+
+    /// Every record is a login.
+    [[nodiscard]] static bool isPassword(const RawRecord& /*record*/) noexcept { return true; }
 
     /// A login, for a record with all of its keys; another is a fault of the program.
     [[nodiscard]] static Built<ImportedPassword> buildPassword(const RawRecord& record) noexcept;

@@ -12,9 +12,11 @@ namespace Rellinor {
 
 /// Imports the CSV exports of KeePass and KeePassXC, which it tells apart by their number of
 /// columns. Remembers the fork that it recognised last.
-class KeePassImporter final : public Importer<KeePassImporter> {
+class KeePassImporter final {
 public:
     using RawRecord = CSVRecord;
+
+    static constexpr RecordKinds kinds{.passwords = true};
 
     /// @throws TextError  the file cannot be read, is not UTF-8, or its first row has neither five
     ///                    nor six cells

@@ -7,9 +7,11 @@
 namespace Rellinor {
 
 /// Imports the CSV export of LastPass: logins and secure notes. Has no state.
-class LastPassImporter final : public Importer<LastPassImporter> {
+class LastPassImporter final {
 public:
     using RawRecord = CSVRecord;
+
+    static constexpr RecordKinds kinds{.passwords = true, .notes = true};
 
     /// @throws TextError  the file cannot be read, is not UTF-8, or its first row does not have
     ///                    exactly seven cells

@@ -7,9 +7,11 @@ namespace Rellinor {
 
 /// Imports the 1PIF export of 1Password: the logins of web forms, and secure notes. Records of any
 /// other type are left out. Has no state.
-class OnePasswordImporter final : public Importer<OnePasswordImporter> {
+class OnePasswordImporter final {
 public:
     using RawRecord = JSONObject;
+
+    static constexpr RecordKinds kinds{.passwords = true, .notes = true};
 
     /// @throws PIFParsingError  the file cannot be read or a record is not JSON
     /// @throws JSONError        strange lines made something else of the records

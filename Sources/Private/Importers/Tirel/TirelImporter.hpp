@@ -6,9 +6,11 @@
 namespace Rellinor {
 
 /// Imports the JSON export of Tirel: logins, secure notes and payment cards. Has no state.
-class TirelImporter final : public Importer<TirelImporter> {
+class TirelImporter final {
 public:
     using RawRecord = TirelRecord;
+
+    static constexpr RecordKinds kinds{.passwords = true, .notes = true, .cards = true};
 
     /// @throws TextError  the file cannot be read, is not JSON, or is not of the export's shape
     [[nodiscard]] static TirelExportFile read(const URL& url, ImportMemory& memory);

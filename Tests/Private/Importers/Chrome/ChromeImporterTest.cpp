@@ -248,9 +248,7 @@ TEST(ChromeImporterTest, saysWhyARecordIsDropped) {
 TEST(ChromeImporterTest, takesEveryRecordForAPassword) {
     ImportMemory memory;
     const SQLiteRow record({}, {}, memory);
-    EXPECT_TRUE(ChromeImporter().isPassword(record));
-    EXPECT_FALSE(ChromeImporter().isNote(record));
-    EXPECT_FALSE(ChromeImporter().isCard(record));
+    EXPECT_TRUE(ChromeImporter::isPassword(record));
 }
 
 TEST(ChromeRecordTest, namesTheColumns) {

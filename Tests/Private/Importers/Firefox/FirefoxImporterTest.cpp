@@ -300,8 +300,6 @@ TEST_F(FirefoxImporterTest, doesNotTakeAnUnusableStoreForAFailure) {
 TEST_F(FirefoxImporterTest, takesEveryRecordForAPassword) {
     FirefoxImporter importer;
     EXPECT_TRUE(importer.isPassword(FirefoxRecord()));
-    EXPECT_FALSE(importer.isNote(FirefoxRecord()));
-    EXPECT_FALSE(importer.isCard(FirefoxRecord()));
 }
 
 TEST_F(FirefoxImporterTest, stopsForARecordThatLacksAKey) {

@@ -400,8 +400,6 @@ TEST(KeePassImporterTest, skipsEveryRecordUntilAForkIsRecognised) {
     const KeePassImporter importer;
     const Record record = {{Key::site, "s"}, {Key::login, "l"}, {Key::password, "p"}};
     EXPECT_FALSE(importer.isPassword(record));
-    EXPECT_FALSE(importer.isNote(record));
-    EXPECT_FALSE(importer.isCard(record));
     EXPECT_TRUE(importerOf(KeePassFork::keepass).isPassword(record));
     EXPECT_TRUE(importerOf(KeePassFork::keepassXC).isPassword(Record{}));
 }

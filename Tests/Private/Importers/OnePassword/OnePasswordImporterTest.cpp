@@ -457,11 +457,6 @@ TEST_F(OnePasswordImporterRecordTest, tellsAKindByItsType) {
     }
 }
 
-TEST_F(OnePasswordImporterRecordTest, takesNoRecordForACard) {
-    OnePasswordImporter importer;
-    EXPECT_FALSE(importer.isCard(record(R"({"typeName":"wallet.financial.CreditCard"})")));
-}
-
 TEST_F(OnePasswordImporterRecordTest, saysWhyARecordIsDropped) {
     constexpr std::string_view message = "Record did not contain expected fields";
     EXPECT_EQ(OnePasswordImporter::buildPassword(record("{}")).error(), message);
