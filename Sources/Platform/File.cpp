@@ -52,6 +52,23 @@ int openForReading(const std::string& path) noexcept {
     });
 }
 
+FileError errorOfOpening(int error) noexcept {
+    switch (error) {
+    case ENOENT:
+    case ENOTDIR:
+    case ENAMETOOLONG:
+    case ELOOP:
+        return FileError::missing;
+    case EACCES:
+    case EPERM:
+        return FileError::noPermission;
+    case ENXIO: // a socket
+        return FileError::notAFile;
+    default:
+        return FileError::unreadable;
+    }
+}
+
 /// Reads up to `target.size()` bytes; 0 at the end of the file, negative on failure.
 ssize_t readSome(const FileDescriptor& file, std::span<char> target) noexcept {
     return uninterrupted(
@@ -74,14 +91,25 @@ std::span<char> roomBehind(FileContents& contents, const FileMargins& margins) {
 
 } // namespace
 
-std::optional<FileContents> readFile(std::string_view path, FileMargins margins) {
+std::expected<FileContents, FileError> readFile(std::string_view path, FileMargins margins,
+                                                std::uint64_t mostBytes) {
     if (path.contains('\0')) {
-        return std::nullopt; // cut at its NUL, the path would name another file
+        return std::unexpected(
+            FileError::missing); // cut at its NUL, the path would name another file
     }
     const FileDescriptor file(openForReading(std::string(path)));
+    if (!file.isOpen()) {
+        return std::unexpected(errorOfOpening(errno));
+    }
     struct stat status{};
-    if (!file.isOpen() || ::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode)) {
-        return std::nullopt;
+    if (::fstat(file.get(), &status) != 0) {
+        return std::unexpected(FileError::unreadable);
+    }
+    if (!S_ISREG(status.st_mode)) {
+        return std::unexpected(FileError::notAFile);
+    }
+    if (static_cast<std::uint64_t>(status.st_size) > mostBytes) {
+        return std::unexpected(FileError::tooLarge);
     }
 
     // One byte more than the file holds, so that its end shows without growing the buffer.
@@ -94,12 +122,15 @@ std::optional<FileContents> readFile(std::string_view path, FileMargins margins)
         }
         const ssize_t count = readSome(file, roomBehind(contents, margins));
         if (count < 0) {
-            return std::nullopt;
+            return std::unexpected(FileError::unreadable);
         }
         if (count == 0) {
             return contents;
         }
         contents.size += static_cast<std::size_t>(count);
+        if (contents.size > mostBytes) {
+            return std::unexpected(FileError::tooLarge);
+        }
     }
 }
 

@@ -2,6 +2,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <expected>
+#include <limits>
 #include <optional>
 #include <span>
 #include <string>
@@ -26,14 +28,22 @@ struct FileContents {
     [[nodiscard]] std::span<char> bytes() noexcept { return buffer.bytes().subspan(begin, size); }
 };
 
-/// Reads the whole regular file at `path`, following links.
-///
-/// Absent if there is none, or it is a folder, device, pipe or socket, or it may not or cannot be
-/// read to its end. Never waits for a writer. The file may change its size meanwhile; what is read
-/// up to its end then counts.
+/// Why a file cannot be read.
+enum class FileError : std::uint8_t {
+    missing,
+    noPermission,
+    notAFile, ///< a folder, device, pipe or socket
+    unreadable,
+    tooLarge, ///< more bytes than the caller takes
+};
+
+/// Reads the whole regular file at `path`, following links. Never waits for a writer. The file may
+/// change its size meanwhile; what is read up to its end then counts.
 ///
 /// @throws std::bad_alloc
-[[nodiscard]] std::optional<FileContents> readFile(std::string_view path, FileMargins margins = {});
+[[nodiscard]] std::expected<FileContents, FileError>
+readFile(std::string_view path, FileMargins margins = {},
+         std::uint64_t mostBytes = std::numeric_limits<std::uint64_t>::max());
 
 /// The size of the regular file at `path`, 0 if nothing is there. Absent if something else is, such
 /// as a link.

@@ -11,6 +11,13 @@
 /// that nobody changes.
 #pragma once
 
+#include <Rellinor/Detection.hpp>
+#include <Rellinor/ExportFile.hpp>
+#include <Rellinor/ExportReader.hpp>
+#include <Rellinor/Extras.hpp>
+#include <Rellinor/FailureReason.hpp>
+#include <Rellinor/ImportReport.hpp>
+#include <Rellinor/Layout.hpp>
 #include <Rellinor/Models/ImportSource.hpp>
 #include <Rellinor/Models/ImportedCardInfoProviding.hpp>
 #include <Rellinor/Models/ImportedNoteInfoProviding.hpp>

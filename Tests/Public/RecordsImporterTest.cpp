@@ -105,12 +105,11 @@ TEST(ImporterSlotsTest, areEmptyAtFirst) {
 
 TEST(ImporterSlotsTest, keepTheImporterEvenIfItFailsToRead) {
     ImporterSlots slots;
-    slots.records(URL::fileURLWithPath("/missing"), ImportSource::lastPass,
-                  [](const RecordsResult& result) { EXPECT_FALSE(result); });
+    const URL missing = URL::fileURLWithPath("/missing");
+    EXPECT_FALSE(slots.read(missing, ImportSource::lastPass, nullptr).records);
     ASSERT_TRUE(slots.lastPassImporter);
     const LastPassImporter* const importer = &*slots.lastPassImporter;
-    slots.records(URL::fileURLWithPath("/missing"), ImportSource::lastPass,
-                  [](const RecordsResult&) {});
+    EXPECT_FALSE(slots.read(missing, ImportSource::lastPass, nullptr).records);
     EXPECT_EQ(&*slots.lastPassImporter, importer);
 }
 
@@ -118,11 +117,9 @@ TEST(ImporterSlotsTest, keepTheImporterOfFirefoxWithItsState) {
     const TemporaryFolder folder;
     const URL profile = URL::fileURLWithPath(folder.path().native());
     ImporterSlots slots;
-    slots.records(profile, ImportSource::firefox,
-                  [](const RecordsResult& result) { EXPECT_FALSE(result); });
+    EXPECT_FALSE(slots.read(profile, ImportSource::firefox, nullptr).records);
     (void)folder.file("logins.json", "{}");
-    slots.records(profile, ImportSource::firefox,
-                  [](const RecordsResult& result) { EXPECT_TRUE(result); });
+    EXPECT_TRUE(slots.read(profile, ImportSource::firefox, nullptr).records);
     ASSERT_TRUE(slots.firefoxImporter);
     EXPECT_EQ(slots.firefoxImporter->failureReason(), FirefoxImportFailureReason::invalidProfile);
     EXPECT_TRUE(slots.firefoxImporter->meta()->logins);

@@ -31,4 +31,16 @@ NSError thrownError() noexcept {
     }
 }
 
+ReadFailure thrownFailure() noexcept {
+    try {
+        throw;
+    } catch (const LibraryError& error) {
+        return error.failure();
+    } catch (const std::bad_alloc&) {
+        return {.reason = FailureReason::outOfMemory, .position = {}};
+    } catch (...) {
+        return {.reason = FailureReason::other, .position = {}};
+    }
+}
+
 } // namespace Rellinor

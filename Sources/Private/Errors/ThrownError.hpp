@@ -6,6 +6,8 @@
 
 #include <Rellinor/NSError.hpp>
 
+#include "Private/Errors/ReadFailure.hpp"
+
 namespace Rellinor {
 
 /// An error type of the library's own, other than a plain text: it says how the host will see it.
@@ -16,6 +18,9 @@ public:
 
     /// The ordinal of the case for an enumeration, 1 for a structure.
     [[nodiscard]] virtual std::int64_t code() const noexcept = 0;
+
+    /// Why there is nothing, for a report.
+    [[nodiscard]] virtual ReadFailure failure() const noexcept = 0;
 };
 
 /// Errors that no part of the library throws by itself, in the order of their codes.
@@ -29,5 +34,9 @@ enum class UnexpectedError : std::uint8_t {
 /// An `NSError` passes as it is, a plain text loses its words, and anything the library does not
 /// know becomes an `UnexpectedError`. Does not allocate, so that it can tell of lack of memory.
 [[nodiscard]] NSError thrownError() noexcept;
+
+/// What is being thrown, for a report; to be called while handling an exception. A plain text tells
+/// nothing.
+[[nodiscard]] ReadFailure thrownFailure() noexcept;
 
 } // namespace Rellinor

@@ -2,27 +2,38 @@
 
 #include <concepts>
 #include <cstddef>
+#include <cstdint>
 #include <expected>
 #include <memory>
-#include <ranges>
 #include <string_view>
-#include <utility>
+#include <type_traits>
 
+#include <Rellinor/ExportFile.hpp>
 #include <Rellinor/RecordsImporting.hpp>
 #include <Rellinor/URL.hpp>
 
 #include "Platform/WipedStack.hpp"
 #include "Private/Errors/ThrownError.hpp"
+#include "Private/Importers/ExtrasList.hpp"
 #include "Private/Importers/RecordsBlock.hpp"
 #include "Private/Memory/ImportMemory.hpp"
+#include "Private/Reports/Reporter.hpp"
 
 namespace Rellinor {
+
+/// Why a raw record is left out.
+struct Dropped {
+    LeftOutReason reason = LeftOutReason::missingField;
+    std::string_view field; ///< which one; a literal, or empty
+
+    friend bool operator==(const Dropped&, const Dropped&) noexcept = default;
+};
 
 /// What a builder makes of one raw record: the record, or why there is none. A failure leaves out
 /// that raw record alone. A failure is returned, not thrown: throwing takes five times as long as
 /// building, and a file may hold millions of bad rows.
 template <typename Record>
-using Built = std::expected<Record, std::string_view>;
+using Built = std::expected<Record, Dropped>;
 
 /// The kinds of record that a source has.
 struct RecordKinds {
@@ -33,14 +44,13 @@ struct RecordKinds {
 
 template <typename Source>
 concept ReadsRawRecords =
-    requires(Source& source, const URL& url, ImportMemory& memory) {
+    requires(Source& source, const ExportFile& file, ImportMemory& memory, Reporter* reporter) {
         typename Source::RawRecord;
         { Source::kinds } -> std::convertible_to<RecordKinds>;
-        { source.read(url, memory) } -> std::ranges::range;
-    } &&
-    std::convertible_to<std::ranges::range_reference_t<decltype(std::declval<Source&>().read(
-                            std::declval<const URL&>(), std::declval<ImportMemory&>()))>,
-                        const typename Source::RawRecord&>;
+        {
+            *source.read(file, memory, reporter).begin()
+        } -> std::convertible_to<const typename Source::RawRecord&>;
+    };
 
 template <typename Source>
 concept TellsPasswords = requires(Source& source, const typename Source::RawRecord& record) {
@@ -72,15 +82,39 @@ concept BuildsCards = requires(Source& source, const typename Source::RawRecord&
     { source.buildCard(record) } -> std::same_as<Built<ImportedCard>>;
 };
 
+template <typename Source>
+concept SaysWhatElse = requires(Source& source, const typename Source::RawRecord& record,
+                                ExtrasList& extras) { source.addExtras(record, extras); };
+
+template <typename Source>
+concept SaysWhatIsUnread = requires(Source& source, const typename Source::RawRecord& record,
+                                    Reporter& reporter) { source.tellUnread(record, reporter); };
+
+template <typename Source>
+concept SaysWhyNoKind = requires(Source& source, const typename Source::RawRecord& record) {
+    { source.whyNoKind(record) } -> std::same_as<Dropped>;
+};
+
+template <typename RawRecords>
+concept HasPositions = requires(const RawRecords& records) {
+    { records.position() } -> std::same_as<std::size_t>;
+};
+
 /// An importer of one product. It has
 ///
 /// - `RawRecord`, the type of its raw records;
-/// - `read(url, memory)`, which returns a range of raw records in the file's order, or throws;
-///   `memory` owns what they point at, and outlives the records that are built from them;
+/// - `read(file, memory, reporter)`, which returns a range of raw records in the file's order, or
+///   throws; `memory` owns what they point at, and outlives the records that are built from them;
+///   `reporter` may be null. If places are not the numbers of the raw records, the range has a
+///   `position()` of the raw record that was read last, and `read` tells the reporter what
+///   positions are;
 /// - `kinds`, the kinds of record that the source has;
 /// - for each of these kinds a predicate (`isPassword(record)`, …) and a builder
 ///   (`buildPassword(record)`, …), and for no other kind, so that a name which is misspelt does not
-///   compile.
+///   compile;
+/// - if it likes `addExtras(record, extras)`, which adds what a record holds besides its fields,
+///   `tellUnread(record, reporter)`, which tells what of a record never arrives, and
+///   `whyNoKind(record)`, which says why a raw record is none of the kinds.
 template <typename Source>
 concept Importer =
     ReadsRawRecords<Source> && TellsPasswords<Source> == Source::kinds.passwords &&
@@ -88,59 +122,120 @@ concept Importer =
     TellsNotes<Source> == Source::kinds.notes && BuildsNotes<Source> == Source::kinds.notes &&
     TellsCards<Source> == Source::kinds.cards && BuildsCards<Source> == Source::kinds.cards;
 
-/// Appends what was built; a failure appends nothing.
-template <typename Record>
-void keep(const Built<Record>& built, ChunkedList<Record>& list) {
-    if (built) {
-        list.append(*built);
-    }
-}
-
-/// Builds a raw record as the first kind that it is.
+/// Reads one file with one importer, record by record.
 template <Importer Source>
-void build(Source& source, const typename Source::RawRecord& record, RecordsBlock& block) {
-    if constexpr (Source::kinds.passwords) {
-        if (source.isPassword(record)) {
-            keep(source.buildPassword(record), block.passwords);
-            return;
-        }
-    }
-    if constexpr (Source::kinds.notes) {
-        if (source.isNote(record)) {
-            keep(source.buildNote(record), block.notes);
-            return;
-        }
-    }
-    if constexpr (Source::kinds.cards) {
-        if (source.isCard(record)) {
-            keep(source.buildCard(record), block.cards);
-        }
-    }
-}
+class Assembly {
+public:
+    /// @param reporter  may be null
+    Assembly(Source& source, RecordsBlock& block, Reporter* reporter) noexcept
+        : _source(source), _block(block), _reporter(reporter) {}
 
-/// What the file or folder at `url` holds.
+    void read(const ExportFile& file) {
+        auto&& records = _source.read(file, _block.memory, _reporter);
+        std::uint64_t number = 0;
+        for (const RawRecord& record : records) {
+            if (_reporter != nullptr) [[unlikely]] {
+                ++number;
+                if constexpr (HasPositions<std::remove_cvref_t<decltype(records)>>) {
+                    _reporter->beginRecord(records.position());
+                } else {
+                    _reporter->beginRecord(number);
+                }
+            }
+            build(record);
+        }
+    }
+
+private:
+    using RawRecord = typename Source::RawRecord;
+
+    /// Builds a raw record as the first kind that it is.
+    void build(const RawRecord& record) {
+        if constexpr (Source::kinds.passwords) {
+            if (_source.isPassword(record)) {
+                keep(_source.buildPassword(record), _block.passwords, record);
+                return;
+            }
+        }
+        if constexpr (Source::kinds.notes) {
+            if (_source.isNote(record)) {
+                keep(_source.buildNote(record), _block.notes, record);
+                return;
+            }
+        }
+        if constexpr (Source::kinds.cards) {
+            if (_source.isCard(record)) {
+                keep(_source.buildCard(record), _block.cards, record);
+                return;
+            }
+        }
+        if (_reporter != nullptr) [[unlikely]] {
+            leaveOut(whyNoKind(record));
+        }
+    }
+
+    template <typename Record>
+    void keep(const Built<Record>& built, RecordsBlock::List<Record>& list,
+              [[maybe_unused]] const RawRecord& record) {
+        if (!built) {
+            if (_reporter != nullptr) [[unlikely]] {
+                leaveOut(built.error());
+            }
+            return;
+        }
+        list.records.append(*built);
+        if constexpr (SaysWhatIsUnread<Source>) {
+            if (_reporter != nullptr) [[unlikely]] {
+                _source.tellUnread(record, *_reporter);
+            }
+        }
+        if constexpr (SaysWhatElse<Source>) {
+            _source.addExtras(record, _extras);
+            list.extras.append(_extras.keepIn(_block.extras));
+        }
+    }
+
+    Dropped whyNoKind([[maybe_unused]] const RawRecord& record) {
+        if constexpr (SaysWhyNoKind<Source>) {
+            return _source.whyNoKind(record);
+        } else {
+            return {.reason = LeftOutReason::otherKind, .field = {}};
+        }
+    }
+
+    void leaveOut(const Dropped& dropped) { _reporter->leftOut(dropped.reason, dropped.field); }
+
+    Source& _source;
+    RecordsBlock& _block;
+    Reporter* _reporter;
+    [[no_unique_address]] std::conditional_t<SaysWhatElse<Source>, ExtrasList, NoExtras> _extras;
+};
+
+/// What the file or folder holds. What goes wrong is told to the reporter, which may be null.
 // Kept out of line: what the import had on the stack lies beyond the end of the caller's frame.
 template <Importer Source>
-[[gnu::noinline]] RecordsResult assembledRecords(Source& source, const URL& url) noexcept {
+[[gnu::noinline]] Assembled assembled(Source& source, const ExportFile& file,
+                                      Reporter* reporter) noexcept {
     try {
         const auto block = std::make_shared<RecordsBlock>();
-        for (const typename Source::RawRecord& record : source.read(url, block->memory)) {
-            build(source, record, *block);
-        }
-        return RecordsBlock::deliver(block);
+        Assembly<Source>(source, *block, reporter).read(file);
+        return RecordsBlock::deliver(block, SaysWhatElse<Source>);
     } catch (...) {
-        return std::unexpected(thrownError());
+        if (reporter != nullptr) {
+            reporter->fail(thrownFailure());
+        }
+        return {.records = std::unexpected(thrownError()), .extras = {}};
     }
 }
 
-/// Imports the file or folder at `url` and calls `onComplete` once, before it returns.
+/// Reads a file and leaves nothing of it on the stack.
 template <Importer Source>
-void importRecords(Source& source, const URL& url, const RecordsCompletion& onComplete) {
+Assembled readWith(Source& source, const ExportFile& file, Reporter* reporter) {
     constexpr std::size_t stackOfImport = std::size_t{16} * 1024; // more than an import takes
 
-    RecordsResult result = assembledRecords(source, url);
+    Assembled result = assembled(source, file, reporter);
     wipeStack(stackOfImport);
-    onComplete(std::move(result)); // outside every try: what the host throws is the host's
+    return result;
 }
 
 } // namespace Rellinor

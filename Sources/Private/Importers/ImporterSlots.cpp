@@ -14,32 +14,24 @@ SourceImporter& filled(std::optional<SourceImporter>& slot) {
 
 } // namespace
 
-void ImporterSlots::records(const URL& url, ImportSource source,
-                            const RecordsCompletion& onComplete) {
+Assembled ImporterSlots::read(const ExportFile& file, ImportSource source, Reporter* reporter) {
     switch (source) {
         using enum ImportSource;
     case chrome:
-        importRecords(filled(chromeImporter), url, onComplete);
-        return;
+        return readWith(filled(chromeImporter), file, reporter);
     case lastPass:
-        importRecords(filled(lastPassImporter), url, onComplete);
-        return;
+        return readWith(filled(lastPassImporter), file, reporter);
     case dashlane:
-        importRecords(filled(dashlaneImporter), url, onComplete);
-        return;
+        return readWith(filled(dashlaneImporter), file, reporter);
     case onePassword:
-        importRecords(filled(onePasswordImporter), url, onComplete);
-        return;
+        return readWith(filled(onePasswordImporter), file, reporter);
     case tirel:
-        importRecords(filled(tirelImporter), url, onComplete);
-        return;
+        return readWith(filled(tirelImporter), file, reporter);
     case keePass:
     case keePassXC:
-        importRecords(filled(keePassImporter), url, onComplete);
-        return;
+        return readWith(filled(keePassImporter), file, reporter);
     case firefox:
-        importRecords(filled(firefoxImporter), url, onComplete);
-        return;
+        return readWith(filled(firefoxImporter), file, reporter);
     }
     fault();
 }

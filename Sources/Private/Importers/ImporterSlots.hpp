@@ -2,7 +2,8 @@
 
 #include <optional>
 
-#include <Rellinor/RecordsImporting.hpp>
+#include <Rellinor/ExportFile.hpp>
+#include <Rellinor/Models/ImportSource.hpp>
 
 #include "Private/Importers/Chrome/ChromeImporter.hpp"
 #include "Private/Importers/Dashlane/DashlaneImporter.hpp"
@@ -10,6 +11,7 @@
 #include "Private/Importers/KeePass/KeePassImporter.hpp"
 #include "Private/Importers/LastPass/LastPassImporter.hpp"
 #include "Private/Importers/OnePassword/OnePasswordImporter.hpp"
+#include "Private/Importers/RecordsBlock.hpp"
 #include "Private/Importers/Tirel/TirelImporter.hpp"
 
 namespace Rellinor {
@@ -25,8 +27,10 @@ struct ImporterSlots {
     std::optional<KeePassImporter> keePassImporter; ///< for both of its forks
     std::optional<FirefoxImporter> firefoxImporter;
 
-    /// Imports with the importer of `source`.
-    void records(const URL& url, ImportSource source, const RecordsCompletion& onComplete);
+    /// Reads with the importer of `source`; a value that is no case is a fault of the program.
+    ///
+    /// @param reporter  may be null
+    [[nodiscard]] Assembled read(const ExportFile& file, ImportSource source, Reporter* reporter);
 };
 
 } // namespace Rellinor

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <memory>
+#include <span>
 
-#include <Rellinor/Models/ImportedRecords.hpp>
+#include <Rellinor/Extras.hpp>
+#include <Rellinor/RecordsImporting.hpp>
 
 #include "Private/Memory/ChunkedList.hpp"
 #include "Private/Memory/ImportMemory.hpp"
@@ -12,18 +14,34 @@
 
 namespace Rellinor {
 
+/// What an import gives: the records or an error, and what the records hold besides their fields.
+struct Assembled {
+    RecordsResult records;
+    Extras extras;
+};
+
 /// Everything that one import delivers: the records, and the texts that they point into. Every
 /// delivered record shares the ownership of the whole block.
 struct RecordsBlock {
+    /// The records of one kind; if the source has extras, the extras of each of them.
+    template <typename Record>
+    struct List {
+        ChunkedList<Record> records;
+        ChunkedList<std::span<const Extra>> extras;
+    };
+
     ImportMemory memory;
-    ChunkedList<ImportedPassword> passwords;
-    ChunkedList<ImportedNote> notes;
-    ChunkedList<ImportedCard> cards;
+    List<ImportedPassword> passwords;
+    List<ImportedNote> notes;
+    List<ImportedCard> cards;
+    ChunkedList<Extra> extras;
 
     /// The records of `block` as the host sees them, in the order in which they were appended.
     ///
+    /// @param hasExtras  whether the source has any
     /// @throws std::bad_alloc
-    [[nodiscard]] static ImportedRecords deliver(const std::shared_ptr<const RecordsBlock>& block);
+    [[nodiscard]] static Assembled deliver(const std::shared_ptr<const RecordsBlock>& block,
+                                           bool hasExtras);
 };
 
 } // namespace Rellinor

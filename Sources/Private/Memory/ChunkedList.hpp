@@ -37,8 +37,10 @@ public:
     /// one has too little room.
     ///
     /// @throws std::bad_alloc  the list is then as it was
-    void append(std::span<const Element> elements) {
-        _next = std::uninitialized_copy(elements.begin(), elements.end(), begin(elements.size()));
+    std::span<const Element> append(std::span<const Element> elements) {
+        Element* const first = begin(elements.size());
+        _next = std::uninitialized_copy(elements.begin(), elements.end(), first);
+        return {first, elements.size()};
     }
 
     /// So many elements behind each other, uninitialised, for the caller to fill.

@@ -14,6 +14,7 @@ bool CSVCursor::nextRow() noexcept {
         // A line with a comma is not blank, so only a row of a single cell can be.
         if (!isLastOfRow() || !isBlank(_text.substr(_cellBegin, _cellEnd - _cellBegin))) {
             _inRow = true;
+            _rowBegin = _cellBegin;
             break;
         }
     }

@@ -42,6 +42,9 @@ public:
         return unquoted(cell);
     }
 
+    /// Where the current row begins in the text.
+    [[nodiscard]] std::size_t rowBegin() const noexcept { return _rowBegin; }
+
 private:
     /// Goes on to the cell behind the current one's separator.
     void findCell() noexcept {
@@ -71,7 +74,8 @@ private:
     SeparatorScanner _separators;
     std::size_t _cellBegin = 0;
     std::size_t _cellEnd = beforeTheText; // its separator, or the end of the text
-    bool _inRow = false;                  // whether the cell is still to be handed out
+    std::size_t _rowBegin = 0;
+    bool _inRow = false; // whether the cell is still to be handed out
 };
 
 } // namespace Rellinor

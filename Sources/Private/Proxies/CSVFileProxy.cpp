@@ -4,7 +4,6 @@
 #include <utility>
 #include <vector>
 
-#include "Platform/File.hpp"
 #include "Private/Extensions/String.hpp"
 #include "Private/Text/UTF8.hpp"
 
@@ -39,6 +38,10 @@ std::span<char> withLineFeedsOnly(std::span<char> text) noexcept {
     return text.first(kept);
 }
 
+std::string locationOf(const ExportFile& file) {
+    return file.url() ? file.url()->absoluteString() : std::string(file.name());
+}
+
 } // namespace
 
 std::string_view CSVFileProxy::parseFileData(std::span<char> text) noexcept {
@@ -49,8 +52,15 @@ std::string_view CSVFileProxy::parseFileData(std::span<char> text) noexcept {
 
 std::optional<std::span<char>> CSVFileProxy::fileData() {
     if (!_fileData) {
-        if (auto contents = readFile(_fileURL.path())) {
-            _fileData = decodedText(_memory.adopt(*std::move(contents)));
+        auto contents = contentsOf(_file, {}, _mostBytes);
+        if (!contents) {
+            _failure = contents.error();
+            return std::nullopt;
+        }
+        const std::span<char> bytes = _memory.adopt(*std::move(contents));
+        _fileData = decodedText(bytes);
+        if (!_fileData) {
+            _failure = reasonForNoUTF8({bytes.data(), bytes.size()});
         }
     }
     return _fileData;
@@ -79,7 +89,7 @@ CSVKeyedRecords CSVFileProxy::keyedRecords(std::span<const CSVHeader> expectedHe
     const std::optional<CSVCursor> allRows = records();
     auto rows = allRows;
     if (!rows || !rows->nextRow()) {
-        throw TextError("Could not read the csv at: " + _fileURL.absoluteString());
+        throw TextError("Could not read the csv at: " + locationOf(_file));
     }
 
     std::vector<std::optional<std::size_t>> positions(expectedHeaders.size());

@@ -49,6 +49,9 @@ public:
 
     [[nodiscard]] static std::default_sentinel_t end() noexcept { return {}; }
 
+    /// Where the record that was read last begins in the text.
+    [[nodiscard]] std::size_t position() const noexcept { return _rows.rowBegin(); }
+
 private:
     [[nodiscard]] bool readRow() noexcept;
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "Platform/Fault.hpp"
+#include "Private/Proxies/ExportContents.hpp"
 #include "Private/Text/JSONParser.hpp"
 
 namespace Rellinor {
@@ -66,6 +67,24 @@ public:
     [[nodiscard]] JSONNodes take() && noexcept { return std::move(_nodes); }
 
     [[nodiscard]] const JSONNode& root() const noexcept { return *_root; }
+
+    /// Which element of the list that is the first member is not complete, from 1 on; 0 if there is
+    /// no such list.
+    [[nodiscard]] std::size_t elementOfFirstList() const noexcept {
+        if (_open.size() < 2 || _open[1]->kind != JSONKind::objects) {
+            return 0;
+        }
+        std::size_t element = 1;
+        const JSONNode* const incomplete = _open.size() > 2 ? _open[2] : nullptr;
+        for (const JSONNode* place = _open[1] + 1; place != _nodes.next(); ++element) {
+            const JSONNode& complete = JSONNodes::at(place);
+            if (&complete == incomplete) {
+                break;
+            }
+            place = JSONNodes::behind(complete);
+        }
+        return element;
+    }
 
     void beginObject() { begin(JSONKind::object); }
 
@@ -168,16 +187,40 @@ private:
     std::size_t _unkept = 0;      // how many containers are open within a value that is not kept
 };
 
+FailureReason reasonOf(JSONFailure::Reason reason) noexcept {
+    switch (reason) {
+        using enum JSONFailure::Reason;
+    case grammar:
+        return FailureReason::notJSON;
+    case end:
+        return FailureReason::cutShort;
+    case depth:
+        return FailureReason::nestedTooDeep;
+    case notUTF8:
+        return FailureReason::notUTF8;
+    }
+    fault();
+}
+
 } // namespace
 
-std::optional<JSONDocument> JSONDocument::parsed(std::string_view text, JSONKeys keys,
-                                                 ImportMemory& memory) {
+std::expected<JSONDocument, JSONFailure> JSONDocument::parsed(std::string_view text, JSONKeys keys,
+                                                              ImportMemory& memory) {
     NodesBuilder builder(keys, memory);
-    if (!JSONParser(text, builder).parse()) {
-        return std::nullopt;
+    JSONParser parser(text, builder);
+    if (!parser.parse()) {
+        JSONFailure failure = parser.failure();
+        failure.element = builder.elementOfFirstList();
+        return std::unexpected(failure);
     }
     const JSONNode& root = builder.root();
     return JSONDocument(std::move(builder).take(), root);
+}
+
+ReadFailure failureOf(const JSONFailure& failure, std::string_view text) noexcept {
+    const FailureReason encoding = reasonForNoUTF8(text);
+    const bool isUTF16 = encoding == FailureReason::utf16;
+    return {.reason = isUTF16 ? encoding : reasonOf(failure.reason), .position = failure.offset};
 }
 
 } // namespace Rellinor

@@ -1,13 +1,15 @@
 #pragma once
 
-#include <optional>
+#include <expected>
 #include <span>
 #include <string_view>
 #include <utility>
 
+#include "Private/Errors/ReadFailure.hpp"
 #include "Private/Memory/ImportMemory.hpp"
 #include "Private/Proxies/JSONNodes.hpp"
 #include "Private/Proxies/JSONValue.hpp"
+#include "Private/Text/JSONFailure.hpp"
 
 namespace Rellinor {
 
@@ -19,14 +21,14 @@ using JSONKeys = std::span<const std::string_view>;
 /// integers and lists of objects. All of it is checked, but the rest is not kept.
 class JSONDocument {
 public:
-    /// Parses a text; absent if it is not JSON.
+    /// Parses a text, or says why the text is not JSON.
     ///
     /// @param text    must outlive the document, which points into it
     /// @param keys    the members to keep
     /// @param memory  receives the texts that were written with escapes
     /// @throws std::bad_alloc
-    [[nodiscard]] static std::optional<JSONDocument> parsed(std::string_view text, JSONKeys keys,
-                                                            ImportMemory& memory);
+    [[nodiscard]] static std::expected<JSONDocument, JSONFailure>
+    parsed(std::string_view text, JSONKeys keys, ImportMemory& memory);
 
     /// The object or array that the text is.
     [[nodiscard]] JSONValue root() const noexcept { return JSONValue(*_root); }
@@ -38,5 +40,10 @@ private:
     JSONNodes _nodes;
     const JSONNode* _root; // moving the nodes leaves it in place
 };
+
+/// The same failure for a report.
+///
+/// @param text  what was parsed
+[[nodiscard]] ReadFailure failureOf(const JSONFailure& failure, std::string_view text) noexcept;
 
 } // namespace Rellinor

@@ -39,6 +39,10 @@ public:
 
     [[nodiscard]] std::int64_t code() const noexcept override { return std::to_underlying(_case); }
 
+    [[nodiscard]] ReadFailure failure() const noexcept override {
+        return {.reason = FailureReason::wrongShape, .position = {}};
+    }
+
 private:
     JSONError(Case which, std::string_view forKey, std::string_view type)
         : _case(which), _forKey(forKey), _type(type) {}

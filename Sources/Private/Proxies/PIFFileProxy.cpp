@@ -8,7 +8,6 @@
 #include <string>
 #include <utility>
 
-#include "Platform/File.hpp"
 #include "Private/Proxies/PIFParsingError.hpp"
 #include "Private/Text/UTF8.hpp"
 
@@ -17,26 +16,34 @@ namespace Rellinor {
 namespace {
 
 /// The text of a file, with room around it.
-std::span<char> contentsOf(const URL& file, FileMargins margins, ImportMemory& memory) {
-    auto contents = readFile(file.path(), margins);
+std::span<char> textOf(const ExportFile& file, FileMargins margins, ImportMemory& memory,
+                       std::uint64_t mostBytes) {
+    auto contents = contentsOf(file, margins, mostBytes);
     if (!contents) {
-        throw PIFParsingError("The file couldn\u2019t be opened.");
+        throw PIFParsingError("The file couldn\u2019t be opened.",
+                              {.reason = contents.error(), .position = {}});
     }
-    const auto text = decodedText(memory.adopt(*std::move(contents)));
+    const std::span<char> bytes = memory.adopt(*std::move(contents));
+    const auto text = decodedText(bytes);
     if (!text) {
         throw PIFParsingError(
-            "The file couldn\u2019t be opened because its text encoding isn\u2019t UTF-8.");
+            "The file couldn\u2019t be opened because its text encoding isn\u2019t UTF-8.",
+            {.reason = reasonForNoUTF8({bytes.data(), bytes.size()}), .position = {}});
     }
     return *text;
 }
 
 /// Moves the lines that begin with "{" together, in place, with a comma between two of them.
-std::span<char> joinedRecords(std::span<char> text) noexcept {
+std::span<char> joinedRecords(std::span<char> text, PIFLines* lines) {
     const std::string_view view(text.data(), text.size());
     std::size_t kept = 0;
-    for (std::size_t begin = 0; begin < view.size();) {
+    std::uint64_t line = 1;
+    for (std::size_t begin = 0; begin < view.size(); ++line) {
         const std::size_t end = std::min(view.find('\n', begin), view.size());
         if (view[begin] == '{') {
+            if (lines != nullptr) {
+                lines->add(line);
+            }
             if (kept > 0) {
                 text[kept++] = ','; // where the line before had its line feed
             }
@@ -61,19 +68,21 @@ JSONDocument rawJSON(std::string_view text, JSONKeys keys, ImportMemory& memory)
     auto document = JSONDocument::parsed(text, keys, memory);
     if (!document) {
         throw PIFParsingError("The data couldn\u2019t be read because it isn\u2019t in the "
-                              "correct format.");
+                              "correct format.",
+                              {.reason = failureOf(document.error(), text).reason,
+                               .position = document.error().element});
     }
     return *std::move(document);
 }
 
 } // namespace
 
-JSON PIFFileProxy::toJSON(const URL& file, std::string_view topLevelKey, JSONKeys keys,
-                          ImportMemory& memory) {
+JSON PIFFileProxy::toJSON(const ExportFile& file, std::string_view topLevelKey, JSONKeys keys,
+                          ImportMemory& memory, PIFLines* lines, std::uint64_t mostBytes) {
     const std::string before = "{ \"" + std::string(topLevelKey) + "\": [";
     constexpr std::string_view behind = "] }";
     const FileMargins margins{.before = before.size(), .behind = behind.size()};
-    const std::span<char> records = joinedRecords(contentsOf(file, margins, memory));
+    const std::span<char> records = joinedRecords(textOf(file, margins, memory, mostBytes), lines);
     if (!isUTF8(topLevelKey)) {
         throw PIFParsingError("Could not parse JSON string as data");
     }
@@ -84,7 +93,8 @@ JSON PIFFileProxy::toJSON(const URL& file, std::string_view topLevelKey, JSONKey
 JSON PIFFileProxy::json(std::string_view text, JSONKeys keys, ImportMemory& memory) {
     JSONDocument document = rawJSON(text, keys, memory);
     if (!document.root().object()) {
-        throw PIFParsingError("Could not parse JSON object as [String: AnyObject]");
+        throw PIFParsingError("Could not parse JSON object as [String: AnyObject]",
+                              {.reason = FailureReason::wrongShape, .position = {}});
     }
     return {std::move(document), keys};
 }

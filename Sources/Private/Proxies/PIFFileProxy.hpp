@@ -1,11 +1,14 @@
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 
-#include <Rellinor/URL.hpp>
+#include <Rellinor/ExportFile.hpp>
 
 #include "Private/Memory/ImportMemory.hpp"
 #include "Private/Models/JSON.hpp"
+#include "Private/Proxies/ExportContents.hpp"
+#include "Private/Proxies/PIFLines.hpp"
 
 namespace Rellinor {
 
@@ -20,9 +23,12 @@ public:
     /// @param topLevelKey  the name of that member, set into the text as it is
     /// @param keys         the members to keep, `topLevelKey` among them
     /// @param memory       receives the texts; outlives what is returned
-    /// @throws PIFParsingError, std::bad_alloc
-    [[nodiscard]] static JSON toJSON(const URL& file, std::string_view topLevelKey, JSONKeys keys,
-                                     ImportMemory& memory);
+    /// @param lines        receives the lines of the records; may be null
+    /// @param mostBytes    a larger file is not read
+    /// @throws PIFParsingError, std::bad_alloc  the position is the number of a record, from 1 on
+    [[nodiscard]] static JSON toJSON(const ExportFile& file, std::string_view topLevelKey,
+                                     JSONKeys keys, ImportMemory& memory, PIFLines* lines = nullptr,
+                                     std::uint64_t mostBytes = anyNumberOfBytes);
 
     /// The object that a JSON text is.
     ///

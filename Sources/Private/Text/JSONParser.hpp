@@ -8,6 +8,7 @@
 #include <string_view>
 #include <utility>
 
+#include "Private/Text/JSONFailure.hpp"
 #include "Private/Text/JSONNumber.hpp"
 #include "Private/Text/JSONString.hpp"
 #include "Private/Text/JSONStringScanner.hpp"
@@ -49,14 +50,22 @@ public:
     [[nodiscard]] bool parse() {
         Place place = skipBlanks(0);
         if (at(place) != '{' && at(place) != '[') {
+            (void)brokenAt(place);
             return false;
         }
         do {
             place = parseValue(place);
             place = place != broken ? parseBehindValue(place) : broken;
         } while (_depth > 0 && place != broken);
-        return place != broken && skipBlanks(place) == _text.size();
+        if (place == broken) {
+            return false;
+        }
+        _failure.offset = skipBlanks(place);
+        return _failure.offset == _text.size();
     }
+
+    /// Why the text is not JSON, once `parse` was false.
+    [[nodiscard]] const JSONFailure& failure() const noexcept { return _failure; }
 
 private:
     /// A position in the text. What parses something is given where that begins and returns where
@@ -65,6 +74,14 @@ private:
 
     static constexpr Place broken = std::string_view::npos;
     static constexpr std::size_t deepestNesting = 512;
+
+    /// Keeps why and where the text is broken.
+    Place brokenAt(Place place,
+                   JSONFailure::Reason reason = JSONFailure::Reason::grammar) noexcept {
+        const bool isAtEnd = place >= _text.size();
+        _failure = {.reason = isAtEnd ? JSONFailure::Reason::end : reason, .offset = place};
+        return broken;
+    }
 
     static constexpr bool isDigit(char character) noexcept {
         return character >= '0' && character <= '9';
@@ -104,7 +121,7 @@ private:
                 return parseNumberOrWord(place);
             }
             if (_depth == deepestNesting) {
-                return broken;
+                return brokenAt(place, JSONFailure::Reason::depth);
             }
             begin(isObject);
             place = skipBlanks(place + 1);
@@ -124,7 +141,7 @@ private:
                 return skipBlanks(place + 1);
             }
             if (character != (_isInObject ? '}' : ']')) {
-                return broken;
+                return brokenAt(place);
             }
             end();
             ++place;
@@ -153,14 +170,14 @@ private:
     /// A key and all up to its value.
     Place parseKey(Place place) {
         if (at(place) != '"') {
-            return broken;
+            return brokenAt(place);
         }
         place = parseString(place, [&](JSONString text) { _events.key(text); });
         if (place == broken) {
             return broken;
         }
         place = skipBlanks(place);
-        return at(place) == ':' ? skipBlanks(place + 1) : broken;
+        return at(place) == ':' ? skipBlanks(place + 1) : brokenAt(place);
     }
 
     Place parseString(Place place, auto&& tell) {
@@ -170,12 +187,12 @@ private:
         if (hasEscapes) {
             end = skipEscapes(end);
             if (at(end) != '"') {
-                return broken; // a control character, a false escape, or the end of the text
+                return brokenAt(end); // a control character, a false escape, or the text's end
             }
         }
         const std::string_view written(_text.data() + begin, end - begin);
         if (_strings.mayHaveNonASCIIBehind(begin) && !isUTF8(written)) {
-            return broken;
+            return brokenAt(begin, JSONFailure::Reason::notUTF8);
         }
         tell(JSONString(written, hasEscapes));
         return end + 1;
@@ -208,7 +225,7 @@ private:
 
     Place parseWord(Place place, std::string_view word, auto&& tell) {
         if (!_text.substr(place).starts_with(word)) {
-            return broken;
+            return brokenAt(place);
         }
         tell();
         return place + word.size();
@@ -226,7 +243,7 @@ private:
         }
         const std::size_t count = place - digits;
         if (count == 0 || (count > 1 && at(digits) == '0')) {
-            return broken;
+            return brokenAt(place);
         }
         const Place end = skipFractionAndExponent(place);
         if (end == broken) {
@@ -243,12 +260,12 @@ private:
         return end;
     }
 
-    [[nodiscard]] Place skipFractionAndExponent(Place place) const noexcept {
+    [[nodiscard]] Place skipFractionAndExponent(Place place) noexcept {
         if (at(place) == '.') {
             const Place fraction = place + 1;
             place = skipDigits(fraction);
             if (place == fraction) {
-                return broken;
+                return brokenAt(place);
             }
         }
         if (at(place) == 'e' || at(place) == 'E') {
@@ -256,7 +273,7 @@ private:
             const Place exponent = place + (hasSign ? 2 : 1);
             place = skipDigits(exponent);
             if (place == exponent) {
-                return broken;
+                return brokenAt(place);
             }
         }
         return place;
@@ -274,6 +291,7 @@ private:
     Events& _events;
     std::size_t _depth = 0; // how many objects and arrays are open
     bool _isInObject = false;
+    JSONFailure _failure;
     std::array<bool, deepestNesting> _wasInObject{}; // for each of them: before it began
 };
 

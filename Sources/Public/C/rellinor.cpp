@@ -32,8 +32,8 @@ constexpr NSError outOfMemory = {"Rellinor.UnexpectedError",
 constexpr NSError unavailableSource = {"Rellinor.UnavailableSourceError", 1};
 
 /// An error with its texts ended by a zero.
-struct Failure {
-    explicit Failure(const NSError& error)
+struct ErrorTexts {
+    explicit ErrorTexts(const NSError& error)
         : domain(error.domain()), code(error.code()), description(error.localizedDescription()) {}
 
     std::string domain;
@@ -41,9 +41,9 @@ struct Failure {
     std::string description;
 };
 
-Failure failureOf(const NSError& error, Failure& ifMemoryRunsOut) noexcept {
+ErrorTexts failureOf(const NSError& error, ErrorTexts& ifMemoryRunsOut) noexcept {
     try {
-        return Failure(error);
+        return ErrorTexts(error);
     } catch (...) {
         return std::move(ifMemoryRunsOut);
     }
@@ -103,7 +103,7 @@ struct rellinor_importer {
 
 struct rellinor_result {
     Rellinor::ImportedRecords records;
-    std::optional<Rellinor::Failure> failure;
+    std::optional<Rellinor::ErrorTexts> failure;
 };
 
 rellinor_importer* rellinor_importer_new() {
@@ -122,7 +122,7 @@ rellinor_result* rellinor_importer_import(rellinor_importer* importer, const cha
                                           rellinor_source source) {
     try {
         // Made first, so that lack of memory can be told of when there is none left.
-        Rellinor::Failure outOfMemory(Rellinor::outOfMemory);
+        Rellinor::ErrorTexts outOfMemory(Rellinor::outOfMemory);
         auto result = std::make_unique<rellinor_result>();
 
         auto outcome = Rellinor::resultOf(importer->importer, path, source);

@@ -35,7 +35,8 @@ public:
 
     std::function<std::vector<RawKind>()> readRecords;
 
-    std::vector<RawKind> read(const URL& /*url*/, ImportMemory& /*memory*/) const {
+    std::vector<RawKind> read(const ExportFile& /*file*/, ImportMemory& /*memory*/,
+                              Reporter* /*reporter*/) const {
         return readRecords();
     }
 
@@ -47,7 +48,8 @@ public:
 
     Built<ImportedPassword> buildPassword(const RawKind& record) {
         if (record.broken) {
-            return std::unexpected("broken");
+            return std::unexpected(
+                Dropped{.reason = LeftOutReason::missingField, .field = "broken"});
         }
         return ImportedPassword(kept(record), "", "", std::nullopt, std::nullopt, std::nullopt,
                                 std::nullopt);
@@ -55,14 +57,16 @@ public:
 
     Built<ImportedNote> buildNote(const RawKind& record) {
         if (record.broken) {
-            return std::unexpected("broken");
+            return std::unexpected(
+                Dropped{.reason = LeftOutReason::missingField, .field = "broken"});
         }
         return ImportedNote(std::nullopt, kept(record), "");
     }
 
     Built<ImportedCard> buildCard(const RawKind& record) {
         if (record.broken) {
-            return std::unexpected("broken");
+            return std::unexpected(
+                Dropped{.reason = LeftOutReason::missingField, .field = "broken"});
         }
         return ImportedCard("", kept(record), "", "", "", "", 0, 0, 0);
     }
@@ -78,13 +82,7 @@ private:
 Outcome import(std::function<std::vector<RawKind>()> readRecords) {
     TestImporter importer;
     importer.readRecords = std::move(readRecords);
-    std::optional<Outcome> outcome;
-    importRecords(importer, URL::fileURLWithPath("/"), [&](const RecordsResult& result) {
-        EXPECT_FALSE(outcome) << "the completion was called twice";
-        outcome = copyOf(result);
-    });
-    EXPECT_TRUE(outcome) << "the completion was not called";
-    return outcome.value_or(Outcome{});
+    return copyOf(readWith(importer, URL::fileURLWithPath("/"), nullptr).records);
 }
 
 Outcome import(const std::vector<RawKind>& records) {
@@ -167,7 +165,10 @@ public:
 
     static bool isPassword(int /*record*/) { return true; }
 
-    static std::vector<int> read(const URL& /*url*/, ImportMemory& /*memory*/) { return {1}; }
+    static std::vector<int> read(const ExportFile& /*file*/, ImportMemory& /*memory*/,
+                                 Reporter* /*reporter*/) {
+        return {1};
+    }
 
     static Built<ImportedPassword> buildPassword(int /*record*/) {
         return ImportedPassword("", "", "", std::nullopt, std::nullopt, std::nullopt, std::nullopt);
@@ -187,6 +188,8 @@ public:
     [[nodiscard]] std::int64_t code() const noexcept override {
         return static_cast<std::int64_t>(_mood);
     }
+
+    [[nodiscard]] ReadFailure failure() const noexcept override { return {}; }
 
 private:
     Mood _mood;
@@ -219,49 +222,14 @@ TEST(ImporterTest, reportsAnyOtherException) {
     EXPECT_EQ(importThrowing(5).error, NSError("Rellinor.UnexpectedError", 1));
 }
 
-// The completion
-
-TEST(ImporterTest, callsTheCompletionOnTheSameThreadBeforeItReturns) {
-    TestImporter importer;
-    importer.readRecords = [] { return std::vector<RawKind>{{.password = true}}; };
-    std::optional<std::thread::id> thread;
-    importRecords(importer, URL::fileURLWithPath("/"),
-                  [&](const RecordsResult&) { thread = std::this_thread::get_id(); });
-    EXPECT_EQ(thread, std::this_thread::get_id());
-}
-
-TEST(ImporterTest, letsThroughWhatTheCompletionThrowsAndDoesNotCallItAgain) {
-    TestImporter importer;
-    importer.readRecords = [] { return std::vector<RawKind>{}; };
-    int calls = 0;
-    const auto complete = [&](const RecordsResult& result) {
-        ++calls;
-        EXPECT_TRUE(result);
-        throw std::runtime_error("the host's own");
-    };
-    EXPECT_THROW(importRecords(importer, URL::fileURLWithPath("/"), complete), std::runtime_error);
-    EXPECT_EQ(calls, 1);
-}
-
-TEST(ImporterTest, letsThroughWhatTheCompletionThrowsAfterAFailure) {
-    TestImporter importer;
-    importer.readRecords = []() -> std::vector<RawKind> { throw TextError("unreadable"); };
-    int calls = 0;
-    const auto complete = [&](const RecordsResult& result) {
-        ++calls;
-        throw result.error();
-    };
-    EXPECT_THROW(importRecords(importer, URL::fileURLWithPath("/"), complete), NSError);
-    EXPECT_EQ(calls, 1);
-}
+// The records
 
 TEST(ImporterTest, leavesASingleRecordValidWhenAllElseIsGone) {
     std::shared_ptr<const ImportedPasswordInfoProviding> survivor;
     {
         LoginImporter importer;
-        importRecords(importer, URL::fileURLWithPath("/"), [&](RecordsResult result) {
-            survivor = std::move(result->passwords.front());
-        });
+        survivor =
+            readWith(importer, URL::fileURLWithPath("/"), nullptr).records->passwords.front();
     }
     EXPECT_EQ(copyOf(*survivor), Password{});
 }

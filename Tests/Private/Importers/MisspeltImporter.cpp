@@ -25,18 +25,21 @@ public:
 
     static constexpr RecordKinds kinds{.notes = true};
 
-    static std::vector<int> READ(const URL& /*url*/, ImportMemory& /*memory*/) { return {}; }
+    static std::vector<int> READ(const ExportFile& /*file*/, ImportMemory& /*memory*/,
+                                 Reporter* /*reporter*/) {
+        return {};
+    }
 
     static bool IS_NOTE(int /*record*/) { return true; }
 
-    static Built<ImportedNote> BUILD_NOTE(int /*record*/) { return std::unexpected(""); }
+    static Built<ImportedNote> BUILD_NOTE(int /*record*/) { return std::unexpected(Dropped()); }
 };
 
 } // namespace
 
-void import(const RecordsCompletion& onComplete) {
+Assembled import() {
     MisspeltImporter importer;
-    importRecords(importer, URL::fileURLWithPath("/"), onComplete);
+    return readWith(importer, URL::fileURLWithPath("/"), nullptr);
 }
 
 } // namespace Rellinor::Tests

@@ -152,7 +152,7 @@ TEST_F(JSONFileProxyTest, lendsItsPlaceToAnotherReader) {
     class Double final : public JSONFileProxyType {
     private:
         std::optional<JSONDocument> document(JSONKeys keys) override {
-            return JSONDocument::parsed(R"({"name":"double"})", keys, _memory);
+            return JSONDocument::parsed(R"({"name":"double"})", keys, _memory).value();
         }
 
         ImportMemory _memory;

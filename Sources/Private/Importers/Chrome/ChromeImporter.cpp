@@ -12,7 +12,10 @@ namespace Rellinor {
 
 namespace {
 
-constexpr std::string_view missingFields = "Record did not contain expected fields";
+std::unexpected<Dropped> ofOtherType(ChromeRecordKey key) noexcept {
+    return std::unexpected(
+        Dropped{.reason = LeftOutReason::fieldOfOtherType, .field = rawValue(key)});
+}
 
 std::optional<SQLiteValue> valueOf(const SQLiteRow& record, ChromeRecordKey key) noexcept {
     return record[rawValue(key)];
@@ -38,23 +41,24 @@ std::string ChromeImporter::statement() {
     return "SELECT " + columns + " FROM logins WHERE blacklisted_by_user = 0 AND " + conditions;
 }
 
-SQLiteRows ChromeImporter::read(const URL& url, ImportMemory& memory) {
-    return SQLiteFileProxy(std::string(url.path()), memory).select(statement());
+SQLiteRows ChromeImporter::read(const ExportFile& file, ImportMemory& memory,
+                                Reporter* /*reporter*/) {
+    return SQLiteFileProxy(std::string(file.name()), memory).select(statement());
 }
 
 Built<ImportedPassword> ChromeImporter::buildPassword(const RawRecord& record) {
     const auto username = valueOf(record, ChromeRecordKey::username).and_then(&SQLiteValue::text);
     if (!username) {
-        return std::unexpected(missingFields);
+        return ofOtherType(ChromeRecordKey::username);
     }
     const auto url = valueOf(record, ChromeRecordKey::url).and_then(&SQLiteValue::text);
     if (!url) {
-        return std::unexpected(missingFields);
+        return ofOtherType(ChromeRecordKey::url);
     }
     // Quirk: a login whose password is a text is dropped.
     const auto password = valueOf(record, ChromeRecordKey::password).and_then(&SQLiteValue::blob);
     if (!password) {
-        return std::unexpected(missingFields);
+        return ofOtherType(ChromeRecordKey::password);
     }
     return ImportedPassword{
         *username,

@@ -19,7 +19,8 @@ public:
     /// The logins in the database's order; none if the file cannot be read or is something else.
     ///
     /// @throws std::bad_alloc
-    [[nodiscard]] static SQLiteRows read(const URL& url, ImportMemory& memory);
+    [[nodiscard]] static SQLiteRows read(const ExportFile& file, ImportMemory& memory,
+                                         Reporter* reporter = nullptr);
 
     /// Every row is a login.
     [[nodiscard]] static bool isPassword(const RawRecord& /*record*/) noexcept { return true; }

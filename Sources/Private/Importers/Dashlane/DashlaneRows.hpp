@@ -85,6 +85,9 @@ public:
 
     [[nodiscard]] static std::default_sentinel_t end() noexcept { return {}; }
 
+    /// Where the row that was read last begins in the text.
+    [[nodiscard]] std::size_t position() const noexcept { return _rows.rowBegin(); }
+
 private:
     /// Goes to the next row; there is none behind the last.
     void readRow() noexcept {

@@ -59,8 +59,10 @@ std::string FirefoxImporter::statement() {
     return "SELECT " + columns + " FROM moz_logins";
 }
 
-std::vector<FirefoxRecord> FirefoxImporter::read(const URL& url, ImportMemory& memory) {
-    const FirefoxImportMetaData& meta = _meta.emplace(FirefoxImportMetaData::of(url));
+std::vector<FirefoxRecord> FirefoxImporter::read(const ExportFile& file, ImportMemory& memory,
+                                                 Reporter* reporter) {
+    const FirefoxImportMetaData& meta = _meta.emplace(
+        file.url() ? FirefoxImportMetaData::of(*file.url()) : FirefoxImportMetaData());
     EncryptedLogins logins;
     if (meta.logins) {
         logins = fetchEncryptedLoginsFromJSON(*meta.logins, memory);
@@ -69,9 +71,12 @@ std::vector<FirefoxRecord> FirefoxImporter::read(const URL& url, ImportMemory& m
     } else {
         // Quirk: the reason of a failure stays through later successes.
         _failureReason = FirefoxImportFailureReason::invalidProfile;
+        if (reporter != nullptr) {
+            reporter->fail(FailureReason::noStore);
+        }
         throw TextError(
             "Failed to find logins.json or signons.sqlite for provided firefox profile folder " +
-            std::string(url.path()));
+            std::string(file.name()));
     }
     std::vector<FirefoxRecord> records;
     records.reserve(logins.size());

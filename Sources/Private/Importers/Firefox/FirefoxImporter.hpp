@@ -30,7 +30,8 @@ public:
     /// The logins in the store's order; none if the store cannot be read or is something else.
     ///
     /// @throws TextError  the folder has neither store
-    [[nodiscard]] std::vector<RawRecord> read(const URL& url, ImportMemory& memory);
+    [[nodiscard]] std::vector<RawRecord> read(const ExportFile& file, ImportMemory& memory,
+                                              Reporter* reporter = nullptr);
 
     /// Every record is a login.
     [[nodiscard]] static bool isPassword(const RawRecord& /*record*/) noexcept { return true; }

@@ -6,13 +6,16 @@
 
 #include "Platform/Fault.hpp"
 #include "Private/Extensions/String.hpp"
+#include "Private/Importers/FileReports.hpp"
 #include "Private/Proxies/CSVFileProxy.hpp"
 
 namespace Rellinor {
 
 namespace {
 
-constexpr std::string_view missingFields = "Record did not contain required fields";
+std::unexpected<Dropped> missing(KeePassRecordKey key) noexcept {
+    return std::unexpected(Dropped{.reason = LeftOutReason::missingField, .field = rawValue(key)});
+}
 
 // Quirk: a five-column export of KeePassXC is taken for the classic fork.
 std::optional<KeePassFork> forkWithColumns(std::size_t numberOfFields) noexcept {
@@ -36,9 +39,18 @@ std::optional<CSVKeyedRecords> keyedRecords(CSVFileProxyType& file,
 
 } // namespace
 
-CSVKeyedRecords KeePassImporter::read(const URL& url, ImportMemory& memory) {
-    CSVFileProxy file(url, memory);
-    return read(file);
+CSVKeyedRecords KeePassImporter::read(const ExportFile& file, ImportMemory& memory,
+                                      Reporter* reporter) {
+    CSVFileProxy proxy(file, memory, largestFileFor(reporter));
+    const bool hasRows = proxy.numberOfFields().has_value();
+    reportLines(proxy, reporter);
+    try {
+        return read(proxy);
+    } catch (const TextError&) {
+        reportFailure(proxy, hasRows ? FailureReason::wrongColumns : FailureReason::noRows,
+                      reporter);
+        throw;
+    }
 }
 
 CSVKeyedRecords KeePassImporter::read(CSVFileProxyType& file) {
@@ -66,6 +78,15 @@ bool KeePassImporter::isPassword(const RawRecord& /*record*/) const noexcept {
     return _fork.has_value();
 }
 
+void KeePassImporter::tellUnread(const RawRecord& record, Reporter& reporter) {
+    for (const KeePassRecordKey key :
+         {KeePassRecordKey::comments, KeePassRecordKey::group, KeePassRecordKey::notes}) {
+        if (!record[key].value_or("").empty()) {
+            reporter.unread(rawValue(key));
+        }
+    }
+}
+
 Built<ImportedPassword> KeePassImporter::buildPassword(const RawRecord& record) const noexcept {
     require(_fork.has_value());
     switch (*_fork) {
@@ -82,8 +103,14 @@ KeePassImporter::buildPasswordForKeepassOriginal(const RawRecord& record) noexce
     const auto site = record[KeePassRecordKey::site];
     const auto login = record[KeePassRecordKey::login];
     const auto password = record[KeePassRecordKey::password];
-    if (!site || !login || !password) {
-        return std::unexpected(missingFields);
+    if (!site) {
+        return missing(KeePassRecordKey::site);
+    }
+    if (!login) {
+        return missing(KeePassRecordKey::login);
+    }
+    if (!password) {
+        return missing(KeePassRecordKey::password);
     }
     // Quirk: the comments are left out.
     return ImportedPassword{
@@ -97,8 +124,14 @@ KeePassImporter::buildPasswordForKeepassXC(const RawRecord& record) noexcept {
     const auto url = record[KeePassRecordKey::url];
     const auto username = record[KeePassRecordKey::username];
     const auto password = record[KeePassRecordKey::password];
-    if (!url || !username || !password) {
-        return std::unexpected(missingFields);
+    if (!url) {
+        return missing(KeePassRecordKey::url);
+    }
+    if (!username) {
+        return missing(KeePassRecordKey::username);
+    }
+    if (!password) {
+        return missing(KeePassRecordKey::password);
     }
     // Quirk: the group and the notes are left out.
     return ImportedPassword{

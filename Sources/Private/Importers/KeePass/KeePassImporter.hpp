@@ -20,7 +20,8 @@ public:
 
     /// @throws TextError  the file cannot be read, is not UTF-8, or its first row has neither five
     ///                    nor six cells
-    [[nodiscard]] CSVKeyedRecords read(const URL& url, ImportMemory& memory);
+    [[nodiscard]] CSVKeyedRecords read(const ExportFile& file, ImportMemory& memory,
+                                       Reporter* reporter = nullptr);
 
     /// The same with any reader of the file.
     ///
@@ -33,6 +34,9 @@ public:
     /// A login, by the columns of the fork; fails if a required column is missing, which is another
     /// thing than empty.
     [[nodiscard]] Built<ImportedPassword> buildPassword(const RawRecord& record) const noexcept;
+
+    /// Tells which columns of a record never arrive.
+    static void tellUnread(const RawRecord& record, Reporter& reporter);
 
     /// The fork that was recognised last; absent before the first. It stays when a later file has
     /// another number of columns or cannot be read.

@@ -6,6 +6,7 @@
 
 #include "Platform/URLHost.hpp"
 #include "Private/Extensions/String.hpp"
+#include "Private/Importers/FileReports.hpp"
 #include "Private/Importers/LastPass/LastPassRecord.hpp"
 #include "Private/Proxies/CSVFileProxy.hpp"
 
@@ -15,7 +16,7 @@ namespace {
 
 constexpr std::string_view hostOfSecureNotes = "sn";
 constexpr std::string_view urlOfSecureNotes = "http://sn"; // as the product writes it
-constexpr std::string_view nothingInRecord = "All the fileds appear to be empty";
+constexpr Dropped nothingInRecord{.reason = LeftOutReason::empty, .field = {}};
 
 // Quirk: a missing column counts as non-empty.
 bool hasAtLeastOneNonEmptyValue(const CSVRecord& record,
@@ -25,12 +26,17 @@ bool hasAtLeastOneNonEmptyValue(const CSVRecord& record,
 
 } // namespace
 
-CSVKeyedRecords LastPassImporter::read(const URL& url, ImportMemory& memory) {
-    CSVFileProxy file(url, memory);
-    if (file.numberOfFields() != allLastPassRecordKeys.size()) {
+CSVKeyedRecords LastPassImporter::read(const ExportFile& file, ImportMemory& memory,
+                                       Reporter* reporter) {
+    CSVFileProxy proxy(file, memory, largestFileFor(reporter));
+    const auto numberOfFields = proxy.numberOfFields();
+    if (numberOfFields != allLastPassRecordKeys.size()) {
+        reportFailure(proxy, numberOfFields ? FailureReason::wrongColumns : FailureReason::noRows,
+                      reporter);
         throw TextError("The provided CSV file doesnt have the expected number of fields");
     }
-    return file.keyedRecords(csvHeaders(allLastPassRecordKeys));
+    reportLines(proxy, reporter);
+    return proxy.keyedRecords(csvHeaders(allLastPassRecordKeys));
 }
 
 bool LastPassImporter::isPassword(const RawRecord& record) noexcept {
@@ -40,6 +46,23 @@ bool LastPassImporter::isPassword(const RawRecord& record) noexcept {
 bool LastPassImporter::isNote(const RawRecord& record) noexcept {
     const auto url = record[LastPassRecordKey::url];
     return url && (*url == urlOfSecureNotes || hasHost(*url, hostOfSecureNotes));
+}
+
+void LastPassImporter::tellUnread(const RawRecord& record, Reporter& reporter) {
+    const auto tell = [&](LastPassRecordKey key, std::string_view nothing) {
+        const std::string_view text = record[key].value_or("");
+        if (!text.empty() && text != nothing) {
+            reporter.unread(rawValue(key));
+        }
+    };
+    if (isPassword(record)) {
+        tell(LastPassRecordKey::extra, "");
+    } else {
+        tell(LastPassRecordKey::username, "");
+        tell(LastPassRecordKey::password, "");
+    }
+    tell(LastPassRecordKey::grouping, "");
+    tell(LastPassRecordKey::favorite, "0");
 }
 
 Built<ImportedPassword> LastPassImporter::buildPassword(const RawRecord& record) noexcept {

@@ -15,7 +15,8 @@ public:
 
     /// @throws TextError  the file cannot be read, is not UTF-8, or its first row does not have
     ///                    exactly seven cells
-    [[nodiscard]] static CSVKeyedRecords read(const URL& url, ImportMemory& memory);
+    [[nodiscard]] static CSVKeyedRecords read(const ExportFile& file, ImportMemory& memory,
+                                              Reporter* reporter = nullptr);
 
     [[nodiscard]] static bool isPassword(const RawRecord& record) noexcept;
 
@@ -24,6 +25,9 @@ public:
 
     /// A login; fails if all of its telling columns are empty. Its "extra" text is left out.
     [[nodiscard]] static Built<ImportedPassword> buildPassword(const RawRecord& record) noexcept;
+
+    /// Tells which columns of a record never arrive.
+    static void tellUnread(const RawRecord& record, Reporter& reporter);
 
     /// A secure note; fails if both its title and its content are empty.
     [[nodiscard]] static Built<ImportedNote> buildNote(const RawRecord& record) noexcept;

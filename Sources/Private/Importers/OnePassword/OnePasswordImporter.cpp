@@ -5,6 +5,7 @@
 #include <string_view>
 #include <utility>
 
+#include "Private/Importers/FileReports.hpp"
 #include "Private/Importers/OnePassword/OnePasswordRecord.hpp"
 #include "Private/Proxies/PIFFileProxy.hpp"
 
@@ -15,7 +16,10 @@ namespace {
 using Key = OnePasswordRecordKey;
 
 constexpr std::string_view keyOfRecords = "records";
-constexpr std::string_view missingFields = "Record did not contain expected fields";
+
+std::unexpected<Dropped> missing(Key key) noexcept {
+    return std::unexpected(Dropped{.reason = LeftOutReason::missingField, .field = rawValue(key)});
+}
 
 /// The members that are kept: those of the records, in their order, and the list of them.
 constexpr auto keptMembers = namesOf(allOnePasswordRecordKeys, keyOfRecords);
@@ -49,8 +53,11 @@ bool isOfType(const JSONObject& record, OnePasswordRecordType type) noexcept {
 
 } // namespace
 
-JSONRecords OnePasswordImporter::read(const URL& url, ImportMemory& memory) {
-    JSON json = PIFFileProxy::toJSON(url, keyOfRecords, keptMembers, memory);
+JSONRecords OnePasswordImporter::read(const ExportFile& file, ImportMemory& memory,
+                                      Reporter* reporter) {
+    PIFLines* const lines = reportPIFLines(reporter);
+    JSON json = PIFFileProxy::toJSON(file, keyOfRecords, keptMembers, memory, lines,
+                                     largestFileFor(reporter));
     const JSONObjects records = json.value(keyOfRecords);
     return {std::move(json).takeDocument(), records};
 }
@@ -71,8 +78,11 @@ Built<ImportedPassword> OnePasswordImporter::buildPassword(const RawRecord& reco
     const auto fields = listOf(secureContents, Key::fields);
     const auto username = valueOf(fields, Key::username);
     const auto password = valueOf(fields, Key::password);
-    if (!username || !password) {
-        return std::unexpected(missingFields);
+    if (!username) {
+        return missing(Key::username);
+    }
+    if (!password) {
+        return missing(Key::password);
     }
     return ImportedPassword{
         *username, *password, url.value_or(""),
@@ -84,8 +94,11 @@ Built<ImportedNote> OnePasswordImporter::buildNote(const RawRecord& record) noex
     const auto title = record.text(Key::title);
     const auto secureContents = record.object(Key::secureContents);
     const auto content = secureContents ? secureContents->text(Key::note) : std::nullopt;
-    if (!title || !content) {
-        return std::unexpected(missingFields);
+    if (!title) {
+        return missing(Key::title);
+    }
+    if (!content) {
+        return missing(Key::note);
     }
     return ImportedNote{
         std::nullopt, // color

@@ -15,7 +15,8 @@ public:
 
     /// @throws PIFParsingError  the file cannot be read or a record is not JSON
     /// @throws JSONError        strange lines made something else of the records
-    [[nodiscard]] static JSONRecords read(const URL& url, ImportMemory& memory);
+    [[nodiscard]] static JSONRecords read(const ExportFile& file, ImportMemory& memory,
+                                          Reporter* reporter = nullptr);
 
     [[nodiscard]] static bool isPassword(const RawRecord& record) noexcept;
 

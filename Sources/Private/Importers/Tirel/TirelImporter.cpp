@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "Private/Extensions/String.hpp"
+#include "Private/Importers/FileReports.hpp"
 #include "Private/Proxies/JSONFileProxy.hpp"
 
 namespace Rellinor {
@@ -13,7 +14,8 @@ namespace {
 
 using Key = TirelRecordKey;
 
-constexpr std::string_view missingFields = "Record did not contain required fields";
+/// The file's shape keeps every record from lacking a field.
+constexpr Dropped missingFields{.reason = LeftOutReason::missingField, .field = {}};
 
 std::optional<std::string_view> textOf(const TirelRecord& record, Key key) noexcept {
     const auto value = record[key];
@@ -27,10 +29,12 @@ std::optional<std::int64_t> integerOf(const TirelRecord& record, Key key) noexce
 
 } // namespace
 
-TirelExportFile TirelImporter::read(const URL& url, ImportMemory& memory) {
-    JSONFileProxy file(url, memory);
-    auto data = file.containerObject<TirelExportFile>();
+TirelExportFile TirelImporter::read(const ExportFile& file, ImportMemory& memory,
+                                    Reporter* reporter) {
+    JSONFileProxy proxy(file, memory, largestFileFor(reporter));
+    auto data = proxy.containerObject<TirelExportFile>();
     if (!data) {
+        reportFailure(proxy, reporter);
         throw TextError("The provided JSON file has an unexpected format");
     }
     return *std::move(data);

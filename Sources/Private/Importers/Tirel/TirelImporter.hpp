@@ -13,7 +13,8 @@ public:
     static constexpr RecordKinds kinds{.passwords = true, .notes = true, .cards = true};
 
     /// @throws TextError  the file cannot be read, is not JSON, or is not of the export's shape
-    [[nodiscard]] static TirelExportFile read(const URL& url, ImportMemory& memory);
+    [[nodiscard]] static TirelExportFile read(const ExportFile& file, ImportMemory& memory,
+                                              Reporter* reporter = nullptr);
 
     // Told by the presence of a key, whatever its value.
 

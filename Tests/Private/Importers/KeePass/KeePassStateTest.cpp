@@ -75,12 +75,8 @@ protected:
 
     /// Takes one step and compares the outcome with that of a fresh importer.
     void take(std::size_t step, ImporterSlots& slots) const {
-        int calls = 0;
-        slots.records(_urls[step], steps.at(step).source, [&](const RecordsResult& result) {
-            ++calls;
-            EXPECT_EQ(copyOf(result), _expected[step]) << steps.at(step).name;
-        });
-        EXPECT_EQ(calls, 1);
+        const Assembled result = slots.read(_urls[step], steps.at(step).source, nullptr);
+        EXPECT_EQ(copyOf(result.records), _expected[step]) << steps.at(step).name;
     }
 
     [[nodiscard]] const std::vector<Outcome>& expected() const { return _expected; }
@@ -141,11 +137,11 @@ TEST(KeePassImporterStateTest, hasNoForkAtFirst) {
 
 TEST(KeePassImporterStateTest, bothSourcesShareOneImporter) {
     ImporterSlots slots;
-    const auto ignored = [](const RecordsResult& result) { EXPECT_FALSE(result); };
-    slots.records(URL::fileURLWithPath("/missing"), keePass, ignored);
+    const URL missing = URL::fileURLWithPath("/missing");
+    EXPECT_FALSE(slots.read(missing, keePass, nullptr).records);
     ASSERT_TRUE(slots.keePassImporter);
     const KeePassImporter* const importer = &*slots.keePassImporter;
-    slots.records(URL::fileURLWithPath("/missing"), keePassXC, ignored);
+    EXPECT_FALSE(slots.read(missing, keePassXC, nullptr).records);
     EXPECT_EQ(&*slots.keePassImporter, importer);
 }
 

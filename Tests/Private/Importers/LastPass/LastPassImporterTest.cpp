@@ -205,13 +205,13 @@ TEST(LastPassImporterTest, buildsEmptyTextsAndNoServiceFromMissingColumns) {
 }
 
 TEST(LastPassImporterTest, saysWhyARecordIsDropped) {
-    constexpr std::string_view message = "All the fileds appear to be empty";
+    constexpr Dropped empty{.reason = LeftOutReason::empty, .field = ""};
     EXPECT_EQ(LastPassImporter::buildPassword(
                   Record{{Key::url, ""}, {Key::username, ""}, {Key::password, ""}, {Key::name, ""}})
                   .error(),
-              message);
+              empty);
     EXPECT_EQ(LastPassImporter::buildNote(Record{{Key::name, ""}, {Key::extra, ""}}).error(),
-              message);
+              empty);
 }
 
 // The columns

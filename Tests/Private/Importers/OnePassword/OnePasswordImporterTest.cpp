@@ -433,7 +433,7 @@ protected:
     JSONObject record(std::string_view text) {
         std::ranges::transform(allOnePasswordRecordKeys, _keys.begin(),
                                [](OnePasswordRecordKey key) { return rawValue(key); });
-        _document = JSONDocument::parsed(text, _keys, _memory);
+        _document = JSONDocument::parsed(text, _keys, _memory).value();
         return _document.value().root().object().value();
     }
 
@@ -458,10 +458,13 @@ TEST_F(OnePasswordImporterRecordTest, tellsAKindByItsType) {
 }
 
 TEST_F(OnePasswordImporterRecordTest, saysWhyARecordIsDropped) {
-    constexpr std::string_view message = "Record did not contain expected fields";
-    EXPECT_EQ(OnePasswordImporter::buildPassword(record("{}")).error(), message);
-    EXPECT_EQ(OnePasswordImporter::buildNote(record("{}")).error(), message);
-    EXPECT_EQ(OnePasswordImporter::buildNote(record(R"({"title":"Wi-Fi"})")).error(), message);
+    const auto missing = [](std::string_view field) {
+        return Dropped{.reason = LeftOutReason::missingField, .field = field};
+    };
+    EXPECT_EQ(OnePasswordImporter::buildPassword(record("{}")).error(), missing("username"));
+    EXPECT_EQ(OnePasswordImporter::buildNote(record("{}")).error(), missing("title"));
+    EXPECT_EQ(OnePasswordImporter::buildNote(record(R"({"title":"Wi-Fi"})")).error(),
+              missing("notesPlain"));
 }
 
 // The names

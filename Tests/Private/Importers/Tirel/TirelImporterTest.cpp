@@ -272,25 +272,25 @@ class TirelImporterRecordTest : public testing::Test {
 protected:
     TirelRecord record(TirelRecordType type, const Members& entry) {
         _text = entry.text();
-        _document = JSONDocument::parsed(_text, namesOfTirelExportMembers, _memory);
+        _document = JSONDocument::parsed(_text, namesOfTirelExportMembers, _memory).value();
         return {type, _document.value().root().object().value()};
     }
 
-    std::expected<Password, std::string_view> password(const Members& entry) {
+    std::expected<Password, Dropped> password(const Members& entry) {
         return copied<Password>(TirelImporter::buildPassword(record(webPassword, entry)));
     }
 
-    std::expected<Note, std::string_view> note(const Members& entry) {
+    std::expected<Note, Dropped> note(const Members& entry) {
         return copied<Note>(TirelImporter::buildNote(record(secureNote, entry)));
     }
 
-    std::expected<Card, std::string_view> card(const Members& entry) {
+    std::expected<Card, Dropped> card(const Members& entry) {
         return copied<Card>(TirelImporter::buildCard(record(creditCard, entry)));
     }
 
 private:
     template <typename Copy>
-    static std::expected<Copy, std::string_view> copied(const auto& built) {
+    static std::expected<Copy, Dropped> copied(const auto& built) {
         if (!built) {
             return std::unexpected(built.error());
         }
@@ -302,7 +302,7 @@ private:
     std::optional<JSONDocument> _document;
 };
 
-constexpr std::string_view fieldsMissing = "Record did not contain required fields";
+constexpr Dropped fieldsMissing{.reason = LeftOutReason::missingField, .field = ""};
 
 TEST_F(TirelImporterRecordTest, tellsAPasswordByItsPassword) {
     EXPECT_TRUE(TirelImporter::isPassword(record(webPassword, aLogin())));

@@ -28,7 +28,7 @@ class TirelRecordTest : public testing::Test {
 protected:
     TirelRecord record(TirelRecordType type, const Members& entry) {
         _text = entry.text();
-        _document = JSONDocument::parsed(_text, namesOfTirelExportMembers, _memory);
+        _document = JSONDocument::parsed(_text, namesOfTirelExportMembers, _memory).value();
         return {type, _document.value().root().object().value()};
     }
 

@@ -1,0 +1,63 @@
+#include "Public/Extras.hpp"
+
+namespace Rellinor {
+
+namespace {
+
+std::span<const Extra> at(const std::vector<std::span<const Extra>>& list,
+                          std::size_t index) noexcept {
+    return index < list.size() ? list[index] : std::span<const Extra>();
+}
+
+} // namespace
+
+std::string_view identifier(ExtraKind kind) noexcept {
+    switch (kind) {
+        using enum ExtraKind;
+    case oneTimePassword:
+        return "oneTimePassword";
+    case furtherURL:
+        return "furtherURL";
+    case furtherUserName:
+        return "furtherUserName";
+    case email:
+        return "email";
+    case phone:
+        return "phone";
+    case folder:
+        return "folder";
+    case tag:
+        return "tag";
+    case favourite:
+        return "favourite";
+    case archived:
+        return "archived";
+    case createdAt:
+        return "createdAt";
+    case modifiedAt:
+        return "modifiedAt";
+    case lastUsedAt:
+        return "lastUsedAt";
+    case customText:
+        return "customText";
+    case customSecret:
+        return "customSecret";
+    case other:
+        return "other";
+    }
+    return {};
+}
+
+std::span<const Extra> Extras::ofPassword(std::size_t index) const noexcept {
+    return at(_passwords, index);
+}
+
+std::span<const Extra> Extras::ofNote(std::size_t index) const noexcept {
+    return at(_notes, index);
+}
+
+std::span<const Extra> Extras::ofCard(std::size_t index) const noexcept {
+    return at(_cards, index);
+}
+
+} // namespace Rellinor
