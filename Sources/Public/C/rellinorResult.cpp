@@ -10,10 +10,6 @@ namespace Rellinor {
 
 namespace {
 
-rellinor_text asC(std::optional<std::string_view> text) noexcept {
-    return text ? asC(*text) : rellinor_text{};
-}
-
 rellinor_text textAt(std::size_t index, const auto& records, auto field) noexcept {
     return index < records.size() ? asC(std::invoke(field, *records[index])) : rellinor_text{};
 }

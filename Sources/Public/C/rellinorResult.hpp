@@ -75,4 +75,9 @@ inline constexpr NSError unavailableSource = {"Rellinor.UnavailableSourceError",
     return {.data = text.data() == nullptr ? "" : text.data(), .length = text.size()};
 }
 
+/// A text that may be absent.
+[[nodiscard]] inline rellinor_text asC(std::optional<std::string_view> text) noexcept {
+    return text ? asC(*text) : rellinor_text{};
+}
+
 } // namespace Rellinor
