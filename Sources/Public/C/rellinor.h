@@ -35,6 +35,8 @@
 #define RELLINOR_NULLABLE
 #endif
 
+// NOLINTBEGIN(cppcoreguidelines-macro-usage,bugprone-macro-parentheses): C has nothing else
+
 /// Begins an enumeration. Each is 32 bits wide, of any value, and a number keeps its meaning for
 /// ever.
 #if defined(__cplusplus) || defined(__clang__)
@@ -50,6 +52,8 @@
 
 /// The version of this header.
 #define RELLINOR_VERSION "0.1.0"
+
+// NOLINTEND(cppcoreguidelines-macro-usage,bugprone-macro-parentheses)
 
 #ifdef __cplusplus
 extern "C" {
