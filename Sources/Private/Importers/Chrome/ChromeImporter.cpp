@@ -4,6 +4,7 @@
 #include <span>
 #include <string_view>
 
+#include "Private/Errors/ReadError.hpp"
 #include "Private/Importers/Chrome/ChromeRecord.hpp"
 #include "Private/Proxies/SQLiteFileProxy.hpp"
 #include "Private/Text/Base64.hpp"
@@ -43,7 +44,10 @@ std::string ChromeImporter::statement() {
 
 SQLiteRows ChromeImporter::read(const ExportFile& file, ImportMemory& memory,
                                 Reporter* /*reporter*/) {
-    return SQLiteFileProxy(std::string(file.name()), memory).select(statement());
+    if (!file.url()) {
+        throw ReadError(FailureReason::notRead); // a name of what is in memory is no path
+    }
+    return SQLiteFileProxy(std::string(file.url()->path()), memory).select(statement());
 }
 
 Built<ImportedPassword> ChromeImporter::buildPassword(const RawRecord& record) {
