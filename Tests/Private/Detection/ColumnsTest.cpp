@@ -52,7 +52,7 @@ const std::vector<KnownHeader>& headers() {
         {"Title,Url,Username,Password,OTPAuth,Favorite,Archived,Tags,Notes",
          layoutFound("1password8-csv")},
         {"Title,Username,Password,URL,Notes,Type", layoutFound("1password7-mac-csv", likely)},
-        {R"(,"auth method","cardholder name(cardholder)","number(ccnum)","Notes","Password",)"
+        {R"(,"auth method",cardholder name(cardholder),number(ccnum),"Notes","Password",)"
          R"("Scope","Tags","Title","Type","URL","Username",)",
          layoutFound("1password7-mac-csv")},
         {R"("UUID","TITLE","USERNAME","PASSWORD","URL","URLS","EMAIL","MASTER-PASSWORD",)"
@@ -245,10 +245,17 @@ TEST(ColumnsTest, knowsNoOtherTable) {
 TEST(ColumnsTest, endsAtHeadersThatNobodyWrites) {
     const std::string cells = std::string(1'000'000, ',');
     const std::string quotes(65'536, '"');
-    for (const std::string& text :
-         {cells, std::string(lastPass) + cells, quotes, "\"" + std::string(lastPass),
-          "\"a\"b," + std::string(lastPass), std::string(1'000'000, '\0'),
-          std::string(100'000, '\n') + std::string(lastPass), "sep=,", "sep=", "sep=\n\n"}) {
+    const std::vector<std::string> texts = {cells,
+                                            std::string(lastPass) + cells,
+                                            quotes,
+                                            "\"" + std::string(lastPass),
+                                            "\"a\"b," + std::string(lastPass),
+                                            std::string(1'000'000, '\0'),
+                                            std::string(100'000, '\n') + std::string(lastPass),
+                                            "sep=,",
+                                            "sep=",
+                                            "sep=\n\n"};
+    for (const std::string& text : texts) {
         EXPECT_EQ(detected(text).layout, "") << text.substr(0, 20);
     }
     EXPECT_EQ(detected(std::string(lastPass) + "\n" + quotes + cells),

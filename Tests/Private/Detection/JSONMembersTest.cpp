@@ -67,7 +67,8 @@ TEST(JSONMembersTest, needsTheMembersInTheirPlaces) {
     for (const std::string_view text :
          {"{}", "[]", "[1,2]", "{", R"({"items":[],"folders":[]})", R"({"logins":[]})",
           R"({"logins":[],"notes":[]})", R"({"logins":[],"notes":[],"cards":{}})",
-          R"([{"logins":[],"notes":[],"cards":[]}])", R"({"a":{"logins":[],"notes":[],"cards":[]}})",
+          R"([{"logins":[],"notes":[],"cards":[]}])",
+          R"({"a":{"logins":[],"notes":[],"cards":[]}})",
           R"([{"logins":1},[],{"notes":1},[],{"cards":1},[]])",
           R"({"Logins":[],"notes":[],"cards":[]})", R"({"accounts":[],"vaults":[]})",
           R"({"accounts":{"vaults":[]}})", R"({"records":[[{"$type":1}]]})",
