@@ -8,8 +8,8 @@
 
 namespace Rellinor {
 
-/// What can be made of a JSON document: it names the members that it needs, and is absent if the
-/// document does not have its shape.
+/// What can be made of a JSON document: it names the members that it needs, perhaps how much else,
+/// and is absent if the document does not have its shape.
 template <typename Type>
 concept JSONDecodable = requires(JSONDocument document) {
     { Type::keys } -> std::convertible_to<JSONKeys>;
@@ -27,7 +27,11 @@ public:
     /// @throws std::bad_alloc
     template <JSONDecodable Type>
     [[nodiscard]] std::optional<Type> containerObject() {
-        auto parsed = document(Type::keys);
+        JSONExtent extent = JSONExtent::listsOfObjects;
+        if constexpr (requires { Type::extent; }) {
+            extent = Type::extent;
+        }
+        auto parsed = document(Type::keys, extent);
         return parsed ? Type::decoded(*std::move(parsed)) : std::nullopt;
     }
 
@@ -36,7 +40,8 @@ protected:
     ~JSONFileProxyType() = default;
 
     /// The file's document; absent if the file cannot be read or is not JSON.
-    [[nodiscard]] virtual std::optional<JSONDocument> document(JSONKeys keys) = 0;
+    [[nodiscard]] virtual std::optional<JSONDocument> document(JSONKeys keys,
+                                                               JSONExtent extent) = 0;
 };
 
 } // namespace Rellinor
