@@ -53,23 +53,6 @@ private:
 /// Whole exports that hold more than is known, or less than could be.
 [[nodiscard]] std::vector<std::string> acceptedTirelExports();
 
-inline constexpr std::array allTirelRecordKeys = {
-    TirelRecordKey::expirationDay,
-    TirelRecordKey::expirationMonth,
-    TirelRecordKey::expirationYear,
-    TirelRecordKey::cardNumber,
-    TirelRecordKey::color,
-    TirelRecordKey::custName,
-    TirelRecordKey::cvv,
-    TirelRecordKey::holderName,
-    TirelRecordKey::label,
-    TirelRecordKey::note,
-    TirelRecordKey::url,
-    TirelRecordKey::username,
-    TirelRecordKey::password,
-    TirelRecordKey::pin,
-    TirelRecordKey::pwdChange,
-    TirelRecordKey::text,
-};
+inline constexpr auto allTirelRecordKeys = keysUpTo<TirelRecordKey::text>();
 
 } // namespace Rellinor::Tests

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "Platform/Fault.hpp"
+#include "Private/Proxies/RecordKey.hpp"
 
 namespace Rellinor {
 
@@ -15,25 +15,17 @@ enum class EncryptedKeys : std::uint8_t {
     password,
 };
 
-/// All of them, in their order.
-inline constexpr auto allEncryptedKeys = std::array{
-    EncryptedKeys::host,
-    EncryptedKeys::user,
-    EncryptedKeys::password,
-};
+/// Their names, in their order.
+inline constexpr auto namesOfEncryptedKeys = std::to_array<std::string_view>({
+    "hostname",
+    "encryptedUsername",
+    "encryptedPassword",
+});
+static_assert(namesOfEncryptedKeys.size() == indexOf(EncryptedKeys::password) + 1);
 
 /// The name of a field as it stands in the store.
 [[nodiscard]] constexpr std::string_view rawValue(EncryptedKeys key) noexcept {
-    switch (key) {
-        using enum EncryptedKeys;
-    case host:
-        return "hostname";
-    case user:
-        return "encryptedUsername";
-    case password:
-        return "encryptedPassword";
-    }
-    fault();
+    return namesOfEncryptedKeys[indexOf(key)];
 }
 
 /// A login with all its fields. User name and password are as they were stored, encrypted.

@@ -52,9 +52,9 @@ EncryptedLogins fetchEncryptedLoginsFromSQLite(const URL& file, ImportMemory& me
 
 std::string FirefoxImporter::statement() {
     std::string columns;
-    for (const EncryptedKeys key : allEncryptedKeys) {
+    for (const std::string_view name : namesOfEncryptedKeys) {
         columns += columns.empty() ? "" : ", ";
-        columns += rawValue(key);
+        columns += name;
     }
     return "SELECT " + columns + " FROM moz_logins";
 }

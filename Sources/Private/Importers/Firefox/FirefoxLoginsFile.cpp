@@ -9,9 +9,9 @@ namespace Rellinor {
 
 namespace {
 
-constexpr auto keptMembers = namesOf(allEncryptedKeys, "logins");
+constexpr auto keptMembers = withOneMore(namesOfEncryptedKeys, "logins");
 
-constexpr std::size_t keyOfLogins = allEncryptedKeys.size();
+constexpr std::size_t keyOfLogins = namesOfEncryptedKeys.size();
 
 } // namespace
 

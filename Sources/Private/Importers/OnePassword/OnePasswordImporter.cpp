@@ -18,7 +18,7 @@ constexpr std::string_view keyOfRecords = "records";
 constexpr std::string_view missingFields = "Record did not contain expected fields";
 
 /// The members that are kept: those of the records, in their order, and the list of them.
-constexpr auto keptMembers = namesOf(allOnePasswordRecordKeys, keyOfRecords);
+constexpr auto keptMembers = withOneMore(namesOfOnePasswordRecordKeys, keyOfRecords);
 
 /// A list of dictionaries in the secure contents.
 std::optional<JSONObjects> listOf(const std::optional<JSONObject>& secureContents,

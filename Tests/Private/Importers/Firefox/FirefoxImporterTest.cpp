@@ -12,6 +12,7 @@
 #include "Tests/Support/Database.hpp"
 #include "Tests/Support/Descriptors.hpp"
 #include "Tests/Support/Nobody.hpp"
+#include "Tests/Support/RecordKeys.hpp"
 #include "Tests/Support/Records.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 
@@ -317,19 +318,14 @@ TEST_F(FirefoxImporterTest, stopsForARecordThatLacksAKey) {
 }
 
 TEST(FirefoxRecordTest, namesTheKeysInOrder) {
-    EXPECT_EQ(rawValue(Key::hostname), "Hostname");
-    EXPECT_EQ(rawValue(Key::username), "Username");
-    EXPECT_EQ(rawValue(Key::password), "Password");
-    EXPECT_LT(Key::hostname, Key::username);
-    EXPECT_LT(Key::username, Key::password);
+    EXPECT_EQ(namesInOrder({Key::hostname, Key::username, Key::password}),
+              "Hostname|Username|Password|");
 }
 
 TEST(FirefoxRecordTest, namesTheStoredFieldsInOrder) {
-    std::string names;
-    for (const EncryptedKeys key : allEncryptedKeys) {
-        names += std::string(rawValue(key)) + ' ';
-    }
-    EXPECT_EQ(names, "hostname encryptedUsername encryptedPassword ");
+    using enum EncryptedKeys;
+    EXPECT_EQ(namesInOrder({host, user, password}),
+              "hostname|encryptedUsername|encryptedPassword|");
 }
 
 // Memory

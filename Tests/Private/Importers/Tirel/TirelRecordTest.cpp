@@ -13,6 +13,7 @@
 
 #include "Private/Importers/Tirel/TirelExportMember.hpp"
 #include "Private/Proxies/JSONDocument.hpp"
+#include "Tests/Support/RecordKeys.hpp"
 #include "Tests/Support/TirelExport.hpp"
 
 namespace Rellinor::Tests {
@@ -189,35 +190,12 @@ TEST_F(TirelRecordTest, anEmptyEntryHasNoKeys) {
 
 // The enumerations
 
-TEST(TirelRecordKeyTest, hasItsCasesInOrder) {
-    int ordinal = 0;
-    for (const TirelRecordKey key : allTirelRecordKeys) {
-        EXPECT_EQ(static_cast<int>(key), ordinal++);
-    }
-    EXPECT_EQ(ordinal, 16);
-}
-
-TEST(TirelRecordKeyTest, isNamedAsItIsSpelt) {
-    const std::vector<std::string_view> names = {"expirationDay",
-                                                 "expirationMonth",
-                                                 "expirationYear",
-                                                 "cardNumber",
-                                                 "color",
-                                                 "custName",
-                                                 "cvv",
-                                                 "holderName",
-                                                 "label",
-                                                 "note",
-                                                 "url",
-                                                 "username",
-                                                 "password",
-                                                 "pin",
-                                                 "pwdChange",
-                                                 "text"};
-    std::vector<std::string_view> found;
-    std::ranges::transform(allTirelRecordKeys, std::back_inserter(found),
-                           [](TirelRecordKey key) { return rawValue(key); });
-    EXPECT_EQ(found, names);
+TEST(TirelRecordKeyTest, namesItsCasesInOrder) {
+    EXPECT_EQ(
+        namesInOrder({expirationDay, expirationMonth, expirationYear, cardNumber, color, custName,
+                      cvv, holderName, label, note, url, username, password, pin, pwdChange, text}),
+        "expirationDay|expirationMonth|expirationYear|cardNumber|color|custName|cvv|"
+        "holderName|label|note|url|username|password|pin|pwdChange|text|");
 }
 
 TEST(TirelRecordKeyTest, isMadeOfItsName) {
@@ -238,13 +216,13 @@ TEST(TirelRecordTypeTest, hasItsCasesInOrder) {
     EXPECT_EQ(static_cast<int>(creditCard), 2);
 }
 
-TEST(TirelExportMemberTest, eachNameStandsAtThePlaceOfItsMember) {
-    std::size_t place = 0;
-    for (const std::string_view name : namesOfTirelExportMembers) {
-        EXPECT_EQ(rawValue(static_cast<TirelExportMember>(place)), name);
-        ++place;
-    }
-    EXPECT_EQ(place, static_cast<std::size_t>(TirelExportMember::year) + 1);
+TEST(TirelExportMemberTest, namesItsCasesInOrder) {
+    using enum TirelExportMember;
+    EXPECT_EQ(namesInOrder({logins,         notes, cards, color, custName,   loginName,  note, pwd,
+                            pwdChange,      url,   label, text,  cardNumber, holderName, cvv,  pin,
+                            expirationDate, day,   month, year}),
+              "logins|notes|cards|color|custName|loginName|note|pwd|pwdChange|url|label|text|"
+              "cardNumber|holderName|cvv|pin|expirationDate|day|month|year|");
 }
 
 } // namespace
