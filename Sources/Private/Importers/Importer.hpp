@@ -37,6 +37,9 @@ public:
     Importer(const Importer&) = delete;
     Importer& operator=(const Importer&) = delete;
 
+    /// More than an import takes of the stack.
+    static constexpr std::size_t stackOfImport = std::size_t{16} * 1024;
+
     /// Imports the file or folder at `url` and calls `onComplete` once, before it returns.
     void records(const URL& url, const RecordsCompletion& onComplete) {
         RecordsResult result = assembled(url);
@@ -62,9 +65,6 @@ private:
     friend Source;
     Importer() = default;
     ~Importer() = default;
-
-    /// More than an import takes of the stack.
-    static constexpr std::size_t stackOfImport = std::size_t{16} * 1024;
 
     // Kept out of line: what it had on the stack lies beyond the caller's end.
     [[gnu::noinline]] RecordsResult assembled(const URL& url) noexcept {

@@ -2,8 +2,10 @@
 
 #include <array>
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string_view>
+#include <variant>
 
 #include "Private/Importers/Tirel/TirelExportMember.hpp"
 #include "Private/Proxies/JSONValue.hpp"
@@ -65,6 +67,12 @@ enum class TirelRecordType : std::uint8_t {
     webPassword,
     secureNote,
     creditCard,
+};
+
+/// A raw record by the names of its keys, as `TirelExportData` gives it of an entry, whose texts it
+/// points into. An import has a `TirelRecord` instead, which costs no memory.
+struct TirelDictionary {
+    std::map<std::string_view, std::variant<std::string_view, std::int64_t>> values;
 };
 
 /// One entry of a Tirel export as a dictionary from key to text or integer; a view.

@@ -11,8 +11,10 @@
 
 #include <gtest/gtest.h>
 
+#include "Private/Importers/Tirel/TirelExportFile.hpp"
 #include "Private/Importers/Tirel/TirelExportMember.hpp"
 #include "Private/Proxies/JSONDocument.hpp"
+#include "Tests/Support/Affordable.hpp"
 #include "Tests/Support/RecordKeys.hpp"
 #include "Tests/Support/TirelExport.hpp"
 
@@ -185,6 +187,57 @@ TEST_F(TirelRecordTest, takesTheFirstOfTwoMembersOfOneName) {
 TEST_F(TirelRecordTest, anEmptyEntryHasNoKeys) {
     for (const TirelRecordType type : {webPassword, secureNote, creditCard}) {
         EXPECT_EQ(keys(type, Members{}), Keys{});
+    }
+}
+
+// Dictionaries
+
+/// A raw record as a dictionary.
+TirelDictionary dictionaryOf(const TirelRecord& record) {
+    TirelDictionary dictionary;
+    for (const TirelRecordKey key : allTirelRecordKeys) {
+        if (const auto text = textOf(record, key)) {
+            dictionary.values.emplace(rawValue(key), *text);
+        } else if (const auto integer = integerOf(record, key)) {
+            dictionary.values.emplace(rawValue(key), *integer);
+        }
+    }
+    return dictionary;
+}
+
+TEST(TirelDictionaryTest, holdsALoginByTheNamesOfItsKeys) {
+    using Values = decltype(TirelDictionary::values);
+    const TirelExportData::Password login(4, "Mail", "ann", "a note", "one", 5,
+                                          "https://a.example");
+    EXPECT_EQ(login.tirelRecord().values, (Values{{"username", "ann"},
+                                                  {"password", "one"},
+                                                  {"url", "https://a.example"},
+                                                  {"note", "a note"},
+                                                  {"color", 4},
+                                                  {"custName", "Mail"},
+                                                  {"pwdChange", 5}}));
+}
+
+TEST(TirelDictionaryTest, holdsWhatTheRecordOfAnImportHolds) {
+    for (std::uint64_t seed = 0; seed < affordable(3000U); ++seed) {
+        const TirelExportData data = randomTirelExportData(seed);
+        const std::string text = data.encode();
+        ImportMemory memory;
+        const auto file = TirelExportFile::decoded(
+            JSONDocument::parsed(text, TirelExportFile::keys, memory).value());
+        auto record = file.value().begin();
+        for (const TirelExportData::Password& login : data.logins) {
+            ASSERT_EQ(login.tirelRecord().values, dictionaryOf(*record).values) << seed;
+            ++record;
+        }
+        for (std::size_t notes = data.notes.size(); notes > 0; --notes) {
+            ++record; // which alone has no dictionary
+        }
+        for (const TirelExportData::Card& card : data.cards) {
+            ASSERT_EQ(card.tirelRecord().values, dictionaryOf(*record).values) << seed;
+            ++record;
+        }
+        ASSERT_EQ(record, TirelExportFile::end());
     }
 }
 
