@@ -115,27 +115,18 @@ void JSONWriter::appendEscaped(std::string_view text) {
 }
 
 void JSONWriter::appendEscape(std::int32_t codePoint) {
-    switch (codePoint) {
-    case '"':
-        return append(R"(\")");
-    case '\\':
-        return append(R"(\\)");
-    case '\b':
-        return append(R"(\b)");
-    case '\f':
-        return append(R"(\f)");
-    case '\n':
-        return append(R"(\n)");
-    case '\r':
-        return append(R"(\r)");
-    case '\t':
-        return append(R"(\t)");
-    default:
-        break;
-    }
+    constexpr std::string_view named = "\"\\\b\f\n\r\t";
+    constexpr std::string_view names = "\"\\bfnrt";
     constexpr std::string_view digits = "0123456789abcdef";
+
     const auto unit = static_cast<std::uint32_t>(codePoint); // none that is escaped needs two
-    append("\\u");
+    const auto name = unit < 0x80 ? named.find(static_cast<char>(unit)) : std::string_view::npos;
+    append("\\");
+    if (name != std::string_view::npos) {
+        append(names.substr(name, 1));
+        return;
+    }
+    append("u");
     for (const std::uint32_t shift : {12U, 8U, 4U, 0U}) {
         append(digits.substr(unit >> shift & 0xFU, 1));
     }

@@ -48,8 +48,8 @@ private:
     void appendEscape(std::int32_t codePoint);
 
     WipedBuffer _buffer;
-    std::size_t _size = 0;            // what of it is written
-    std::string_view _separator = ""; // between what was written last and another value or key
+    std::size_t _size = 0;       // what of it is written
+    std::string_view _separator; // between what was written last and another value or key
 };
 
 } // namespace Rellinor

@@ -85,7 +85,7 @@ std::size_t countOf(const TirelExportFile& file, bool (*isOfKind)(const TirelRec
     return static_cast<std::size_t>(std::ranges::count_if(file, isOfKind));
 }
 
-// Kept out of line: what it had on the stack lies beyond the caller's end.
+// Kept out of line: what it had on the stack lies beyond the caller's end, where it is wiped.
 [[gnu::noinline]] std::optional<TirelExportData> decoded(std::string_view text) {
     ImportMemory memory;
     text.remove_prefix(lengthOfByteOrderMark(text));
@@ -199,6 +199,13 @@ private:
     JSONWriter _json;
 };
 
+// Kept out of line, as what decodes is.
+[[gnu::noinline]] std::string encoded(const TirelExportData& data) {
+    Encoder encoder;
+    encoder.write(data);
+    return std::string(encoder.written());
+}
+
 } // namespace
 
 std::optional<TirelExportData> TirelExportData::decode(std::string_view text) {
@@ -208,9 +215,9 @@ std::optional<TirelExportData> TirelExportData::decode(std::string_view text) {
 }
 
 std::string TirelExportData::encode() const {
-    Encoder encoder;
-    encoder.write(*this);
-    return std::string(encoder.written());
+    std::string text = encoded(*this);
+    wipeStack(TirelImporter::stackOfImport);
+    return text;
 }
 
 TirelDictionary TirelExportData::Password::tirelRecord() const {
