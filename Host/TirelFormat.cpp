@@ -63,6 +63,7 @@ void TirelFormat::write(std::string_view /*path*/, const ImportedRecords& record
 }
 
 void TirelFormat::finish(std::ostream& out) {
+    // Not by `encode`: that escapes characters which stand as they are in exports of this tool.
     // The data goes before the text comes, and the text is written as it arises.
     const json::value document = json::value_from(std::exchange(_data, {}));
     out << document << '\n';

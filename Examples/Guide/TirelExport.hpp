@@ -3,10 +3,6 @@
 #include <string>
 #include <string_view>
 
-#include <boost/json/serialize.hpp>
-#include <boost/json/value_from.hpp>
-
-#include <Rellinor/Models/TirelExportDataJSON.hpp>
 #include <Rellinor/Rellinor.hpp>
 
 /// The text of a Tirel export with all of these records.
@@ -31,5 +27,5 @@ inline std::string tirelExport(const Rellinor::ImportedRecords& records) {
             owned(card->cvv()), owned(card->pin()), owned(card->note()),
             ExpirationDate(card->expirationDay(), card->expirationMonth(), card->expirationYear()));
     }
-    return boost::json::serialize(boost::json::value_from(data));
+    return data.encode();
 }

@@ -1,19 +1,27 @@
 #include <algorithm>
 #include <condition_variable>
+#include <filesystem>
 #include <functional>
+#include <initializer_list>
 #include <mutex>
 #include <optional>
 #include <set>
 #include <span>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <tuple>
+#include <vector>
 
+#include <fcntl.h>
 #include <pthread.h>
+#include <sys/mman.h>
+#include <unistd.h>
 
 #include <Rellinor/Rellinor.hpp>
 #include <Rellinor/rellinor.h>
 #include <gtest/gtest.h>
+#include <sodium.h>
 
 #include "Tests/Memory/MemorySearch.hpp"
 #include "Tests/Memory/OwnMemory.hpp"
@@ -246,13 +254,94 @@ TEST_P(SecretsWithoutMemoryTest, areGoneWhenMemoryRunsOut) {
     expectNothing();
 }
 
+/// A file as a host may have it: mapped, so that its text is nowhere else.
+class MappedFile {
+public:
+    explicit MappedFile(const std::string& path) {
+        const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC); // NOLINT(*-vararg)
+        _size = std::filesystem::file_size(path);
+        _bytes = ::mmap(nullptr, _size, PROT_READ, MAP_PRIVATE, descriptor, 0);
+        ::close(descriptor);
+        if (_bytes == MAP_FAILED) {
+            throw std::runtime_error("no mapping");
+        }
+    }
+
+    ~MappedFile() { ::munmap(_bytes, _size); }
+
+    MappedFile(const MappedFile&) = delete;
+    MappedFile& operator=(const MappedFile&) = delete;
+
+    [[nodiscard]] std::string_view text() const {
+        return {static_cast<const char*>(_bytes), _size};
+    }
+
+private:
+    std::size_t _size = 0;
+    void* _bytes = nullptr;
+};
+
+/// Overwrites texts that may be changed, though nobody offers to.
+void overwrite(std::initializer_list<std::string_view> texts) {
+    for (const std::string_view text : texts) {
+        ::sodium_memzero(const_cast<char*>(text.data()), text.size()); // NOLINT(*-const-cast)
+    }
+}
+
+void overwrite(TirelExportData& data) {
+    for (const auto& login : data.logins) {
+        overwrite({login.custName().value_or(""), login.loginName(), login.note(), login.pwd(),
+                   login.url()});
+    }
+    for (const auto& note : data.notes) {
+        overwrite({note.label(), note.text()});
+    }
+    for (const auto& card : data.cards) {
+        overwrite({card.cardNumber(), card.custName(), card.holderName(), card.cvv(), card.pin(),
+                   card.note()});
+    }
+}
+
+/// A host that reads and writes a Tirel export by itself.
+class TirelSecretsTest : public SecretsTest {};
+
+TEST_P(TirelSecretsTest, areOnlyWhereTheHostCanOverwriteThem) {
+    const MappedFile file(_path);
+    std::optional<TirelExportData> data;
+    std::string text;
+    _thread.ask([&] {
+        data = TirelExportData::decode(file.text());
+        text = data ? data->encode() : "";
+    });
+    EXPECT_EQ(data.has_value(), store().fate == Fate::imported);
+    if (data) {
+        expectDelivered();
+        overwrite(*data);
+        overwrite({text});
+    }
+    expectNothing();
+}
+
 std::string nameOf(const testing::TestParamInfo<Parameter>& test) {
     return std::string(storeOf(test.param).name) + (std::get<bool>(test.param) ? "Large" : "");
+}
+
+std::vector<std::size_t> storesOfTirel() {
+    std::vector<std::size_t> places;
+    for (std::size_t place = 0; place < allStores().size(); ++place) {
+        if (allStores()[place].source == ImportSource::tirel) {
+            places.push_back(place);
+        }
+    }
+    return places;
 }
 
 const auto everyStore = testing::Range<std::size_t>(0, allStores().size());
 
 INSTANTIATE_TEST_SUITE_P(Each, SecretsTest, testing::Combine(everyStore, testing::Bool()), nameOf);
+INSTANTIATE_TEST_SUITE_P(Each, TirelSecretsTest,
+                         testing::Combine(testing::ValuesIn(storesOfTirel()), testing::Bool()),
+                         nameOf);
 INSTANTIATE_TEST_SUITE_P(Each, SecretsWithoutMemoryTest,
                          testing::Combine(everyStore, testing::Values(false)), nameOf);
 

@@ -125,7 +125,8 @@ constexpr Store stores[] = {
      .file = "export.json",
      .text =
          R"({"logins":[{"color":3,"custName":"<1n>","loginName":"<2>","note":"<3n:20000>",)"
-         R"("pwd":"<4u>","pwdChange":5,"url":"<5:8>","<101n>":"<102n:5000>"}],)"
+         R"("pwd":"<4u>","pwdChange":5,"url":"<5:8>","<101n>":"<102n:5000>"},)"
+         R"({"color":3,"loginName":"<14>","note":"","pwd":"<15:8>","url":""}],)"
          R"("notes":[{"color":3,"label":"<6u:64>","text":"<7:300>"}],)"
          R"("cards":[{"cardNumber":"<8n>","custName":"<9>","holderName":"<10>","cvv":"<11u:8>",)"
          R"("pin":"<12>","note":"<13n>","expirationDate":{"day":1,"month":2,"year":3},)"

@@ -111,6 +111,7 @@ constexpr std::array integers = {
 };
 
 constexpr std::array longIntegers = {
+    JSONInteger{"9007199254740993.0", 9007199254740993},
     JSONInteger{"9223372036854775807.0", Limits::max()},
     JSONInteger{"922337203685477580.7e1", Limits::max()},
     JSONInteger{"9223372036854775807000e-3", Limits::max()},

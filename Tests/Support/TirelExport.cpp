@@ -1,8 +1,13 @@
 #include "Tests/Support/TirelExport.hpp"
 
 #include <algorithm>
+#include <array>
+#include <limits>
+#include <optional>
+#include <utility>
 
 #include "Tests/Support/JSONTexts.hpp"
+#include "Tests/Support/RandomText.hpp"
 
 namespace Rellinor::Tests {
 
@@ -22,6 +27,75 @@ void addBroken(std::vector<std::string>& exports, std::string (*exportOf)(const 
     for (const std::string_view value : otherValues) {
         exports.push_back(exportOf(entry.with(name, value)));
     }
+}
+
+/// Draws data from a seed.
+class RandomData {
+public:
+    explicit RandomData(std::uint64_t seed) : _random(seed) {}
+
+    TirelExportData data() {
+        TirelExportData data;
+        for (std::size_t count = _random.below(5); count > 0; --count) {
+            data.logins.emplace_back(integer(), perhaps(text()), text(), text(), text(),
+                                     perhaps(integer()), text());
+        }
+        for (std::size_t count = _random.below(5); count > 0; --count) {
+            data.notes.emplace_back(integer(), text(), text());
+        }
+        for (std::size_t count = _random.below(5); count > 0; --count) {
+            data.cards.emplace_back(
+                text(), text(), text(), text(), text(), text(),
+                TirelExportData::Card::ExpirationDate(integer(), integer(), integer()));
+        }
+        return data;
+    }
+
+private:
+    template <typename Value>
+    std::optional<Value> perhaps(Value value) {
+        return _random.below(3) == 0 ? std::nullopt : std::optional(std::move(value));
+    }
+
+    std::string text() {
+        using namespace std::string_view_literals;
+        static constexpr std::array pieces = {
+            "a"sv,      "Z"sv,      " "sv,       "\t"sv,     "\n"sv,         "\r\n"sv,
+            "\0"sv,     "\x01"sv,   "\x1F"sv,    "\x7F"sv,   "\""sv,         "\\"sv,
+            "/"sv,      "{"sv,      "}"sv,       "["sv,      "]"sv,          ","sv,
+            ":"sv,      "null"sv,   "\\u0041"sv, "\u00E9"sv, "e\u0301"sv,    "\u6F22"sv,
+            "\u2028"sv, "\u202E"sv, "\uFEFF"sv,  "\uFFFF"sv, "\U0001F511"sv, "\U0010FFFF"sv,
+            "\u0080"sv,
+        };
+        std::string text = _random.of(pieces, 12);
+        if (_random.below(200) == 0) { // longer than any buffer of a parser
+            text.insert(0, 5000 + _random.below(5000), 'x');
+        }
+        return text;
+    }
+
+    std::int64_t integer() {
+        using Limits = std::numeric_limits<std::int64_t>;
+        static constexpr std::array<std::int64_t, 10> integers = {
+            0,
+            1,
+            -1,
+            1700000000,
+            9007199254740993, // 2 to the 53rd, and 1
+            -9007199254740993,
+            Limits::max(),
+            Limits::max() - 1,
+            Limits::min(),
+            Limits::min() + 1,
+        };
+        return integers.at(_random.below(integers.size()));
+    }
+
+    RandomText _random;
+};
+
+std::optional<std::string> owned(std::optional<std::string_view> text) {
+    return text.transform([](std::string_view view) { return std::string(view); });
 }
 
 } // namespace
@@ -182,6 +256,46 @@ std::vector<std::string> acceptedTirelExports() {
         exports.push_back(exportOfDate(aDate().with("hour", unknown)));
     }
     return exports;
+}
+
+Outcome outcomeOf(const TirelExportData& data) {
+    Outcome outcome;
+    for (const TirelExportData::Password& login : data.logins) {
+        outcome.passwords.push_back({
+            .username = std::string(login.loginName()),
+            .password = std::string(login.pwd()),
+            .url = std::string(login.url()),
+            .service = owned(login.custName()),
+            .color = login.color(),
+            .note = std::string(login.note()),
+            .pwdChange = login.pwdChange(),
+        });
+    }
+    for (const TirelExportData::Note& note : data.notes) {
+        outcome.notes.push_back({
+            .color = note.color(),
+            .title = std::string(note.label()),
+            .content = std::string(note.text()),
+        });
+    }
+    for (const TirelExportData::Card& card : data.cards) {
+        outcome.cards.push_back({
+            .cardNumber = std::string(card.cardNumber()),
+            .custName = std::string(card.custName()),
+            .holderName = std::string(card.holderName()),
+            .cvv = std::string(card.cvv()),
+            .pin = std::string(card.pin()),
+            .note = std::string(card.note()),
+            .expirationDay = card.expirationDate().day(),
+            .expirationMonth = card.expirationDate().month(),
+            .expirationYear = card.expirationDate().year(),
+        });
+    }
+    return outcome;
+}
+
+TirelExportData randomTirelExportData(std::uint64_t seed) {
+    return RandomData(seed).data();
 }
 
 } // namespace Rellinor::Tests

@@ -1,12 +1,16 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include <Rellinor/Models/TirelExportData.hpp>
+
 #include "Private/Importers/Tirel/TirelRecord.hpp"
+#include "Tests/Support/Records.hpp"
 
 namespace Rellinor::Tests {
 
@@ -53,23 +57,12 @@ private:
 /// Whole exports that hold more than is known, or less than could be.
 [[nodiscard]] std::vector<std::string> acceptedTirelExports();
 
-inline constexpr std::array allTirelRecordKeys = {
-    TirelRecordKey::expirationDay,
-    TirelRecordKey::expirationMonth,
-    TirelRecordKey::expirationYear,
-    TirelRecordKey::cardNumber,
-    TirelRecordKey::color,
-    TirelRecordKey::custName,
-    TirelRecordKey::cvv,
-    TirelRecordKey::holderName,
-    TirelRecordKey::label,
-    TirelRecordKey::note,
-    TirelRecordKey::url,
-    TirelRecordKey::username,
-    TirelRecordKey::password,
-    TirelRecordKey::pin,
-    TirelRecordKey::pwdChange,
-    TirelRecordKey::text,
-};
+/// What an import of these data gives.
+[[nodiscard]] Outcome outcomeOf(const TirelExportData& data);
+
+/// Random data: texts of whatever JSON escapes or Unicode has, integers of all sizes.
+[[nodiscard]] TirelExportData randomTirelExportData(std::uint64_t seed);
+
+inline constexpr auto allTirelRecordKeys = keysUpTo<TirelRecordKey::text>();
 
 } // namespace Rellinor::Tests

@@ -228,11 +228,12 @@ template <Importer Source>
     }
 }
 
+/// More than an import takes of the stack.
+inline constexpr std::size_t stackOfImport = std::size_t{16} * 1024;
+
 /// Reads a file and leaves nothing of it on the stack.
 template <Importer Source>
 Assembled readWith(Source& source, const ExportFile& file, Reporter* reporter) {
-    constexpr std::size_t stackOfImport = std::size_t{16} * 1024; // more than an import takes
-
     Assembled result = assembled(source, file, reporter);
     wipeStack(stackOfImport);
     return result;

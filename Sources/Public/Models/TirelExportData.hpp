@@ -8,18 +8,48 @@
 #include <utility>
 #include <vector>
 
+#include <Rellinor/Export.hpp>
+
 namespace Rellinor {
+
+struct TirelDictionary;
 
 /// The content of a Tirel export file: one JSON object with a list of logins, one of secure notes
 /// and one of payment cards. The members of each object bear the names of its fields, which
 /// `CodingKeys` lists.
 ///
-/// A host that writes such a file fills the lists and hands the value to its JSON library;
-/// <Rellinor/Models/TirelExportDataJSON.hpp> teaches Boost.JSON to write and read it. All texts are
-/// UTF-8, in ordinary strings, which nobody wipes: let the value go soon.
+/// A host that writes such a file fills the lists and calls `encode`; `decode` reads one. For a
+/// host whose JSON is Boost's there is <Rellinor/Models/TirelExportDataJSON.hpp>.
+///
+/// All texts are UTF-8, in ordinary strings, which nobody wipes: let the value go soon.
 struct TirelExportData {
     /// Three empty lists, to be filled.
     TirelExportData() = default;
+
+    /// What a file with this text holds. Absent if an import would fail: if the text is not JSON in
+    /// strict UTF-8, is nested more than 512 deep, or lacks a member, or has one of another type.
+    ///
+    /// One byte-order mark at the beginning is dropped, members of other names are passed over, and
+    /// of those of one name the first counts. In an optional member null means absent. An integer
+    /// may be spelt 1.0 or 1e3; its digits count, all of them.
+    ///
+    /// What is read on the way is wiped. The text and the value remain for the host to let go.
+    ///
+    /// @throws std::bad_alloc
+    [[nodiscard]] RELLINOR_PUBLIC static std::optional<TirelExportData>
+    decode(std::string_view text);
+
+    /// The text of the file: JSON on one line, with all members in the order of their
+    /// `CodingKeys`, but those that are absent. `decode` gives the same value again.
+    ///
+    /// What is not UTF-8 in a text becomes U+FFFD: one for each longest beginning of a code point,
+    /// and one for each byte that begins none. Control characters, line separators and the controls
+    /// of bidirectional writing are escaped, so that the file may be looked at.
+    ///
+    /// The string is an ordinary one, for the host to wipe. No other copy is left.
+    ///
+    /// @throws std::bad_alloc
+    [[nodiscard]] RELLINOR_PUBLIC std::string encode() const;
 
     /// The members of the file, in their order.
     enum class CodingKeys : std::uint8_t { logins, notes, cards };
@@ -68,6 +98,11 @@ struct TirelExportData {
 
         /// Address of the site or service.
         [[nodiscard]] std::string_view url() const noexcept { return _url; }
+
+        /// @cond
+        // Not for hosts: what the importers make records of. Its texts are views of the login.
+        [[nodiscard]] TirelDictionary tirelRecord() const;
+        /// @endcond
 
     private:
         std::int64_t _color;
@@ -172,6 +207,11 @@ struct TirelExportData {
         [[nodiscard]] const ExpirationDate& expirationDate() const noexcept {
             return _expirationDate;
         }
+
+        /// @cond
+        // Not for hosts: what the importers make records of. Its texts are views of the card.
+        [[nodiscard]] TirelDictionary tirelRecord() const;
+        /// @endcond
 
     private:
         std::string _cardNumber;

@@ -1,12 +1,21 @@
 /// @file
-/// Teaches Boost.JSON to write and to read a `TirelExportData`:
+/// Teaches Boost.JSON to write and to read a `TirelExportData`, for a host that has Boost.JSON
+/// anyway:
 ///
 ///     std::string text = boost::json::serialize(boost::json::value_from(data));
 ///     auto data = boost::json::value_to<Rellinor::TirelExportData>(boost::json::parse(text));
 ///
-/// Writing leaves out what is absent. Reading takes null for absent, passes over members that it
-/// does not know, counts 1.0 and 1e3 as integers, and otherwise throws, or fails with
-/// `boost::json::try_value_to`, at the first member that is missing or of another type.
+/// What `TirelExportData::encode` writes is read as the same value, and what is written here is
+/// decoded as the same. Reading throws, or fails with `boost::json::try_value_to`, where `decode`
+/// gives nothing, but for what Boost.JSON itself sees in another way:
+///
+/// - An integer with a point or an exponent is a floating-point number there, with 53 bits:
+///   9007199254740993.0 becomes 9007199254740992, 9223372036854775807.0 is refused, and
+///   1.00000000000000000001 becomes 1, which `decode` refuses.
+/// - Of members of one name the last counts, and not the first.
+/// - A byte-order mark is refused, and so is what is nested deeper than the host allows: 32 levels
+///   unless `boost::json::parse_options` say something else.
+/// - A text that is not UTF-8 is written as it is, and not repaired.
 ///
 /// This header alone needs Boost.JSON, version 1.81 or later.
 #pragma once

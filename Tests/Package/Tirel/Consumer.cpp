@@ -1,4 +1,5 @@
-// Brings the notes of a LastPass export into a Tirel export file, and reads that back.
+// Brings the notes of a LastPass export into a Tirel export file, and reads that back: through the
+// library, and through Boost.JSON.
 
 #include <cstdint>
 #include <iostream>
@@ -24,7 +25,9 @@ int main(int argc, char* argv[]) {
                          }
                      });
 
-    const std::string text = boost::json::serialize(boost::json::value_from(data));
+    const std::string text = data.encode();
     const auto read = boost::json::value_to<Rellinor::TirelExportData>(boost::json::parse(text));
-    std::cout << read.notes.size() << " notes in " << text << '\n';
+    const auto decoded =
+        Rellinor::TirelExportData::decode(boost::json::serialize(boost::json::value_from(read)));
+    std::cout << (decoded ? decoded->notes.size() : 0) << " notes in " << text << '\n';
 }

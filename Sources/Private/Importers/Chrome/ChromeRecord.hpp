@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "Platform/Fault.hpp"
+#include "Private/Proxies/RecordKey.hpp"
 
 namespace Rellinor {
 
@@ -15,26 +15,25 @@ enum class ChromeRecordKey : std::uint8_t {
     url,
 };
 
+/// Their names, in their order.
+inline constexpr auto namesOfChromeRecordKeys = std::to_array<std::string_view>({
+    "username_value",
+    "password_value",
+    "origin_url",
+});
+static_assert(namesOfChromeRecordKeys.size() == indexOf(ChromeRecordKey::url) + 1);
+
+/// The name of a column as it stands in the database.
+[[nodiscard]] constexpr std::string_view rawValue(ChromeRecordKey key) noexcept {
+    return namesOfChromeRecordKeys[indexOf(key)];
+}
+
 /// All of them, in the order in which they are selected.
 inline constexpr auto selectedChromeRecordKeys = std::array{
     ChromeRecordKey::username,
     ChromeRecordKey::url,
     ChromeRecordKey::password,
 };
-
-/// The name of a column as it stands in the database.
-[[nodiscard]] constexpr std::string_view rawValue(ChromeRecordKey key) noexcept {
-    switch (key) {
-        using enum ChromeRecordKey;
-    case username:
-        return "username_value";
-    case password:
-        return "password_value";
-    case url:
-        return "origin_url";
-    }
-    fault();
-}
 
 /// The kinds of row in the table: every one is a login.
 enum class ChromeRecordType : std::uint8_t {

@@ -9,15 +9,13 @@
 #include "Private/Extensions/String.hpp"
 #include "Private/Importers/DatabaseImports.hpp"
 #include "Private/Importers/FileReports.hpp"
-#include "Private/Importers/Firefox/FirefoxEncryptedRecord.hpp"
+#include "Private/Importers/Firefox/EncryptedKeys.hpp"
 #include "Private/Importers/Firefox/FirefoxLoginsFile.hpp"
 #include "Private/Proxies/JSONFileProxy.hpp"
 
 namespace Rellinor {
 
 namespace {
-
-using EncryptedLogins = std::vector<FirefoxEncryptedRecord>;
 
 /// A field of a login.
 struct Field {
@@ -35,22 +33,26 @@ Field fieldOf(const SQLiteRow& login, EncryptedKeys key) noexcept {
     return {.text = value.text(), .isThere = !value.isAbsent()};
 }
 
-/// The logins that have all of the fields. The others are told to the reporter, which may be null.
-EncryptedLogins mapFetched(const auto& encryptedLogins, Reporter* reporter) {
-    EncryptedLogins logins;
+/// The raw records of the logins that have all of the fields. The others are told to the reporter,
+/// which may be null.
+std::vector<FirefoxRecord> mapFetched(const auto& encryptedLogins, Reporter* reporter) {
+    using enum FirefoxRecordKey;
+    constexpr auto keys = keysUpTo<EncryptedKeys::password>();
+    constexpr auto recordKeys = std::array{hostname, username, password};
+    static_assert(recordKeys.size() == keys.size());
+
+    std::vector<FirefoxRecord> records;
     std::uint64_t number = 0;
     for (const auto& login : encryptedLogins) {
         ++number;
-        std::array<std::string_view, allEncryptedKeys.size()> texts;
-        const auto lacking = std::ranges::find_if(allEncryptedKeys, [&](EncryptedKeys key) {
+        FirefoxRecord record;
+        const auto lacking = std::ranges::find_if(keys, [&](EncryptedKeys key) {
             const auto text = fieldOf(login, key).text;
-            texts[indexOf(key)] = text.value_or("");
+            record.set(recordKeys.at(indexOf(key)), text.value_or(""));
             return !text;
         });
-        if (lacking == allEncryptedKeys.end()) {
-            logins.push_back({.host = texts[indexOf(EncryptedKeys::host)],
-                              .password = texts[indexOf(EncryptedKeys::password)],
-                              .username = texts[indexOf(EncryptedKeys::user)]});
+        if (lacking == keys.end()) {
+            records.push_back(record);
         } else if (reporter != nullptr) {
             reporter->beginRecord(number);
             reporter->leftOut(fieldOf(login, *lacking).isThere ? LeftOutReason::fieldOfOtherType
@@ -58,11 +60,11 @@ EncryptedLogins mapFetched(const auto& encryptedLogins, Reporter* reporter) {
                               rawValue(*lacking));
         }
     }
-    return logins;
+    return records;
 }
 
-EncryptedLogins fetchEncryptedLoginsFromJSON(const URL& file, ImportMemory& memory,
-                                             Reporter* reporter) {
+std::vector<FirefoxRecord> fetchEncryptedLoginsFromJSON(const URL& file, ImportMemory& memory,
+                                                        Reporter* reporter) {
     JSONFileProxy proxy(file, memory, largestFileFor(reporter));
     const auto logins = proxy.containerObject<FirefoxLoginsFile>();
     if (!logins) {
@@ -72,8 +74,8 @@ EncryptedLogins fetchEncryptedLoginsFromJSON(const URL& file, ImportMemory& memo
     return mapFetched(*logins, reporter);
 }
 
-EncryptedLogins fetchEncryptedLoginsFromSQLite(const URL& file, ImportMemory& memory,
-                                               Reporter* reporter) {
+std::vector<FirefoxRecord> fetchEncryptedLoginsFromSQLite(const URL& file, ImportMemory& memory,
+                                                          Reporter* reporter) {
     return mapFetched(rowsOfSource(file, FirefoxImporter::statement(), memory, reporter), reporter);
 }
 
@@ -81,9 +83,9 @@ EncryptedLogins fetchEncryptedLoginsFromSQLite(const URL& file, ImportMemory& me
 
 std::string FirefoxImporter::statement() {
     std::string columns;
-    for (const EncryptedKeys key : allEncryptedKeys) {
+    for (const std::string_view name : namesOfEncryptedKeys) {
         columns += columns.empty() ? "" : ", ";
-        columns += rawValue(key);
+        columns += name;
     }
     return "SELECT " + columns + " FROM moz_logins";
 }
@@ -92,30 +94,20 @@ std::vector<FirefoxRecord> FirefoxImporter::read(const ExportFile& file, ImportM
                                                  Reporter* reporter) {
     const FirefoxImportMetaData& meta = _meta.emplace(
         file.url() ? FirefoxImportMetaData::of(*file.url()) : FirefoxImportMetaData());
-    EncryptedLogins logins;
     if (meta.logins) {
-        logins = fetchEncryptedLoginsFromJSON(*meta.logins, memory, reporter);
-    } else if (meta.signons) {
-        logins = fetchEncryptedLoginsFromSQLite(*meta.signons, memory, reporter);
-    } else {
-        // Quirk: the reason of a failure stays through later successes.
-        _failureReason = FirefoxImportFailureReason::invalidProfile;
-        if (reporter != nullptr) {
-            reporter->fail(FailureReason::noStore);
-        }
-        throw TextError(
-            "Failed to find logins.json or signons.sqlite for provided firefox profile folder " +
-            std::string(file.name()));
+        return fetchEncryptedLoginsFromJSON(*meta.logins, memory, reporter);
     }
-    std::vector<FirefoxRecord> records;
-    records.reserve(logins.size());
-    for (const FirefoxEncryptedRecord& login : logins) {
-        FirefoxRecord& record = records.emplace_back();
-        record.set(FirefoxRecordKey::username, login.username);
-        record.set(FirefoxRecordKey::password, login.password);
-        record.set(FirefoxRecordKey::hostname, login.host);
+    if (meta.signons) {
+        return fetchEncryptedLoginsFromSQLite(*meta.signons, memory, reporter);
     }
-    return records;
+    // Quirk: the reason of a failure stays through later successes.
+    _failureReason = FirefoxImportFailureReason::invalidProfile;
+    if (reporter != nullptr) {
+        reporter->fail(FailureReason::noStore);
+    }
+    throw TextError(
+        "Failed to find logins.json or signons.sqlite for provided firefox profile folder " +
+        std::string(file.name()));
 }
 
 Built<ImportedPassword> FirefoxImporter::buildPassword(const RawRecord& record) noexcept {

@@ -3,15 +3,15 @@
 #include <cstddef>
 #include <utility>
 
-#include "Private/Importers/Firefox/FirefoxEncryptedRecord.hpp"
+#include "Private/Importers/Firefox/EncryptedKeys.hpp"
 
 namespace Rellinor {
 
 namespace {
 
-constexpr auto keptMembers = namesOf(allEncryptedKeys, "logins");
+constexpr auto keptMembers = withOneMore(namesOfEncryptedKeys, "logins");
 
-constexpr std::size_t keyOfLogins = allEncryptedKeys.size();
+constexpr std::size_t keyOfLogins = namesOfEncryptedKeys.size();
 
 } // namespace
 

@@ -5,7 +5,6 @@
 #include <optional>
 #include <string_view>
 
-#include "Platform/Fault.hpp"
 #include "Private/Proxies/RecordKey.hpp"
 
 namespace Rellinor {
@@ -17,18 +16,17 @@ enum class FirefoxRecordKey : std::uint8_t {
     password,
 };
 
+/// Their names, in their order.
+inline constexpr auto namesOfFirefoxRecordKeys = std::to_array<std::string_view>({
+    "Hostname",
+    "Username",
+    "Password",
+});
+static_assert(namesOfFirefoxRecordKeys.size() == indexOf(FirefoxRecordKey::password) + 1);
+
 /// The name of a key.
 [[nodiscard]] constexpr std::string_view rawValue(FirefoxRecordKey key) noexcept {
-    switch (key) {
-        using enum FirefoxRecordKey;
-    case hostname:
-        return "Hostname";
-    case username:
-        return "Username";
-    case password:
-        return "Password";
-    }
-    fault();
+    return namesOfFirefoxRecordKeys[indexOf(key)];
 }
 
 /// One login as a dictionary from key to text, without owning the texts.
@@ -42,7 +40,7 @@ public:
     }
 
 private:
-    std::array<std::optional<std::string_view>, 3> _texts;
+    std::array<std::optional<std::string_view>, namesOfFirefoxRecordKeys.size()> _texts;
 };
 
 } // namespace Rellinor

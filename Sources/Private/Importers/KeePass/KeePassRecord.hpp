@@ -1,9 +1,10 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string_view>
 
-#include "Platform/Fault.hpp"
+#include "Private/Proxies/RecordKey.hpp"
 
 namespace Rellinor {
 
@@ -21,32 +22,24 @@ enum class KeePassRecordKey : std::uint8_t {
     notes,
 };
 
+/// Their names, in their order.
+inline constexpr auto namesOfKeePassRecordKeys = std::to_array<std::string_view>({
+    "Account",
+    "Login Name",
+    "Password",
+    "Web Site",
+    "Comments",
+    "Group",
+    "Title",
+    "Username",
+    "URL",
+    "Notes",
+});
+static_assert(namesOfKeePassRecordKeys.size() == indexOf(KeePassRecordKey::notes) + 1);
+
 /// The name of a column as it stands in the file.
 [[nodiscard]] constexpr std::string_view rawValue(KeePassRecordKey key) noexcept {
-    switch (key) {
-        using enum KeePassRecordKey;
-    case account:
-        return "Account";
-    case login:
-        return "Login Name";
-    case password:
-        return "Password";
-    case site:
-        return "Web Site";
-    case comments:
-        return "Comments";
-    case group:
-        return "Group";
-    case title:
-        return "Title";
-    case username:
-        return "Username";
-    case url:
-        return "URL";
-    case notes:
-        return "Notes";
-    }
-    fault();
+    return namesOfKeePassRecordKeys[indexOf(key)];
 }
 
 } // namespace Rellinor

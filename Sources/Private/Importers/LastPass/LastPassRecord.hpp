@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "Platform/Fault.hpp"
+#include "Private/Proxies/RecordKey.hpp"
 
 namespace Rellinor {
 
@@ -20,33 +21,24 @@ enum class LastPassRecordKey : std::uint8_t {
     favorite,
 };
 
-/// All columns, in their order.
-inline constexpr auto allLastPassRecordKeys = std::array{
-    LastPassRecordKey::url,      LastPassRecordKey::username, LastPassRecordKey::password,
-    LastPassRecordKey::extra,    LastPassRecordKey::name,     LastPassRecordKey::grouping,
-    LastPassRecordKey::favorite,
-};
+/// All of them, in their order.
+inline constexpr auto allLastPassRecordKeys = keysUpTo<LastPassRecordKey::favorite>();
+
+/// Their names, in their order.
+inline constexpr auto namesOfLastPassRecordKeys = std::to_array<std::string_view>({
+    "url",
+    "username",
+    "password",
+    "extra",
+    "name",
+    "grouping",
+    "fav",
+});
+static_assert(namesOfLastPassRecordKeys.size() == allLastPassRecordKeys.size());
 
 /// The name of a column as it stands in the file.
 [[nodiscard]] constexpr std::string_view rawValue(LastPassRecordKey key) noexcept {
-    switch (key) {
-        using enum LastPassRecordKey;
-    case url:
-        return "url";
-    case username:
-        return "username";
-    case password:
-        return "password";
-    case extra:
-        return "extra";
-    case name:
-        return "name";
-    case grouping:
-        return "grouping";
-    case favorite:
-        return "fav";
-    }
-    fault();
+    return namesOfLastPassRecordKeys[indexOf(key)];
 }
 
 /// The kinds of row in a LastPass export.

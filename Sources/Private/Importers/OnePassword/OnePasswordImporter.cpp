@@ -22,7 +22,7 @@ std::unexpected<Dropped> missing(Key key) noexcept {
 }
 
 /// The members that are kept: those of the records, in their order, and the list of them.
-constexpr auto keptMembers = namesOf(allOnePasswordRecordKeys, keyOfRecords);
+constexpr auto keptMembers = withOneMore(namesOfOnePasswordRecordKeys, keyOfRecords);
 
 /// A list of dictionaries in the secure contents.
 std::optional<JSONObjects> listOf(const std::optional<JSONObject>& secureContents,

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "Platform/Fault.hpp"
+#include "Private/Proxies/RecordKey.hpp"
 
 namespace Rellinor {
 
@@ -21,30 +21,24 @@ enum class OnePasswordRecordType : std::uint8_t {
     secureNote,
 };
 
+/// Their names, in their order.
+inline constexpr auto namesOfOnePasswordRecordTypes = std::to_array<std::string_view>({
+    "identities.Identity",
+    "system.folder.Regular",
+    "wallet.computer.License",
+    "wallet.financial.CreditCard",
+    "wallet.government.DriversLicense",
+    "wallet.membership.RewardProgram",
+    "passwords.Password",
+    "webforms.WebForm",
+    "securenotes.SecureNote",
+});
+static_assert(namesOfOnePasswordRecordTypes.size() ==
+              indexOf(OnePasswordRecordType::secureNote) + 1);
+
 /// The name of a kind as it stands in the file.
 [[nodiscard]] constexpr std::string_view rawValue(OnePasswordRecordType type) noexcept {
-    switch (type) {
-        using enum OnePasswordRecordType;
-    case identity:
-        return "identities.Identity";
-    case regular:
-        return "system.folder.Regular";
-    case license:
-        return "wallet.computer.License";
-    case creditCard:
-        return "wallet.financial.CreditCard";
-    case driversLicense:
-        return "wallet.government.DriversLicense";
-    case rewardProgram:
-        return "wallet.membership.RewardProgram";
-    case password:
-        return "passwords.Password";
-    case webForm:
-        return "webforms.WebForm";
-    case secureNote:
-        return "securenotes.SecureNote";
-    }
-    fault();
+    return namesOfOnePasswordRecordTypes[indexOf(type)];
 }
 
 /// The names that are looked for in a record: of members, and of fields by their "designation".
@@ -62,44 +56,25 @@ enum class OnePasswordRecordKey : std::uint8_t {
     value,
 };
 
-/// All of them, in their order.
-inline constexpr auto allOnePasswordRecordKeys = std::array{
-    OnePasswordRecordKey::title,       OnePasswordRecordKey::url,
-    OnePasswordRecordKey::password,    OnePasswordRecordKey::username,
-    OnePasswordRecordKey::note,        OnePasswordRecordKey::type,
-    OnePasswordRecordKey::fields,      OnePasswordRecordKey::secureContents,
-    OnePasswordRecordKey::designation, OnePasswordRecordKey::urls,
-    OnePasswordRecordKey::value,
-};
+/// Their names, in their order.
+inline constexpr auto namesOfOnePasswordRecordKeys = std::to_array<std::string_view>({
+    "title",
+    "url",
+    "password",
+    "username",
+    "notesPlain",
+    "typeName",
+    "fields",
+    "secureContents",
+    "designation",
+    "URLs",
+    "value",
+});
+static_assert(namesOfOnePasswordRecordKeys.size() == indexOf(OnePasswordRecordKey::value) + 1);
 
 /// The name as it stands in the file.
 [[nodiscard]] constexpr std::string_view rawValue(OnePasswordRecordKey key) noexcept {
-    switch (key) {
-        using enum OnePasswordRecordKey;
-    case title:
-        return "title";
-    case url:
-        return "url";
-    case password:
-        return "password";
-    case username:
-        return "username";
-    case note:
-        return "notesPlain";
-    case type:
-        return "typeName";
-    case fields:
-        return "fields";
-    case secureContents:
-        return "secureContents";
-    case designation:
-        return "designation";
-    case urls:
-        return "URLs";
-    case value:
-        return "value";
-    }
-    fault();
+    return namesOfOnePasswordRecordKeys[indexOf(key)];
 }
 
 } // namespace Rellinor

@@ -14,11 +14,11 @@ namespace {
 using Member = TirelExportMember;
 using enum TirelRecordType;
 
-/// A member that an object has to have, and of which kind it is.
+/// A member of an object, and the kind that its value must have.
 struct Requirement {
     Member member = Member::logins;
     JSONKind kind = JSONKind::null;
-    bool isOptional = false; ///< may be missing or null
+    bool isOptional = false; ///< the member may be missing, or its value null
 };
 
 constexpr auto requirementsOfLogin = std::array{
@@ -53,24 +53,28 @@ constexpr auto requirementsOfExpirationDate = std::array{
     Requirement{.member = Member::year, .kind = JSONKind::integer},
 };
 
-/// What is required of the members of an object, to be checked in one walk over them.
+/// The requirements on one type of object.
+///
+/// A set of members is a word with one bit for each member, so that one walk over an object checks
+/// all requirements, in whatever order the members stand.
 class Shape {
 public:
     constexpr explicit Shape(std::span<const Requirement> requirements) noexcept {
         for (const Requirement& requirement : requirements) {
-            const auto member = std::to_underlying(requirement.member);
+            const std::size_t member = indexOf(requirement.member);
             _kinds[member] = requirement.kind;
             _known |= bitOf(member);
             _optional |= requirement.isOptional ? bitOf(member) : 0;
         }
     }
 
+    /// Whether an object meets all requirements. Of several members of one name the first counts.
     [[nodiscard]] bool fits(const JSONObject& object) const noexcept {
         std::uint32_t seen = 0;
         std::uint32_t fitting = _optional;
         object.forEach([&](std::size_t member, const JSONValue& value) {
             const std::uint32_t bit = bitOf(member);
-            const bool isFirst = (seen & bit) == 0; // of its name, so that it counts
+            const bool isFirst = (seen & bit) == 0; // of its name
             const bool isOfKind = value.kind() == _kinds[member];
             const bool isAbsent = value.isNull() && (_optional & bit) != 0;
             seen |= bit;
@@ -85,7 +89,8 @@ private:
 
     static_assert(namesOfTirelExportMembers.size() <= 32);
 
-    std::array<JSONKind, namesOfTirelExportMembers.size()> _kinds{};
+    std::array<JSONKind, namesOfTirelExportMembers.size()> _kinds{}; // by member
+    // Sets of members.
     std::uint32_t _known = 0;
     std::uint32_t _optional = 0;
 };
@@ -108,7 +113,8 @@ bool isCard(const JSONObject& entry) noexcept {
            shapeOfExpirationDate.fits(entry.object(Member::expirationDate).value());
 }
 
-/// The entries of a list; absent if it is not there, or an entry is of another shape.
+/// The entries of a list. Absent if the file has no such list, or if an entry of the list is not of
+/// the type.
 std::optional<JSONObjects> entriesOf(const JSONObject& top, Member list,
                                      bool (*isOfType)(const JSONObject&) noexcept) {
     const auto entries = top.objects(list);

@@ -13,15 +13,18 @@
 
 namespace Rellinor {
 
-/// What a `TirelExportData` holds, as it stands in a file, without a copy of any text: the raw
-/// records of the logins, then those of the notes, then those of the cards.
+/// A Tirel export as a range of raw records, in the order of the file: the logins, then the notes,
+/// then the cards. The records are views into the file's text.
+///
+/// The one reader of the format: an import builds its records from these, and
+/// `TirelExportData::decode` its entries.
 class TirelExportFile {
 public:
     /// The members that are kept of the file.
     static constexpr JSONKeys keys = namesOfTirelExportMembers;
 
-    /// Absent unless all three lists are there, and all entries have all that `TirelExportData`
-    /// requires of them, of the right type. What it does not know is passed over.
+    /// Absent if one of the three lists is missing, or if an entry lacks a member that
+    /// `TirelExportData` requires, or has one of another type. Other members are passed over.
     ///
     /// @throws std::bad_alloc
     [[nodiscard]] static std::optional<TirelExportFile> decoded(JSONDocument document);

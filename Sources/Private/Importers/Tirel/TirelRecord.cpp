@@ -1,7 +1,11 @@
 #include "Private/Importers/Tirel/TirelRecord.hpp"
 
+#include <algorithm>
 #include <array>
+#include <cstddef>
 #include <span>
+
+#include "Platform/Fault.hpp"
 
 namespace Rellinor {
 
@@ -52,7 +56,7 @@ using Keys = std::array<std::optional<Key>, namesOfTirelExportMembers.size()>;
 constexpr Keys keysOf(std::span<const Origin> origins) noexcept {
     Keys keys;
     for (const Origin& origin : origins) {
-        keys[std::to_underlying(origin.member)] = origin.key;
+        keys[indexOf(origin.member)] = origin.key;
     }
     return keys;
 }
@@ -66,7 +70,7 @@ constexpr Keys keysOfExpirationDate = keysOf(originsOfExpirationDate);
 void take(auto& values, const JSONObject& object, const Keys& keys) noexcept {
     object.forEach([&](std::size_t member, const JSONValue& value) {
         if (const auto key = keys[member]) {
-            JSONValue& taken = values[std::to_underlying(*key)];
+            JSONValue& taken = values[indexOf(*key)];
             taken = taken.isNowhere() ? value : taken;
         }
     });
@@ -75,13 +79,11 @@ void take(auto& values, const JSONObject& object, const Keys& keys) noexcept {
 } // namespace
 
 std::optional<TirelRecordKey> tirelRecordKeyOf(std::string_view rawValue) noexcept {
-    for (std::size_t ordinal = 0; ordinal < numberOfTirelRecordKeys; ++ordinal) {
-        const auto key = static_cast<TirelRecordKey>(ordinal);
-        if (Rellinor::rawValue(key) == rawValue) {
-            return key;
-        }
+    const auto found = std::ranges::find(namesOfTirelRecordKeys, rawValue);
+    if (found == namesOfTirelRecordKeys.end()) {
+        return std::nullopt;
     }
-    return std::nullopt;
+    return static_cast<TirelRecordKey>(found - namesOfTirelRecordKeys.begin());
 }
 
 TirelRecord::TirelRecord(TirelRecordType type, const JSONObject& entry) noexcept {

@@ -1,15 +1,15 @@
 #pragma once
 
 #include <array>
-#include <cstddef>
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string_view>
-#include <utility>
+#include <variant>
 
-#include "Platform/Fault.hpp"
 #include "Private/Importers/Tirel/TirelExportMember.hpp"
 #include "Private/Proxies/JSONValue.hpp"
+#include "Private/Proxies/RecordKey.hpp"
 
 namespace Rellinor {
 
@@ -33,48 +33,31 @@ enum class TirelRecordKey : std::uint8_t {
     text,
 };
 
+/// Their names, in their order.
+inline constexpr auto namesOfTirelRecordKeys = std::to_array<std::string_view>({
+    "expirationDay",
+    "expirationMonth",
+    "expirationYear",
+    "cardNumber",
+    "color",
+    "custName",
+    "cvv",
+    "holderName",
+    "label",
+    "note",
+    "url",
+    "username",
+    "password",
+    "pin",
+    "pwdChange",
+    "text",
+});
+static_assert(namesOfTirelRecordKeys.size() == indexOf(TirelRecordKey::text) + 1);
+
 /// The name of a key, which is not always that of the member it stands for.
 [[nodiscard]] constexpr std::string_view rawValue(TirelRecordKey key) noexcept {
-    switch (key) {
-        using enum TirelRecordKey;
-    case expirationDay:
-        return "expirationDay";
-    case expirationMonth:
-        return "expirationMonth";
-    case expirationYear:
-        return "expirationYear";
-    case cardNumber:
-        return "cardNumber";
-    case color:
-        return "color";
-    case custName:
-        return "custName";
-    case cvv:
-        return "cvv";
-    case holderName:
-        return "holderName";
-    case label:
-        return "label";
-    case note:
-        return "note";
-    case url:
-        return "url";
-    case username:
-        return "username";
-    case password:
-        return "password";
-    case pin:
-        return "pin";
-    case pwdChange:
-        return "pwdChange";
-    case text:
-        return "text";
-    }
-    fault();
+    return namesOfTirelRecordKeys[indexOf(key)];
 }
-
-inline constexpr std::size_t numberOfTirelRecordKeys =
-    std::size_t{std::to_underlying(TirelRecordKey::text)} + 1;
 
 /// The key of that name; absent if there is none.
 [[nodiscard]] std::optional<TirelRecordKey> tirelRecordKeyOf(std::string_view rawValue) noexcept;
@@ -86,6 +69,12 @@ enum class TirelRecordType : std::uint8_t {
     creditCard,
 };
 
+/// A raw record by the names of its keys, as `TirelExportData` gives it of an entry, whose texts it
+/// points into. An import has a `TirelRecord` instead, which costs no memory.
+struct TirelDictionary {
+    std::map<std::string_view, std::variant<std::string_view, std::int64_t>> values;
+};
+
 /// One entry of a Tirel export as a dictionary from key to text or integer; a view.
 class TirelRecord {
 public:
@@ -95,13 +84,13 @@ public:
 
     /// The value of a key; absent if the record has no such key.
     [[nodiscard]] std::optional<JSONValue> operator[](TirelRecordKey key) const noexcept {
-        const JSONValue value = _values[std::to_underlying(key)];
+        const JSONValue value = _values[indexOf(key)];
         return value.isNull() ? std::nullopt : std::optional(value);
     }
 
 private:
     // Those that the entry has not are nowhere.
-    std::array<JSONValue, numberOfTirelRecordKeys> _values;
+    std::array<JSONValue, namesOfTirelRecordKeys.size()> _values;
 };
 
 } // namespace Rellinor

@@ -16,6 +16,7 @@
 #include "Tests/Support/Database.hpp"
 #include "Tests/Support/Descriptors.hpp"
 #include "Tests/Support/OtherProcess.hpp"
+#include "Tests/Support/RecordKeys.hpp"
 #include "Tests/Support/Records.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 
@@ -253,11 +254,8 @@ TEST(ChromeImporterTest, takesEveryRecordForAPassword) {
 }
 
 TEST(ChromeRecordTest, namesTheColumns) {
-    EXPECT_EQ(rawValue(Key::username), "username_value");
-    EXPECT_EQ(rawValue(Key::password), "password_value");
-    EXPECT_EQ(rawValue(Key::url), "origin_url");
-    EXPECT_LT(Key::username, Key::password);
-    EXPECT_LT(Key::password, Key::url);
+    EXPECT_EQ(namesInOrder({Key::username, Key::password, Key::url}),
+              "username_value|password_value|origin_url|");
 }
 
 // A browser at work

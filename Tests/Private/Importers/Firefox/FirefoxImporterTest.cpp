@@ -7,11 +7,12 @@
 #include <gtest/gtest.h>
 
 #include "Private/Extensions/String.hpp"
-#include "Private/Importers/Firefox/FirefoxEncryptedRecord.hpp"
+#include "Private/Importers/Firefox/EncryptedKeys.hpp"
 #include "Tests/Support/Allocations.hpp"
 #include "Tests/Support/Database.hpp"
 #include "Tests/Support/Descriptors.hpp"
 #include "Tests/Support/Nobody.hpp"
+#include "Tests/Support/RecordKeys.hpp"
 #include "Tests/Support/Records.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 
@@ -315,19 +316,14 @@ TEST_F(FirefoxImporterTest, stopsForARecordThatLacksAKey) {
 }
 
 TEST(FirefoxRecordTest, namesTheKeysInOrder) {
-    EXPECT_EQ(rawValue(Key::hostname), "Hostname");
-    EXPECT_EQ(rawValue(Key::username), "Username");
-    EXPECT_EQ(rawValue(Key::password), "Password");
-    EXPECT_LT(Key::hostname, Key::username);
-    EXPECT_LT(Key::username, Key::password);
+    EXPECT_EQ(namesInOrder({Key::hostname, Key::username, Key::password}),
+              "Hostname|Username|Password|");
 }
 
 TEST(FirefoxRecordTest, namesTheStoredFieldsInOrder) {
-    std::string names;
-    for (const EncryptedKeys key : allEncryptedKeys) {
-        names += std::string(rawValue(key)) + ' ';
-    }
-    EXPECT_EQ(names, "hostname encryptedUsername encryptedPassword ");
+    using enum EncryptedKeys;
+    EXPECT_EQ(namesInOrder({host, user, password}),
+              "hostname|encryptedUsername|encryptedPassword|");
 }
 
 // Memory

@@ -7,7 +7,7 @@
 
 #include <gtest/gtest.h>
 
-#include "Private/Importers/Firefox/FirefoxEncryptedRecord.hpp"
+#include "Private/Importers/Firefox/EncryptedKeys.hpp"
 
 namespace Rellinor::Tests {
 
@@ -27,7 +27,7 @@ Entries entries(std::string_view text) {
     Entries copies;
     for (const JSONObject& entry : *file) {
         Entry& copy = copies.emplace_back();
-        for (const EncryptedKeys key : allEncryptedKeys) {
+        for (const EncryptedKeys key : keysUpTo<EncryptedKeys::password>()) {
             if (const auto field = entry[key].and_then(&JSONValue::text)) {
                 copy[rawValue(key)] = *field;
             }

@@ -17,6 +17,7 @@
 #include "Private/Importers/KeePass/KeePassRecord.hpp"
 #include "Tests/Support/Allocations.hpp"
 #include "Tests/Support/ImportAllocations.hpp"
+#include "Tests/Support/RecordKeys.hpp"
 #include "Tests/Support/Records.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 
@@ -434,13 +435,9 @@ TEST(KeePassForkTest, hasTheRequiredColumnsInTheirOrder) {
 }
 
 TEST(KeePassRecordTest, namesTheColumns) {
-    std::string names;
-    for (const Key key : {Key::account, Key::login, Key::password, Key::site, Key::comments,
-                          Key::group, Key::title, Key::username, Key::url, Key::notes}) {
-        names += std::string(rawValue(key)) + '|';
-    }
-    EXPECT_EQ(names, "Account|Login Name|Password|Web Site|Comments|Group|Title|Username|URL|"
-                     "Notes|");
+    EXPECT_EQ(namesInOrder({Key::account, Key::login, Key::password, Key::site, Key::comments,
+                            Key::group, Key::title, Key::username, Key::url, Key::notes}),
+              "Account|Login Name|Password|Web Site|Comments|Group|Title|Username|URL|Notes|");
 }
 
 // Memory

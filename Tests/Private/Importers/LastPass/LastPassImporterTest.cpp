@@ -10,6 +10,7 @@
 #include "Private/Importers/LastPass/LastPassRecord.hpp"
 #include "Tests/Support/Allocations.hpp"
 #include "Tests/Support/ImportAllocations.hpp"
+#include "Tests/Support/RecordKeys.hpp"
 #include "Tests/Support/Records.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 
@@ -217,11 +218,9 @@ TEST(LastPassImporterTest, saysWhyARecordIsDropped) {
 // The columns
 
 TEST(LastPassRecordTest, hasTheSevenColumnsInOrder) {
-    std::string names;
-    for (const Key key : allLastPassRecordKeys) {
-        names += std::string(rawValue(key)) + ' ';
-    }
-    EXPECT_EQ(names, "url username password extra name grouping fav ");
+    EXPECT_EQ(namesInOrder({Key::url, Key::username, Key::password, Key::extra, Key::name,
+                            Key::grouping, Key::favorite}),
+              "url|username|password|extra|name|grouping|fav|");
 }
 
 TEST(LastPassRecordTest, knowsTheTellingColumnsOfEachKind) {

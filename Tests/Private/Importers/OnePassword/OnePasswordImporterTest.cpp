@@ -15,6 +15,7 @@
 #include "Tests/Support/Allocations.hpp"
 #include "Tests/Support/ImportAllocations.hpp"
 #include "Tests/Support/JSONTexts.hpp"
+#include "Tests/Support/RecordKeys.hpp"
 #include "Tests/Support/Records.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 
@@ -431,14 +432,11 @@ class OnePasswordImporterRecordTest : public testing::Test {
 protected:
     /// @param text  outlives the test
     JSONObject record(std::string_view text) {
-        std::ranges::transform(allOnePasswordRecordKeys, _keys.begin(),
-                               [](OnePasswordRecordKey key) { return rawValue(key); });
-        _document = JSONDocument::parsed(text, _keys, _memory).value();
+        _document = JSONDocument::parsed(text, namesOfOnePasswordRecordKeys, _memory).value();
         return _document.value().root().object().value();
     }
 
 private:
-    std::array<std::string_view, allOnePasswordRecordKeys.size()> _keys;
     ImportMemory _memory;
     std::optional<JSONDocument> _document;
 };
@@ -471,28 +469,20 @@ TEST_F(OnePasswordImporterRecordTest, saysWhyARecordIsDropped) {
 
 TEST(OnePasswordRecordTest, namesTheTypesInOrder) {
     using enum OnePasswordRecordType;
-    std::string names;
-    int ordinal = 0;
-    for (const OnePasswordRecordType type : {identity, regular, license, creditCard, driversLicense,
-                                             rewardProgram, password, webForm, secureNote}) {
-        names += std::string(rawValue(type)) + ' ';
-        EXPECT_EQ(static_cast<int>(type), ordinal++);
-    }
-    EXPECT_EQ(names, "identities.Identity system.folder.Regular wallet.computer.License "
-                     "wallet.financial.CreditCard wallet.government.DriversLicense "
-                     "wallet.membership.RewardProgram passwords.Password webforms.WebForm "
-                     "securenotes.SecureNote ");
+    EXPECT_EQ(namesInOrder({identity, regular, license, creditCard, driversLicense, rewardProgram,
+                            password, webForm, secureNote}),
+              "identities.Identity|system.folder.Regular|wallet.computer.License|"
+              "wallet.financial.CreditCard|wallet.government.DriversLicense|"
+              "wallet.membership.RewardProgram|passwords.Password|webforms.WebForm|"
+              "securenotes.SecureNote|");
 }
 
 TEST(OnePasswordRecordTest, namesTheKeysInOrder) {
-    std::string names;
-    int ordinal = 0;
-    for (const OnePasswordRecordKey key : allOnePasswordRecordKeys) {
-        names += std::string(rawValue(key)) + ' ';
-        EXPECT_EQ(static_cast<int>(key), ordinal++);
-    }
-    EXPECT_EQ(names, "title url password username notesPlain typeName fields secureContents "
-                     "designation URLs value ");
+    using enum OnePasswordRecordKey;
+    EXPECT_EQ(namesInOrder({title, url, password, username, note, type, fields, secureContents,
+                            designation, urls, value}),
+              "title|url|password|username|notesPlain|typeName|fields|secureContents|designation|"
+              "URLs|value|");
 }
 
 // Memory

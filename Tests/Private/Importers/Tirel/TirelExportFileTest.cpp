@@ -133,17 +133,6 @@ TEST(TirelExportFileTest, isAbsentIfTheTextIsCutAnywhere) {
     }
 }
 
-TEST(TirelExportMemberTest, namesEachMemberAfterItself) {
-    std::string names;
-    for (const std::string_view name : namesOfTirelExportMembers) {
-        names += std::string(name) + ' ';
-    }
-    EXPECT_EQ(names,
-              "logins notes cards color custName loginName note pwd pwdChange url label text "
-              "cardNumber holderName cvv pin expirationDate day month year ");
-    EXPECT_EQ(namesOfTirelExportMembers.at(indexOf(TirelExportMember::year)), "year");
-}
-
 } // namespace
 
 } // namespace Rellinor::Tests

@@ -11,8 +11,11 @@
 
 #include <gtest/gtest.h>
 
+#include "Private/Importers/Tirel/TirelExportFile.hpp"
 #include "Private/Importers/Tirel/TirelExportMember.hpp"
 #include "Private/Proxies/JSONDocument.hpp"
+#include "Tests/Support/Affordable.hpp"
+#include "Tests/Support/RecordKeys.hpp"
 #include "Tests/Support/TirelExport.hpp"
 
 namespace Rellinor::Tests {
@@ -187,37 +190,65 @@ TEST_F(TirelRecordTest, anEmptyEntryHasNoKeys) {
     }
 }
 
-// The enumerations
+// Dictionaries
 
-TEST(TirelRecordKeyTest, hasItsCasesInOrder) {
-    int ordinal = 0;
+/// A raw record as a dictionary.
+TirelDictionary dictionaryOf(const TirelRecord& record) {
+    TirelDictionary dictionary;
     for (const TirelRecordKey key : allTirelRecordKeys) {
-        EXPECT_EQ(static_cast<int>(key), ordinal++);
+        if (const auto text = textOf(record, key)) {
+            dictionary.values.emplace(rawValue(key), *text);
+        } else if (const auto integer = integerOf(record, key)) {
+            dictionary.values.emplace(rawValue(key), *integer);
+        }
     }
-    EXPECT_EQ(ordinal, 16);
+    return dictionary;
 }
 
-TEST(TirelRecordKeyTest, isNamedAsItIsSpelt) {
-    const std::vector<std::string_view> names = {"expirationDay",
-                                                 "expirationMonth",
-                                                 "expirationYear",
-                                                 "cardNumber",
-                                                 "color",
-                                                 "custName",
-                                                 "cvv",
-                                                 "holderName",
-                                                 "label",
-                                                 "note",
-                                                 "url",
-                                                 "username",
-                                                 "password",
-                                                 "pin",
-                                                 "pwdChange",
-                                                 "text"};
-    std::vector<std::string_view> found;
-    std::ranges::transform(allTirelRecordKeys, std::back_inserter(found),
-                           [](TirelRecordKey key) { return rawValue(key); });
-    EXPECT_EQ(found, names);
+TEST(TirelDictionaryTest, holdsALoginByTheNamesOfItsKeys) {
+    using Values = decltype(TirelDictionary::values);
+    const TirelExportData::Password login(4, "Mail", "ann", "a note", "one", 5,
+                                          "https://a.example");
+    EXPECT_EQ(login.tirelRecord().values, (Values{{"username", "ann"},
+                                                  {"password", "one"},
+                                                  {"url", "https://a.example"},
+                                                  {"note", "a note"},
+                                                  {"color", 4},
+                                                  {"custName", "Mail"},
+                                                  {"pwdChange", 5}}));
+}
+
+TEST(TirelDictionaryTest, holdsWhatTheRecordOfAnImportHolds) {
+    for (std::uint64_t seed = 0; seed < affordable(3000U); ++seed) {
+        const TirelExportData data = randomTirelExportData(seed);
+        const std::string text = data.encode();
+        ImportMemory memory;
+        const auto file = TirelExportFile::decoded(
+            JSONDocument::parsed(text, TirelExportFile::keys, memory).value());
+        auto record = file.value().begin();
+        for (const TirelExportData::Password& login : data.logins) {
+            ASSERT_EQ(login.tirelRecord().values, dictionaryOf(*record).values) << seed;
+            ++record;
+        }
+        for (std::size_t notes = data.notes.size(); notes > 0; --notes) {
+            ++record; // which alone has no dictionary
+        }
+        for (const TirelExportData::Card& card : data.cards) {
+            ASSERT_EQ(card.tirelRecord().values, dictionaryOf(*record).values) << seed;
+            ++record;
+        }
+        ASSERT_EQ(record, TirelExportFile::end());
+    }
+}
+
+// The enumerations
+
+TEST(TirelRecordKeyTest, namesItsCasesInOrder) {
+    EXPECT_EQ(
+        namesInOrder({expirationDay, expirationMonth, expirationYear, cardNumber, color, custName,
+                      cvv, holderName, label, note, url, username, password, pin, pwdChange, text}),
+        "expirationDay|expirationMonth|expirationYear|cardNumber|color|custName|cvv|"
+        "holderName|label|note|url|username|password|pin|pwdChange|text|");
 }
 
 TEST(TirelRecordKeyTest, isMadeOfItsName) {
@@ -238,13 +269,13 @@ TEST(TirelRecordTypeTest, hasItsCasesInOrder) {
     EXPECT_EQ(static_cast<int>(creditCard), 2);
 }
 
-TEST(TirelExportMemberTest, eachNameStandsAtThePlaceOfItsMember) {
-    std::size_t place = 0;
-    for (const std::string_view name : namesOfTirelExportMembers) {
-        EXPECT_EQ(rawValue(static_cast<TirelExportMember>(place)), name);
-        ++place;
-    }
-    EXPECT_EQ(place, static_cast<std::size_t>(TirelExportMember::year) + 1);
+TEST(TirelExportMemberTest, namesItsCasesInOrder) {
+    using enum TirelExportMember;
+    EXPECT_EQ(namesInOrder({logins,         notes, cards, color, custName,   loginName,  note, pwd,
+                            pwdChange,      url,   label, text,  cardNumber, holderName, cvv,  pin,
+                            expirationDate, day,   month, year}),
+              "logins|notes|cards|color|custName|loginName|note|pwd|pwdChange|url|label|text|"
+              "cardNumber|holderName|cvv|pin|expirationDate|day|month|year|");
 }
 
 } // namespace

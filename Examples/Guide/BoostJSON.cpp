@@ -1,4 +1,0 @@
-// The compiled parts of Boost.JSON, from its headers; built only where its library cannot be
-// linked.
-
-#include <boost/json/src.hpp>
