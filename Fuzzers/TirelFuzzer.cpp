@@ -1,4 +1,4 @@
-// The import of a Tirel export, against the rules as they are told.
+// The import of a Tirel export, against the rules as they are told; and its faithful reading.
 
 #include "Fuzzers/Driver/Fuzzer.hpp"
 #include "Fuzzers/Driver/Imports.hpp"
@@ -11,4 +11,5 @@ void Rellinor::Fuzzers::fuzz(std::string_view input) {
     file.write(input);
     const Tests::Outcome outcome = outcomeOf(ImportSource::tirel, file.path());
     expect(outcome == Tests::referenceTirelImport(input));
+    expectAccountedFor(Layout::tirelJSON, input);
 }

@@ -1,5 +1,7 @@
 #include "Fuzzers/Driver/Imports.hpp"
 
+#include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -80,6 +82,25 @@ Tests::Outcome outcomeOf(ImportSource source, std::string_view path, Contents co
         expectLastToStay(&ImportedRecords::cards, outcome.cards, std::move(first));
     }
     return outcome;
+}
+
+void expectAccountedFor(Layout layout, std::string_view text) {
+    const ImportedExport read = readExport(ExportFile::inMemory(text, "export"), {.as = layout});
+    const Tests::Outcome outcome = copyOf(read.records);
+    expectUTF8(outcome);
+    std::uint64_t accounted =
+        outcome.passwords.size() + outcome.notes.size() + outcome.cards.size();
+    for (const LeftOut& left : read.report.leftOut()) {
+        accounted += left.places.count;
+    }
+    expect(read.report.recordCount() == accounted);
+    expect(outcome.error.has_value() == (read.report.failure().reason != FailureReason::none));
+    for (std::size_t index = 0; index < outcome.passwords.size(); ++index) {
+        for (const Extra& extra : read.extras.ofPassword(index)) {
+            expectUTF8(extra.label);
+            expectUTF8(extra.value);
+        }
+    }
 }
 
 } // namespace Rellinor::Fuzzers

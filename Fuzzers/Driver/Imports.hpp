@@ -20,4 +20,7 @@ enum class Contents : std::uint8_t { same, other };
 [[nodiscard]] Tests::Outcome outcomeOf(ImportSource source, std::string_view path,
                                        Contents contents = Contents::same);
 
+/// Expects the faithful reading of a text to account for every raw record, and to give UTF-8.
+void expectAccountedFor(Layout layout, std::string_view text);
+
 } // namespace Rellinor::Fuzzers

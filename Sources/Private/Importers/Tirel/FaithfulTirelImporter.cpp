@@ -204,7 +204,8 @@ std::optional<std::int64_t> FaithfulTirelImporter::integer(const JSONObject& ent
                                                            bool isOptional) const {
     const auto value = entry[member];
     const auto integer = value ? value->integer() : std::nullopt;
-    if (!integer && !(isOptional && (!value || value->isNull()))) {
+    const bool isAbsent = !value || value->isNull();
+    if (!integer && (!isOptional || !isAbsent)) {
         otherType(member);
     }
     return integer;

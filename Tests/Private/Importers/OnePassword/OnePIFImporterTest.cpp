@@ -185,8 +185,6 @@ TEST(OnePIFImporterTest, leavesOutTheTrashAndWhatIsEmpty) {
 }
 
 TEST(OnePIFImporterTest, losesOneValueForOneOfAnotherType) {
-    const Reading sound = read(std::string(folder) + "\n" + std::string(login));
-    const std::string arrived = sound.texts();
     for (const std::string_view whole : {login, card, identity}) {
         const std::string before = read(whole).texts();
         forEachChange(whole, [&](const JSONChange& change) {
