@@ -7,7 +7,7 @@
 
 namespace Rellinor {
 
-SQLiteRows specifiedRows(const ExportFile& database, std::string_view query, ImportMemory& memory,
+SQLiteRows rowsOfSource(const ExportFile& database, std::string_view query, ImportMemory& memory,
                          Reporter* reporter) {
     if (reporter == nullptr) {
         return SQLiteFileProxy(std::string(database.name()), memory).select(query);

@@ -1,7 +1,5 @@
 #include "Private/Importers/Firefox/FirefoxImporter.hpp"
 
-#include <algorithm>
-#include <array>
 #include <cstdint>
 #include <string_view>
 
@@ -19,20 +17,32 @@ namespace {
 
 using EncryptedLogins = std::vector<FirefoxEncryptedRecord>;
 
-/// A field of a login.
-struct Field {
-    std::optional<std::string_view> text;
-    bool isThere = false; ///< perhaps not as a text
-};
-
-Field fieldOf(const JSONObject& login, EncryptedKeys key) noexcept {
-    const JSONValue value = login[key].value_or(JSONValue());
-    return {.text = value.text(), .isThere = !value.isNull()};
+std::optional<std::string_view> textOf(const JSONObject& login, EncryptedKeys key) noexcept {
+    return login.text(key);
 }
 
-Field fieldOf(const SQLiteRow& login, EncryptedKeys key) noexcept {
-    const SQLiteValue value = login[rawValue(key)].value_or(SQLiteValue());
-    return {.text = value.text(), .isThere = !value.isAbsent()};
+std::optional<std::string_view> textOf(const SQLiteRow& login, EncryptedKeys key) noexcept {
+    return login[rawValue(key)].and_then(&SQLiteValue::text);
+}
+
+bool isAbsent(const JSONObject& login, EncryptedKeys key) noexcept {
+    return login[key].value_or(JSONValue()).isNull();
+}
+
+bool isAbsent(const SQLiteRow& login, EncryptedKeys key) noexcept {
+    return login[rawValue(key)].value_or(SQLiteValue()).isAbsent();
+}
+
+/// Tells which field a login lacks.
+void reportDropped(const auto& login, Reporter& reporter) noexcept {
+    for (const EncryptedKeys key : allEncryptedKeys) {
+        if (!textOf(login, key)) {
+            reporter.leftOut(isAbsent(login, key) ? LeftOutReason::missingField
+                                                  : LeftOutReason::fieldOfOtherType,
+                             rawValue(key));
+            return;
+        }
+    }
 }
 
 /// The logins that have all of the fields. The others are told to the reporter, which may be null.
@@ -41,21 +51,14 @@ EncryptedLogins mapFetched(const auto& encryptedLogins, Reporter* reporter) {
     std::uint64_t number = 0;
     for (const auto& login : encryptedLogins) {
         ++number;
-        std::array<std::string_view, allEncryptedKeys.size()> texts;
-        const auto lacking = std::ranges::find_if(allEncryptedKeys, [&](EncryptedKeys key) {
-            const auto text = fieldOf(login, key).text;
-            texts[indexOf(key)] = text.value_or("");
-            return !text;
-        });
-        if (lacking == allEncryptedKeys.end()) {
-            logins.push_back({.host = texts[indexOf(EncryptedKeys::host)],
-                              .password = texts[indexOf(EncryptedKeys::password)],
-                              .username = texts[indexOf(EncryptedKeys::user)]});
+        const auto host = textOf(login, EncryptedKeys::host);
+        const auto username = textOf(login, EncryptedKeys::user);
+        const auto password = textOf(login, EncryptedKeys::password);
+        if (host && username && password) {
+            logins.push_back({.host = *host, .password = *password, .username = *username});
         } else if (reporter != nullptr) {
             reporter->beginRecord(number);
-            reporter->leftOut(fieldOf(login, *lacking).isThere ? LeftOutReason::fieldOfOtherType
-                                                               : LeftOutReason::missingField,
-                              rawValue(*lacking));
+            reportDropped(login, *reporter);
         }
     }
     return logins;
@@ -74,7 +77,7 @@ EncryptedLogins fetchEncryptedLoginsFromJSON(const URL& file, ImportMemory& memo
 
 EncryptedLogins fetchEncryptedLoginsFromSQLite(const URL& file, ImportMemory& memory,
                                                Reporter* reporter) {
-    return mapFetched(specifiedRows(file, FirefoxImporter::statement(), memory, reporter),
+    return mapFetched(rowsOfSource(file, FirefoxImporter::statement(), memory, reporter),
                       reporter);
 }
 
