@@ -24,8 +24,8 @@ public:
     /// @throws std::filesystem::filesystem_error  `path` is relative and there is no current folder
     [[nodiscard]] static ExportFile atPath(std::string_view path);
 
-    /// The contents of a single file, for a host that may not open files. No database and no folder
-    /// can be read so.
+    /// The contents of a single file, for a host that may not open files. No folder can be read so;
+    /// a database is read as if nothing lay beside it.
     ///
     /// @param bytes  are not changed, and need to live no longer than the calls that are given this
     /// @param name   of the file, for `detect`; may be empty

@@ -13,7 +13,7 @@
 
 namespace Rellinor {
 
-/// What a query of a source gives: of the database in its place, or of a snapshot if
+/// What a query for a source gives: of the database in its place, or of a snapshot if
 /// there is a reporter, which is told why there are no rows or not all of them.
 ///
 /// @throws std::bad_alloc

@@ -53,15 +53,13 @@ std::vector<std::string_view> namesOf(::sqlite3_stmt* statement, int count, Impo
 /// A text as the database has it, made UTF-8.
 std::string_view textOf(::sqlite3_stmt* statement, int column, SQLiteFaithfulness faithfulness,
                         ImportMemory& memory) {
-    const auto* const bytes = present(::sqlite3_column_text(statement, column), statement);
-    const auto* const characters = reinterpret_cast<const char*>(bytes); // NOLINT(*-cast)
-    const auto size = [&] {
-        return static_cast<std::size_t>(::sqlite3_column_bytes(statement, column));
-    };
+    const void* const bytes = present(::sqlite3_column_text(statement, column), statement);
+    const auto* const characters = static_cast<const char*>(bytes);
     // Quirk: a text ends at its first NUL.
-    const std::string_view text = faithfulness == SQLiteFaithfulness::narrowed
-                                      ? std::string_view(characters)
-                                      : std::string_view(characters, size());
+    std::string_view text = characters;
+    if (faithfulness == SQLiteFaithfulness::whole) {
+        text = {characters, static_cast<std::size_t>(::sqlite3_column_bytes(statement, column))};
+    }
     if (isUTF8(text)) {
         return memory.copy(text);
     }
@@ -203,7 +201,8 @@ void SQLiteFileProxy::keepLittle() const noexcept {
 bool SQLiteFileProxy::prepareStatement(std::string_view query,
                                        ::sqlite3_stmt*& statement) const noexcept {
     // Quirk: the query is cut short by the difference of bytes and characters.
-    const std::size_t length = numberOfCharacters(query);
+    const bool isCut = _faithfulness == SQLiteFaithfulness::narrowed;
+    const std::size_t length = isCut ? numberOfCharacters(query) : query.size();
     require(length <= std::size_t{std::numeric_limits<int>::max()});
     const char* const text = query.data();
     const char* tail = nullptr;

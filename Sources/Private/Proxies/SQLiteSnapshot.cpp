@@ -56,7 +56,6 @@ std::expected<Files, FailureReason> readOnce(const ExportFile& file, const std::
         files.log.emplace();
         return files;
     }
-    // What is written back from the log while the files are read is then missing in neither.
     auto log = contentsBeside(path + "-wal", mostBytes);
     auto journal = contentsBeside(path + "-journal", mostBytes);
     if (!log || !journal) {

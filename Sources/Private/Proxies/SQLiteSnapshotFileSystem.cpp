@@ -198,7 +198,9 @@ SQLiteSnapshotFileSystem::~SQLiteSnapshotFileSystem() {
 }
 
 int SQLiteSnapshotFileSystem::open(::sqlite3*& connection) const noexcept {
-    return ::sqlite3_open_v2("database", &connection, SQLITE_OPEN_READWRITE, _name.data());
+    // One thread alone has the connection.
+    return ::sqlite3_open_v2("database", &connection, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX,
+                             _name.data());
 }
 
 } // namespace Rellinor

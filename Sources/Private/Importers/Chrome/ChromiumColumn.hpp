@@ -19,9 +19,9 @@ enum class ChromiumRole : std::uint8_t {
     otherTime,
     detail,   ///< an extra
     excluded, ///< whether the user wants nothing saved for the site
-    key,      ///< of the row
-    unread,
-    unknown, ///< a column that no known browser has
+    key,      ///< of the row, which notes name
+    unread,   ///< identifiers, icons and settings of the browser
+    unknown,  ///< a column that no known browser has
 };
 
 struct ChromiumColumn {

@@ -1,22 +1,46 @@
 #include "Private/Importers/Chrome/ChromiumDatabase.hpp"
 
+#include <string>
 #include <utility>
 
 #include "Private/Proxies/SQLiteFileProxy.hpp"
 
 namespace Rellinor {
 
+namespace {
+
+/// A name as SQL writes it.
+std::string quoted(std::string_view name) {
+    std::string text = "\"";
+    for (const char character : name) {
+        text.append(character == '"' ? 2 : 1, character);
+    }
+    return text += '"';
+}
+
+} // namespace
+
 ChromiumDatabase::ChromiumDatabase(SQLiteSnapshot& snapshot, ImportMemory& memory)
     : _logins(memory) {
     SQLiteFileProxy proxy(snapshot, SQLiteFaithfulness::whole, memory);
-    _logins = proxy.select("SELECT * FROM logins");
-    _endingOfLogins = proxy.ending();
-    if (_logins.size() > 0) {
-        for (const std::string_view name : (*_logins.begin()).names()) {
-            _columns.push_back(chromiumColumn(name));
+    const SQLiteRows one = proxy.select("SELECT * FROM logins LIMIT 1");
+    std::string columns;
+    for (const SQLiteRow& row : one) {
+        for (const std::string_view name : row.names()) {
+            const ChromiumColumn column = chromiumColumn(name);
+            if (column.role == ChromiumRole::unread) {
+                _unreadColumns.push_back(column.name);
+                continue;
+            }
+            _columns.push_back(column);
+            columns += (columns.empty() ? "" : ", ") + quoted(name);
         }
-        readNotes(snapshot, memory);
     }
+    if (!columns.empty()) {
+        _logins = proxy.select("SELECT " + columns + " FROM logins");
+    }
+    _endingOfLogins = proxy.ending();
+    readNotes(snapshot, memory);
 }
 
 void ChromiumDatabase::readNotes(SQLiteSnapshot& snapshot, ImportMemory& memory) {

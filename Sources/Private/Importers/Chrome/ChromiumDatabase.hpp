@@ -24,7 +24,7 @@ struct ChromiumNote {
 /// The logins of one database, with their notes.
 class ChromiumDatabase {
 public:
-    /// Reads all rows, with whatever columns there are.
+    /// Reads all rows, with whatever columns there are but for those that never arrive.
     ///
     /// @throws std::bad_alloc
     ChromiumDatabase(SQLiteSnapshot& snapshot, ImportMemory& memory);
@@ -33,6 +33,13 @@ public:
 
     /// What the columns of a login are, in their order.
     [[nodiscard]] std::span<const ChromiumColumn> columns() const noexcept { return _columns; }
+
+    /// The columns that never arrive.
+    [[nodiscard]] std::span<const std::string_view> unreadColumns() const noexcept {
+        return _unreadColumns;
+    }
+
+    [[nodiscard]] bool hasNotes() const noexcept { return !_notes.empty(); }
 
     /// The notes of the login with that key, in their order.
     [[nodiscard]] std::span<const ChromiumNote> notesOf(std::int64_t login) const noexcept;
@@ -48,6 +55,7 @@ private:
 
     SQLiteRows _logins;
     std::vector<ChromiumColumn> _columns;
+    std::vector<std::string_view> _unreadColumns;
     std::map<std::int64_t, std::vector<ChromiumNote>> _notes; // by the keys of their logins
     SQLiteEnding _endingOfLogins = SQLiteEnding::complete;
     SQLiteEnding _endingOfNotes = SQLiteEnding::complete;

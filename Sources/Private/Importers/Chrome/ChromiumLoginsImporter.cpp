@@ -38,10 +38,15 @@ SQLiteValue valueOf(const ChromiumLogin& login, Role role) noexcept {
     return found;
 }
 
+/// Nothing, no text, no bytes or 0.
 bool isEmpty(const SQLiteValue& value) noexcept {
-    return value.text().value_or(std::string_view()).empty() &&
-           value.blob().value_or(std::span<const char>()).empty() &&
-           value.integer().value_or(0) == 0 && value.number().value_or(0) == 0;
+    if (const auto text = value.text()) {
+        return text->empty();
+    }
+    if (const auto bytes = value.blob()) {
+        return bytes->empty();
+    }
+    return value.integer().value_or(0) == 0 && value.number().value_or(0) == 0;
 }
 
 /// Whether a person would miss what stands in a column of a role.
@@ -60,12 +65,9 @@ bool countsAsText(Role role) noexcept {
     }
 }
 
-bool isExcluded(const ChromiumLogin& login) noexcept {
-    return valueOf(login, Role::excluded).integer().value_or(0) != 0;
-}
-
 std::span<const ChromiumNote> notesOf(const ChromiumLogin& login) noexcept {
-    const auto key = valueOf(login, Role::key).integer();
+    const bool hasNotes = login.database->hasNotes();
+    const auto key = hasNotes ? valueOf(login, Role::key).integer() : std::nullopt;
     return key ? login.database->notesOf(*key) : std::span<const ChromiumNote>();
 }
 
@@ -137,6 +139,11 @@ ChromiumLogins ChromiumLoginsImporter::read(const ExportFile& file, ImportMemory
             reportSideFiles(*snapshot, *reporter);
         }
         logins.add(std::make_unique<const ChromiumDatabase>(*snapshot, memory));
+        for (const std::string_view column : logins.databases().back()->unreadColumns()) {
+            if (reporter != nullptr) {
+                reporter->unread(column);
+            }
+        }
     }
     if (reporter != nullptr) {
         reporter->setPlaces(PlaceUnit::row);
@@ -147,15 +154,20 @@ ChromiumLogins ChromiumLoginsImporter::read(const ExportFile& file, ImportMemory
 }
 
 bool ChromiumLoginsImporter::isPassword(const RawRecord& record) noexcept {
-    bool hasText = !notesOf(record).empty();
+    bool isExcluded = false;
+    bool hasText = false;
     forEach(record, [&](const ChromiumColumn& column, const SQLiteValue& value) {
-        hasText = hasText || (countsAsText(column.role) && !isEmpty(value));
+        if (column.role == Role::excluded) {
+            isExcluded = !isEmpty(value);
+        } else if (!hasText && countsAsText(column.role)) {
+            hasText = !isEmpty(value);
+        }
     });
-    return hasText && !isExcluded(record);
+    return !isExcluded && (hasText || !notesOf(record).empty());
 }
 
 Dropped ChromiumLoginsImporter::whyNoKind(const RawRecord& record) noexcept {
-    if (isExcluded(record)) {
+    if (!isEmpty(valueOf(record, Role::excluded))) {
         return {.reason = LeftOutReason::otherKind, .field = "excluded site"};
     }
     return {.reason = LeftOutReason::empty, .field = {}};
@@ -217,7 +229,11 @@ void ChromiumLoginsImporter::addExtras(const RawRecord& record, ExtrasList& extr
             extras.add(kindOf(column.role), column.name, textOf(value, column.name, memory));
             return;
         case Role::unknown:
-            extras.add(ExtraKind::other, column.name, value.text().value_or(""));
+            if (const auto text = value.text()) {
+                extras.add(ExtraKind::other, column.name, *text);
+            } else if (!isEmpty(value) && _reporter != nullptr) {
+                _reporter->unread("column without a text");
+            }
             return;
         default:
             return;
@@ -230,16 +246,6 @@ void ChromiumLoginsImporter::addExtras(const RawRecord& record, ExtrasList& extr
                        secretOf(note.value, fieldOfNotes, memory));
         }
     }
-}
-
-void ChromiumLoginsImporter::tellUnread(const RawRecord& record, Reporter& reporter) noexcept {
-    forEach(record, [&](const ChromiumColumn& column, const SQLiteValue& value) {
-        if ((column.role == Role::unread || column.role == Role::key) && !isEmpty(value)) {
-            reporter.unread(column.name);
-        } else if (column.role == Role::unknown && !value.text() && !isEmpty(value)) {
-            reporter.unread("column without a text");
-        }
-    });
 }
 
 std::string_view ChromiumLoginsImporter::secretOf(const SQLiteValue& value, std::string_view field,

@@ -37,8 +37,6 @@ public:
     /// @throws std::bad_alloc
     void addExtras(const RawRecord& record, ExtrasList& extras);
 
-    static void tellUnread(const RawRecord& record, Reporter& reporter) noexcept;
-
 private:
     /// The text of a value as it stands; of bytes the Base64 text, which the reporter is told of.
     [[nodiscard]] std::string_view secretOf(const SQLiteValue& value, std::string_view field,
