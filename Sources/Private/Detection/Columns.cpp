@@ -138,7 +138,7 @@ Header headerOf(Beginning beginning, char separator) {
         cells.clear();
     }
     // The specified imports know commas and line feeds.
-    return Header(std::move(cells), separator == ',' && !rows.hasCarriageReturnsOnly());
+    return {std::move(cells), separator == ',' && !rows.hasCarriageReturnsOnly()};
 }
 
 /// By the names of a product if they are found with any of the separators, or else by usual ones.
