@@ -1,6 +1,8 @@
 #include <algorithm>
 #include <array>
 #include <span>
+#include <utility>
+#include <vector>
 
 #include "Private/Detection/CSVBeginning.hpp"
 #include "Private/Detection/Recognisers.hpp"
@@ -14,7 +16,8 @@ namespace {
 /// The names of the columns of a file.
 class Header {
 public:
-    explicit Header(CSVCells cells) : _asWritten(std::move(cells)) {
+    /// @param isPlain  whether commas and line feeds part it
+    Header(CSVCells cells, bool isPlain) : _asWritten(std::move(cells)), _isPlain(isPlain) {
         for (const std::string_view cell : _asWritten) {
             if (const std::string_view name = withoutBlanksAround(cell); !name.empty()) {
                 _names.push_back(name);
@@ -55,9 +58,9 @@ public:
 
     [[nodiscard]] std::size_t size() const noexcept { return _names.size(); }
 
-    /// Whether these are the columns, in any order, and no others.
+    /// Whether a plain header has these columns, in any order, and no others.
     [[nodiscard]] bool isExactly(ColumnNames names) const noexcept {
-        return _asWritten.size() == names.size() &&
+        return _isPlain && _asWritten.size() == names.size() &&
                std::ranges::all_of(names, [&](std::string_view name) {
                    return std::ranges::find(_asWritten, name) != _asWritten.end();
                });
@@ -65,6 +68,7 @@ public:
 
 private:
     CSVCells _asWritten;
+    bool _isPlain;
     CSVCells _names; // those that are no blanks, without blanks around them
 };
 
@@ -126,26 +130,26 @@ std::optional<Detection> detectUsualNames(const Header& header) noexcept {
                       "usual names of columns, the password's among them");
 }
 
-using Recogniser = std::optional<Detection> (*)(const Header&) noexcept;
-
-/// The header in front of a text, split by a separator.
-std::optional<Detection> detectSplit(Beginning beginning, char separator, Recogniser recognise) {
+/// The header in front of a text, split by a separator; empty if there is none.
+Header headerOf(Beginning beginning, char separator) {
     CSVBeginning rows(beginning, separator);
     CSVCells cells;
     if (!rows.next(cells)) {
-        return std::nullopt;
+        cells.clear();
     }
-    auto found = recognise(Header(std::move(cells)));
-    if (found && (separator != ',' || rows.hasCarriageReturnsOnly())) {
-        found->source.reset(); // the specified imports know commas and line feeds
-    }
-    return found;
+    // The specified imports know commas and line feeds.
+    return {std::move(cells), separator == ',' && !rows.hasCarriageReturnsOnly()};
 }
 
+/// By the names of a product if they are found with any of the separators, or else by usual ones.
 std::optional<Detection> detectSplit(Beginning beginning, std::span<const char> separators) {
-    for (const Recogniser recognise : {detectProduct, detectUsualNames}) {
-        for (const char separator : separators) {
-            if (auto found = detectSplit(beginning, separator, recognise)) {
+    std::vector<Header> headers;
+    for (const char separator : separators) {
+        headers.push_back(headerOf(beginning, separator));
+    }
+    for (const auto recognise : {detectProduct, detectUsualNames}) {
+        for (const Header& header : headers) {
+            if (auto found = recognise(header)) {
                 return found;
             }
         }
