@@ -85,7 +85,10 @@ std::string advice(const std::string& path, const ReadAs& as, const Detection& d
         }
     }
     if (!imported.records) {
-        return refusal(detected, report.failure(), report.placeUnit());
+        return refusal(detected, as, report.failure(), report.placeUnit());
+    }
+    if (std::holds_alternative<ImportSource>(as) && isHindered(detected)) {
+        return refusal(detected, as, {}, report.placeUnit());
     }
     std::string text = joined(gist(report, as));
     if (!text.empty()) {

@@ -95,7 +95,9 @@ bool check(const std::string& path, const ReadAs& as, std::ostream& out) {
     const Detection detected = lookAt(path);
     const auto* const source = std::get_if<ImportSource>(&as);
     const std::string other = source == nullptr ? "" : objection(detected, *source);
-    if (detected.obstacle == FailureReason::missing) { // a database's import would make a file
+    // The import of a source would make a file where there is none, and take what is in a pipe.
+    if (detected.obstacle == FailureReason::missing ||
+        detected.obstacle == FailureReason::notAFile) {
         out << "nothing would arrive: " << description(detected.obstacle) << '\n';
         return false;
     }
@@ -107,8 +109,8 @@ bool check(const std::string& path, const ReadAs& as, std::ostream& out) {
         out << "read as " << identifier(*report.layout()) << ", ";
     }
     if (!imported.records) {
-        out << "nothing would arrive: " << refusal(detected, report.failure(), report.placeUnit())
-            << '\n';
+        out << "nothing would arrive: "
+            << refusal(detected, as, report.failure(), report.placeUnit()) << '\n';
     } else {
         out << counted(report.recordCount(), "record") << '\n';
     }

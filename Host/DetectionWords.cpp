@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <new>
 #include <string_view>
+#include <variant>
 
 #include "Host/ReportWords.hpp"
 #include "Host/Source.hpp"
@@ -38,27 +39,14 @@ std::string optionOf(ImportSource source) {
 }
 
 /// What is wrong with a file and what to do about that.
-std::string remedied(std::string problem, const Detection& detection) {
+std::string remedied(std::string problem, const Detection& detection, const ReadAs& as = {}) {
     append(problem, " ", detection.advice);
-    if (detection.source && detection.layout && !isRead(*detection.layout)) {
+    if (std::holds_alternative<ImportSource>(as)) {
+        append(problem, " ", isReadable(detection) ? "Try without --source." : "");
+    } else if (detection.source && detection.layout && !isRead(*detection.layout)) {
         append(problem, " ", optionOf(*detection.source) + " reads it.");
     }
     return problem;
-}
-
-/// Whether something is wrong with a file, whatever reads it.
-bool isHindered(const Detection& detection) noexcept {
-    switch (detection.obstacle) {
-        using enum FailureReason;
-    case none:
-    case unknown:
-    case notRead:
-    case notBuiltIn:
-    case outOfMemory:
-        return false;
-    default:
-        return true;
-    }
 }
 
 bool sameImporter(ImportSource one, ImportSource other) noexcept {
@@ -77,6 +65,20 @@ Detection lookAt(const std::string& path) {
         Detection nothing;
         nothing.obstacle = FailureReason::outOfMemory;
         return nothing;
+    }
+}
+
+bool isHindered(const Detection& detection) noexcept {
+    switch (detection.obstacle) {
+        using enum FailureReason;
+    case none:
+    case unknown:
+    case notRead:
+    case notBuiltIn:
+    case outOfMemory:
+        return false;
+    default:
+        return true;
     }
 }
 
@@ -109,20 +111,22 @@ std::string described(const Detection& detection) {
     return text;
 }
 
-std::string refusal(const Detection& detection, const Failure& failure, PlaceUnit unit) {
+std::string refusal(const Detection& detection, const ReadAs& as, const Failure& failure,
+                    PlaceUnit unit) {
+    Failure reason = failure;
+    if (reason.reason == FailureReason::none) {
+        reason.reason = detection.obstacle;
+    }
     std::string text;
-    if (failure.reason == detection.obstacle || failure.reason == FailureReason::notRead) {
+    if (reason.reason == detection.obstacle || reason.reason == FailureReason::notRead) {
         text = kindOf(detection);
     }
-    append(text, ": ", remedied(Host::described(failure, unit), detection));
+    append(text, ": ", remedied(described(reason, unit), detection, as));
     return text;
 }
 
 std::string objection(const Detection& detection, ImportSource source) {
     const std::string kind = kindOf(detection);
-    if (kind.empty() && isHindered(detection)) {
-        return remedied(std::string(description(detection.obstacle)), detection);
-    }
     if (kind.empty() || detection.confidence < Confidence::likely ||
         (detection.source && sameImporter(*detection.source, source))) {
         return {};

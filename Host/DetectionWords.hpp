@@ -2,8 +2,7 @@
 
 #include <string>
 
-#include <Rellinor/Detection.hpp>
-#include <Rellinor/ImportReport.hpp>
+#include <Rellinor/ExportReader.hpp>
 
 namespace Rellinor::Host {
 
@@ -16,12 +15,18 @@ namespace Rellinor::Host {
 [[nodiscard]] std::string described(const Detection& detection);
 
 /// Why nothing arrives from a file: what the file is, what is wrong and what to do about that.
-[[nodiscard]] std::string refusal(const Detection& detection, const Failure& failure,
-                                  PlaceUnit unit);
+///
+/// @param failure  of an import that read the file so; its reason is none if nothing but the
+/// detection can tell
+[[nodiscard]] std::string refusal(const Detection& detection, const ReadAs& as,
+                                  const Failure& failure, PlaceUnit unit);
 
-/// What speaks against importing a file from a source: that nothing is there, or that it is rather
-/// something else, and how to read it then. Empty if nothing does.
+/// That a file is rather something else than an export of a source, and how to read it then; empty
+/// if that cannot be said.
 [[nodiscard]] std::string objection(const Detection& detection, ImportSource source);
+
+/// Whether something is wrong with a file, whatever reads it.
+[[nodiscard]] bool isHindered(const Detection& detection) noexcept;
 
 /// Whether `readExport` would read the file as what it was found to be.
 [[nodiscard]] bool isReadable(const Detection& detection) noexcept;
