@@ -4,8 +4,8 @@
 
 namespace Rellinor {
 
-/// Overwrites so much of the stack, from the caller's end on, where calls that have returned left
-/// what they had.
+/// Overwrites `size` bytes of the stack below the caller's frame. Functions that the caller has
+/// called, and that have returned, may have left secrets there.
 void wipeStack(std::size_t size) noexcept;
 
 } // namespace Rellinor

@@ -24,7 +24,7 @@ enum class Confidence : std::uint8_t {
 struct Detection {
     std::optional<Layout> layout; ///< absent if nothing is recognised
     Confidence confidence = Confidence::none;
-    std::optional<ImportSource> source; ///< the specified import that is meant for the file, if any
+    std::optional<ImportSource> source; ///< the source that `RecordsImporter` reads it as, if any
     FailureReason obstacle = FailureReason::none; ///< what keeps the file from being read
     std::string_view product;  ///< who wrote the file, a literal; empty if nothing is recognised
     std::string_view evidence; ///< what tells, a literal: the names of columns, members or tables

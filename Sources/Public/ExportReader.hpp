@@ -34,7 +34,7 @@ struct ReadLimits {
     std::uint64_t mostRecords = std::numeric_limits<std::uint64_t>::max();
 };
 
-/// How a file is read: as what `detect` takes it for, as a layout, or by a specified import, whose
+/// How a file is read: as what `detect` takes it for, as a layout, or as a source, whose
 /// result then is the same as that of `RecordsImporter`.
 using ReadAs = std::variant<std::monostate, Layout, ImportSource>;
 
@@ -49,11 +49,11 @@ struct ReadOptions {
 /// What became of a file.
 struct ImportedExport {
     RecordsResult records; ///< all of them, or an error and none
-    Extras extras;         ///< empty for a specified import
+    Extras extras;         ///< empty for a source
     ImportReport report;
 };
 
-/// Reads a file or folder, faithfully unless a specified import is asked for: every text that is
+/// Reads a file or folder, faithfully unless a source is asked for: every text that is
 /// not empty arrives in a field or an extra, or its loss is told in the report.
 ///
 /// Bad input never throws. Nothing stays behind: no file, lock, connection or descriptor.

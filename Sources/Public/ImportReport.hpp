@@ -110,7 +110,7 @@ struct Failure {
 /// and of those that `leftOut()` counts.
 class RELLINOR_PUBLIC ImportReport {
 public:
-    /// What was read; absent if that is not known, and for a specified import.
+    /// What was read; absent if that is not known, and for a source.
     [[nodiscard]] std::optional<Layout> layout() const noexcept { return _layout; }
 
     /// What all places in this report count.

@@ -10,33 +10,36 @@
 
 namespace Rellinor {
 
-/// An error type of the library's own, other than a plain text: it says how the host will see it.
+/// An error of the library's own that is more than a plain text. It knows what the host sees of it.
 class LibraryError : public std::exception {
 public:
-    /// The library's name, a point and the type's name, as a literal: "Rellinor.JSONError".
+    /// The domain of the `NSError`, a literal such as "Rellinor.JSONError": the library's name, a
+    /// point and the name of the type.
     [[nodiscard]] virtual std::string_view domain() const noexcept = 0;
 
-    /// The ordinal of the case for an enumeration, 1 for a structure.
+    /// The code of the `NSError`: the ordinal of the case if the error is one of several cases, and
+    /// 1 if there is only one.
     [[nodiscard]] virtual std::int64_t code() const noexcept = 0;
 
     /// Why there is nothing, for a report.
     [[nodiscard]] virtual ReadFailure failure() const noexcept = 0;
 };
 
-/// Errors that no part of the library throws by itself, in the order of their codes.
+/// Errors that come from below the library, in the order of their codes.
 enum class UnexpectedError : std::uint8_t {
     outOfMemory,
     other,
 };
 
-/// The error object for what is being thrown; to be called while handling an exception.
+/// The `NSError` for the exception that is being handled.
 ///
-/// An `NSError` passes as it is, a plain text loses its words, and anything the library does not
-/// know becomes an `UnexpectedError`. Does not allocate, so that it can tell of lack of memory.
+/// An `NSError` passes unchanged. A plain text becomes an error without its words. An exception
+/// that is not the library's becomes an `UnexpectedError`. The function does not allocate: a lack
+/// of memory can be told.
 [[nodiscard]] NSError thrownError() noexcept;
 
-/// What is being thrown, for a report; to be called while handling an exception. A plain text tells
-/// nothing.
+/// The reason, for a report, of the exception that is being handled. A plain text gives
+/// `FailureReason::other`.
 [[nodiscard]] ReadFailure thrownFailure() noexcept;
 
 } // namespace Rellinor

@@ -14,31 +14,32 @@ namespace Rellinor {
 class CSVColumns {
 public:
     struct Column {
-        std::size_t position; ///< of the cell in the row
-        std::size_t key;      ///< of the header that it belongs to
+        std::size_t position; ///< the number of the cell in a row, from 0 on
+        std::size_t key;      ///< the key of the header that the cell belongs to
     };
 
-    /// The columns of a file that begins with a header row. A row that is too short has empty texts
-    /// in the columns it lacks.
+    /// The columns of a file that begins with a header row. In a row with too few cells, the
+    /// missing cells are empty texts.
     ///
-    /// @param positions  for each expected header, where it first stands in the header row
-    /// @throws TextError  a position is absent
+    /// @param positions  for each expected header, the first cell of the header row that holds it
+    /// @throws TextError  a header stands nowhere
     [[nodiscard]] static CSVColumns
     fromHeaderRow(std::span<const CSVHeader> expectedHeaders,
                   std::span<const std::optional<std::size_t>> positions);
 
-    /// The columns of a file without a header row: the expected headers in their order. A row that
-    /// is too short lacks the columns it has no cell for.
+    /// The columns of a file without a header row: the expected headers in their order. In a row
+    /// with too few cells, the missing cells are absent.
     ///
     /// @param numberOfFields  how many cells the first row has
-    /// @throws TextError  it is not the number of expected headers
+    /// @throws TextError  there are not as many headers as cells
     [[nodiscard]] static CSVColumns byPosition(std::span<const CSVHeader> expectedHeaders,
                                                std::size_t numberOfFields);
 
-    /// In the order of their positions. Two columns may have one key: the later then counts.
+    /// All columns, in the order of their positions. If two columns have one key, the later column
+    /// counts.
     [[nodiscard]] std::span<const Column> columns() const noexcept { return _columns; }
 
-    /// The cells of a row that has none, one for each key.
+    /// What stands in place of missing cells, for each key.
     [[nodiscard]] std::span<const std::string_view> emptyRow() const noexcept { return _emptyRow; }
 
 private:

@@ -42,11 +42,13 @@ std::optional<CSVKeyedRecords> keyedRecords(CSVFileProxyType& file,
 CSVKeyedRecords KeePassImporter::read(const ExportFile& file, ImportMemory& memory,
                                       Reporter* reporter) {
     CSVFileProxy proxy(file, memory, largestFileFor(reporter));
-    const bool hasRows = proxy.numberOfFields().has_value();
-    reportLines(proxy, reporter);
     try {
-        return read(proxy);
+        CSVKeyedRecords records = read(proxy);
+        reportLines(proxy, reporter);
+        return records;
     } catch (const TextError&) {
+        const bool hasText = !proxy.text().empty();
+        const bool hasRows = hasText && proxy.numberOfFields().has_value();
         reportFailure(proxy, hasRows ? FailureReason::wrongColumns : FailureReason::noRows,
                       reporter);
         throw;
