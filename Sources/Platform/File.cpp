@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdlib>
+#include <memory>
 #include <utility>
 
 #include <fcntl.h>
@@ -156,6 +158,35 @@ bool readBytes(const std::string& path, std::uint64_t position, std::span<char> 
         target = target.subspan(static_cast<std::size_t>(count));
     }
     return target.empty();
+}
+
+FileStamp stampOf(const std::string& path) noexcept {
+    struct stat status{};
+    if (::lstat(path.c_str(), &status) != 0) {
+        return {};
+    }
+#if defined(__APPLE__)
+    const timespec& changed = status.st_mtimespec;
+#else
+    const timespec& changed = status.st_mtim;
+#endif
+    return {.file = status.st_ino,
+            .size = static_cast<std::uint64_t>(status.st_size),
+            .seconds = changed.tv_sec,
+            .nanoseconds = changed.tv_nsec};
+}
+
+std::string withoutLinks(std::string_view path) {
+    std::string given(path);
+    const std::unique_ptr<char, decltype(&::free)> resolved(::realpath(given.c_str(), nullptr),
+                                                            &::free);
+    return resolved ? resolved.get() : given;
+}
+
+bool isFolder(std::string_view path) {
+    struct stat status{};
+    return !path.contains('\0') && ::stat(std::string(path).c_str(), &status) == 0 &&
+           S_ISDIR(status.st_mode);
 }
 
 bool isReadableFile(std::string_view path) {

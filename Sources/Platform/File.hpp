@@ -54,6 +54,25 @@ readFile(std::string_view path, FileMargins margins = {},
 [[nodiscard]] bool readBytes(const std::string& path, std::uint64_t position,
                              std::span<char> target) noexcept;
 
+/// What the system keeps of a file, and changes whenever somebody writes to it.
+struct FileStamp {
+    std::uint64_t file = 0; ///< which one it is; 0 if nothing is there
+    std::uint64_t size = 0;
+    std::int64_t seconds = 0; ///< of the last change
+    std::int64_t nanoseconds = 0;
+
+    friend bool operator==(const FileStamp&, const FileStamp&) noexcept = default;
+};
+
+/// The stamp of what is at `path`, not following a link.
+[[nodiscard]] FileStamp stampOf(const std::string& path) noexcept;
+
+/// The path without links on the way; as it is if nothing is there.
+[[nodiscard]] std::string withoutLinks(std::string_view path);
+
+/// Whether there is a folder at `path`, following links.
+[[nodiscard]] bool isFolder(std::string_view path);
+
 /// Whether there is something at `path`, following links, that this user may read. That is no
 /// promise: it holds for a folder too, and may have changed by the time of reading.
 [[nodiscard]] bool isReadableFile(std::string_view path);

@@ -20,7 +20,7 @@ struct Blob {
 };
 
 /// What a row holds, copied out so that it can be compared and printed.
-using Value = std::variant<std::monostate, std::int64_t, float, std::string, Blob>;
+using Value = std::variant<std::monostate, std::int64_t, double, std::string, Blob>;
 using Values = std::map<std::string, Value>;
 
 inline constexpr std::monostate absent;

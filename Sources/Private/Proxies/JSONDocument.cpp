@@ -62,7 +62,8 @@ private:
 /// Keeps what it is told.
 class NodesBuilder {
 public:
-    NodesBuilder(JSONKeys keys, ImportMemory& memory) noexcept : _keys(keys), _memory(memory) {}
+    NodesBuilder(JSONKeys keys, ImportMemory& memory, JSONLists lists) noexcept
+        : _keys(keys), _memory(memory), _lists(lists) {}
 
     [[nodiscard]] JSONNodes take() && noexcept { return std::move(_nodes); }
 
@@ -145,7 +146,7 @@ private:
     }
 
     /// Whether the next value, of this kind, is kept. Any but an object makes the array that it
-    /// stands in one whose elements nobody asks for.
+    /// stands in one whose elements only some ask for.
     [[nodiscard]] bool isKept(JSONKind kind) noexcept {
         if (_unkept > 0) {
             return false;
@@ -160,7 +161,7 @@ private:
         if (kind != JSONKind::object) {
             parent.kind = JSONKind::array;
         }
-        return parent.kind == JSONKind::objects;
+        return parent.kind == JSONKind::objects || _lists == JSONLists::ofAnything;
     }
 
     JSONNode& add(JSONNode node) {
@@ -180,6 +181,7 @@ private:
 
     KeyFinder _keys;
     ImportMemory& _memory;
+    JSONLists _lists;
     JSONNodes _nodes;
     const JSONNode* _root = nullptr;
     std::vector<JSONNode*> _open; // the objects and lists that are kept and not yet ended
@@ -204,9 +206,9 @@ FailureReason reasonOf(JSONFailure::Reason reason) noexcept {
 
 } // namespace
 
-std::expected<JSONDocument, JSONFailure> JSONDocument::parsed(std::string_view text, JSONKeys keys,
-                                                              ImportMemory& memory) {
-    NodesBuilder builder(keys, memory);
+std::expected<JSONDocument, JSONFailure>
+JSONDocument::parsed(std::string_view text, JSONKeys keys, ImportMemory& memory, JSONLists lists) {
+    NodesBuilder builder(keys, memory, lists);
     JSONParser parser(text, builder);
     if (!parser.parse()) {
         JSONFailure failure = parser.failure();

@@ -17,8 +17,14 @@ namespace Rellinor {
 /// document.
 using JSONKeys = std::span<const std::string_view>;
 
+/// What is kept of a list that holds something besides objects.
+enum class JSONLists : bool {
+    ofObjects, ///< nothing that anybody may ask for
+    ofAnything,
+};
+
 /// A parsed JSON text, as much of it as importers ask for: members whose keys are known, texts,
-/// integers and lists of objects. All of it is checked, but the rest is not kept.
+/// integers and lists. All of it is checked, but the rest is not kept.
 class JSONDocument {
 public:
     /// Parses a text, or says why the text is not JSON.
@@ -28,7 +34,8 @@ public:
     /// @param memory  receives the texts that were written with escapes
     /// @throws std::bad_alloc
     [[nodiscard]] static std::expected<JSONDocument, JSONFailure>
-    parsed(std::string_view text, JSONKeys keys, ImportMemory& memory);
+    parsed(std::string_view text, JSONKeys keys, ImportMemory& memory,
+           JSONLists lists = JSONLists::ofObjects);
 
     /// The object or array that the text is.
     [[nodiscard]] JSONValue root() const noexcept { return JSONValue(*_root); }

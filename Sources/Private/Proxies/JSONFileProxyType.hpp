@@ -9,7 +9,8 @@
 namespace Rellinor {
 
 /// What can be made of a JSON document: it names the members that it needs, and is absent if the
-/// document does not have its shape.
+/// document does not have its shape. It may have a constant `lists` that says what it needs of
+/// lists.
 template <typename Type>
 concept JSONDecodable = requires(JSONDocument document) {
     { Type::keys } -> std::convertible_to<JSONKeys>;
@@ -27,7 +28,11 @@ public:
     /// @throws std::bad_alloc
     template <JSONDecodable Type>
     [[nodiscard]] std::optional<Type> containerObject() {
-        auto parsed = document(Type::keys);
+        JSONLists lists = JSONLists::ofObjects;
+        if constexpr (requires { Type::lists; }) {
+            lists = Type::lists;
+        }
+        auto parsed = document(Type::keys, lists);
         return parsed ? Type::decoded(*std::move(parsed)) : std::nullopt;
     }
 
@@ -36,7 +41,7 @@ protected:
     ~JSONFileProxyType() = default;
 
     /// The file's document; absent if the file cannot be read or is not JSON.
-    [[nodiscard]] virtual std::optional<JSONDocument> document(JSONKeys keys) = 0;
+    [[nodiscard]] virtual std::optional<JSONDocument> document(JSONKeys keys, JSONLists lists) = 0;
 };
 
 } // namespace Rellinor

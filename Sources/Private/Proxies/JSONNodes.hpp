@@ -13,7 +13,7 @@ namespace Rellinor {
 enum class JSONKind : std::uint8_t {
     object,
     objects, ///< an array of nothing but objects, perhaps of none
-    array,   ///< an array of anything else; not all of its elements are kept
+    array,   ///< an array of anything else; not all of its elements are kept unless asked for
     string,
     integer, ///< a number of an integral value that fits 64 bits
     null,

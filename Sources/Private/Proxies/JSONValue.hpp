@@ -47,6 +47,20 @@ public:
     /// A list whose elements are all objects; so is the empty one.
     [[nodiscard]] std::optional<JSONObjects> objects() const noexcept;
 
+    /// Calls `visit` with each element of a list, in their order; returns whether this is one. For
+    /// documents with `JSONLists::ofAnything`.
+    bool forEachElement(auto&& visit) const {
+        if (_node->kind != JSONKind::objects && _node->kind != JSONKind::array) {
+            return false;
+        }
+        for (const JSONNode* place = _node + 1; place != _node->content.behind;) {
+            const JSONNode& element = JSONNodes::at(place);
+            visit(JSONValue(element));
+            place = JSONNodes::behind(element);
+        }
+        return true;
+    }
+
 private:
     static constexpr JSONNode nowhere{};
 

@@ -13,6 +13,7 @@
 #include "Platform/Fault.hpp"
 #include "Private/Proxies/SQLiteGuard.hpp"
 #include "Private/Proxies/SQLiteSideFiles.hpp"
+#include "Private/Proxies/SQLiteSnapshotFileSystem.hpp"
 #include "Private/Text/UTF8.hpp"
 
 namespace Rellinor {
@@ -50,10 +51,14 @@ std::vector<std::string_view> namesOf(::sqlite3_stmt* statement, int count, Impo
 }
 
 /// A text as the database has it, made UTF-8.
-std::string_view textOf(::sqlite3_stmt* statement, int column, ImportMemory& memory) {
-    const auto* const bytes = present(::sqlite3_column_text(statement, column), statement);
-    // Quirk: a text ends at its first NUL.
-    const std::string_view text = reinterpret_cast<const char*>(bytes); // NOLINT(*-cast)
+std::string_view textOf(::sqlite3_stmt* statement, int column, SQLiteFaithfulness faithfulness,
+                        ImportMemory& memory) {
+    const void* const bytes = present(::sqlite3_column_text(statement, column), statement);
+    std::string_view text(static_cast<const char*>(bytes),
+                          static_cast<std::size_t>(::sqlite3_column_bytes(statement, column)));
+    if (faithfulness == SQLiteFaithfulness::narrowed) {
+        text = text.substr(0, text.find('\0')); // Quirk: a text ends at its first NUL.
+    }
     if (isUTF8(text)) {
         return memory.copy(text);
     }
@@ -62,8 +67,12 @@ std::string_view textOf(::sqlite3_stmt* statement, int column, ImportMemory& mem
     return {repaired.data(), repaired.size()};
 }
 
-SQLiteValue blobOf(::sqlite3_stmt* statement, int column, ImportMemory& memory) {
+SQLiteValue blobOf(::sqlite3_stmt* statement, int column, SQLiteFaithfulness faithfulness,
+                   ImportMemory& memory) {
     const int size = ::sqlite3_column_bytes(statement, column);
+    if (size == 0 && faithfulness == SQLiteFaithfulness::whole) {
+        return SQLiteValue(std::span<const char>());
+    }
     const auto* const bytes = static_cast<const char*>(::sqlite3_column_blob(statement, column));
     if (bytes == nullptr) {
         // If memory ran out, the next step says so.
@@ -73,18 +82,24 @@ SQLiteValue blobOf(::sqlite3_stmt* statement, int column, ImportMemory& memory) 
     return SQLiteValue(std::span(copy));
 }
 
-SQLiteValue valueOf(::sqlite3_stmt* statement, int column, ImportMemory& memory) {
+SQLiteValue valueOf(::sqlite3_stmt* statement, int column, SQLiteFaithfulness faithfulness,
+                    ImportMemory& memory) {
+    const bool isNarrowed = faithfulness == SQLiteFaithfulness::narrowed;
     switch (::sqlite3_column_type(statement, column)) {
-    case SQLITE_INTEGER:
+    case SQLITE_INTEGER: {
+        const std::int64_t integer = ::sqlite3_column_int64(statement, column);
         // Quirk: an integer keeps its low 32 bits alone.
-        return SQLiteValue(std::int64_t{::sqlite3_column_int(statement, column)});
-    case SQLITE_FLOAT:
+        return SQLiteValue(isNarrowed ? static_cast<std::int32_t>(integer) : integer);
+    }
+    case SQLITE_FLOAT: {
+        const double number = ::sqlite3_column_double(statement, column);
         // Quirk: a floating-point number is narrowed to 32 bits.
-        return SQLiteValue(static_cast<float>(::sqlite3_column_double(statement, column)));
+        return SQLiteValue(isNarrowed ? double{static_cast<float>(number)} : number);
+    }
     case SQLITE_TEXT:
-        return SQLiteValue(textOf(statement, column, memory));
+        return SQLiteValue(textOf(statement, column, faithfulness, memory));
     case SQLITE_BLOB:
-        return blobOf(statement, column, memory);
+        return blobOf(statement, column, faithfulness, memory);
     default:
         return {};
     }
@@ -99,47 +114,65 @@ struct Closer {
     }
 };
 
+using Statement = std::unique_ptr<::sqlite3_stmt, decltype(&::sqlite3_finalize)>;
+
 } // namespace
 
 SQLiteRows SQLiteFileProxy::select(std::string_view query) {
     SQLiteRows rows(_memory);
+    _ending = _snapshot != nullptr ? readSnapshot(query, rows) : readInPlace(query, rows);
+    return rows;
+}
+
+SQLiteEnding SQLiteFileProxy::readInPlace(std::string_view query, SQLiteRows& rows) {
     if (_pathToDatabase.contains('\0')) {
-        return rows; // cut at its NUL, the path would name another file
+        return SQLiteEnding::notOpened; // cut at its NUL, the path would name another file
     }
     const int opened = ::sqlite3_open(_pathToDatabase.c_str(), &_dbp);
     if (opened == SQLITE_NOMEM) {
         throw std::bad_alloc();
     }
     if (opened != SQLITE_OK || _dbp == nullptr) {
-        return rows; // Quirk: the handle of a failed open is not closed.
+        return SQLiteEnding::notOpened; // Quirk: the handle of a failed open is not closed.
     }
     const std::unique_ptr<::sqlite3, Closer> connection(_dbp); // closed at the end
     const auto size = sizeOfDatabase(*_dbp);
-    if (!size) {
-        return rows;
-    }
-    SQLiteGuard guard(*_dbp, *size);
-    if (!guard.allowsSchema()) {
-        return rows;
-    }
-    keepLittle();
-    ::sqlite3_stmt* statement = nullptr;
-    if (!prepareStatement(query, statement)) {
-        requireMemory(_dbp);
-        return rows;
-    }
-    require(statement != nullptr);
-    if (guard.allowsStatement()) {
-        step(statement, guard, rows);
-    }
-    return rows;
+    return size ? read(query, *size, rows) : SQLiteEnding::refused;
 }
 
-void SQLiteFileProxy::step(::sqlite3_stmt* statement, SQLiteGuard& guard, SQLiteRows& rows) {
+SQLiteEnding SQLiteFileProxy::readSnapshot(std::string_view query, SQLiteRows& rows) {
+    const SQLiteSnapshotFileSystem system(_snapshot->bytes());
+    const int opened = system.open(_dbp);
+    const std::unique_ptr<::sqlite3, Closer> connection(_dbp);
+    if (opened != SQLITE_OK) {
+        throw std::bad_alloc(); // there is no other reason
+    }
+    return read(query, static_cast<std::int64_t>(_snapshot->sizeOfFiles()), rows);
+}
+
+SQLiteEnding SQLiteFileProxy::read(std::string_view query, std::int64_t size, SQLiteRows& rows) {
+    SQLiteGuard guard(*_dbp, size);
+    if (!guard.allowsSchema()) {
+        return endingOf(*_dbp, ::sqlite3_errcode(_dbp), SQLiteEnding::refused);
+    }
+    keepLittle();
+    ::sqlite3_stmt* prepared = nullptr;
+    if (!prepareStatement(query, prepared)) {
+        requireMemory(_dbp);
+        return SQLiteEnding::notPrepared;
+    }
+    require(prepared != nullptr);
     // Quirk: the statement is never finalized.
-    // One that is not at its end keeps the database locked, so it is always brought there.
+    const Statement statement(_snapshot != nullptr ? prepared : nullptr, &::sqlite3_finalize);
+    return guard.allowsStatement() ? step(prepared, guard, rows) : SQLiteEnding::refused;
+}
+
+SQLiteEnding SQLiteFileProxy::step(::sqlite3_stmt* statement, SQLiteGuard& guard,
+                                   SQLiteRows& rows) {
+    // A statement that is not at its end keeps the database locked, so it is always brought there.
+    int code = SQLITE_OK;
     try {
-        while (::sqlite3_step(statement) == SQLITE_ROW) {
+        while ((code = ::sqlite3_step(statement)) == SQLITE_ROW) {
             mapColumns(statement, rows);
             if (!guard.allowsRow(_row)) {
                 ::sqlite3_interrupt(_dbp);
@@ -151,12 +184,17 @@ void SQLiteFileProxy::step(::sqlite3_stmt* statement, SQLiteGuard& guard, SQLite
         throw;
     }
     requireMemory(_dbp);
+    return endingOf(*_dbp, code, SQLiteEnding::damaged);
 }
 
 void SQLiteFileProxy::keepLittle() const noexcept {
     // Where that fails, the database cannot be read either.
-    ::sqlite3_exec(_dbp, "PRAGMA cache_size = 8; PRAGMA temp_store = MEMORY; PRAGMA mmap_size = 0",
-                   nullptr, nullptr, nullptr);
+    ::sqlite3_exec(_dbp, "PRAGMA cache_size = 8; PRAGMA temp_store = MEMORY", nullptr, nullptr,
+                   nullptr);
+    // The pages of a snapshot are read where they stand.
+    ::sqlite3_exec(
+        _dbp, _snapshot != nullptr ? "PRAGMA mmap_size = 281474976710656" : "PRAGMA mmap_size = 0",
+        nullptr, nullptr, nullptr);
 }
 
 bool SQLiteFileProxy::prepareStatement(std::string_view query,
@@ -178,7 +216,7 @@ void SQLiteFileProxy::mapColumns(::sqlite3_stmt* statement, SQLiteRows& rows) {
     }
     _row.clear();
     for (int column = 0; column < count; ++column) {
-        _row.push_back(valueOf(statement, column, _memory));
+        _row.push_back(valueOf(statement, column, _faithfulness, _memory));
     }
     rows.append(_row);
 }

@@ -1,12 +1,15 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 #include "Private/Memory/ImportMemory.hpp"
+#include "Private/Proxies/SQLiteEnding.hpp"
 #include "Private/Proxies/SQLiteFileProxyType.hpp"
+#include "Private/Proxies/SQLiteSnapshot.hpp"
 
 struct sqlite3;      // NOLINT(readability-identifier-naming): the C library's own
 struct sqlite3_stmt; // NOLINT(readability-identifier-naming)
@@ -15,17 +18,24 @@ namespace Rellinor {
 
 class SQLiteGuard;
 
-/// Reads SQLite databases, through the C library's plain calls:
+/// What becomes of a database's values. What is not UTF-8 in a text is replaced by U+FFFD, and NULL
+/// is an absent value.
+enum class SQLiteFaithfulness : std::uint8_t {
+    /// An integer keeps its low 32 bits, a floating-point number the precision of 32 bits; a text
+    /// ends at its first NUL; an empty blob is an absent value.
+    narrowed,
+    whole,
+};
+
+/// Reads SQLite databases. What an honest database has no use for is not read (`SQLiteGuard`).
 ///
-/// - the file is opened for reading and writing, and created empty if there is none;
-/// - an integer keeps its low 32 bits, a floating-point number the precision of 32 bits;
-/// - a text ends at its first NUL, and what is not UTF-8 in it is replaced by U+FFFD;
-/// - NULL and an empty blob are absent values.
+/// A database in its place is read through the C library's plain calls: the file is opened for
+/// reading and writing, and created empty if there is none. Nothing waits for a lock. Each select
+/// opens the file anew and leaves its statement behind: the library then keeps the connection to
+/// the end of the process, but no lock that keeps anybody from reading or writing. Of a database
+/// with a write-ahead log nobody can change that mode meanwhile.
 ///
-/// What an honest database has no use for is not read (`SQLiteGuard`). Nothing waits for a lock.
-/// Each select opens the file anew and leaves its statement behind: the library then keeps the
-/// connection to the end of the process, but no lock that keeps anybody from reading or writing. Of
-/// a database with a write-ahead log nobody can change that mode meanwhile.
+/// Of a snapshot nothing stays behind.
 class SQLiteFileProxy final : public SQLiteFileProxyType {
 public:
     /// Opens nothing yet.
@@ -35,10 +45,22 @@ public:
     SQLiteFileProxy(std::string pathToDatabase, ImportMemory& memory)
         : _pathToDatabase(std::move(pathToDatabase)), _memory(memory) {}
 
+    /// @param snapshot  outlives this
+    /// @param memory    receives texts and bytes; outlives the rows
+    SQLiteFileProxy(SQLiteSnapshot& snapshot, SQLiteFaithfulness faithfulness, ImportMemory& memory)
+        : _snapshot(&snapshot), _faithfulness(faithfulness), _memory(memory) {}
+
     // Kept out of line: leak checkers know by this name what is left behind on purpose.
     [[nodiscard, gnu::noinline]] SQLiteRows select(std::string_view query) override;
 
+    /// How the last select ended.
+    [[nodiscard]] SQLiteEnding ending() const noexcept { return _ending; }
+
 private:
+    [[nodiscard]] SQLiteEnding readInPlace(std::string_view query, SQLiteRows& rows);
+    [[nodiscard]] SQLiteEnding readSnapshot(std::string_view query, SQLiteRows& rows);
+    [[nodiscard]] SQLiteEnding read(std::string_view query, std::int64_t size, SQLiteRows& rows);
+
     /// Has the connection, which stays to the end of the process, keep as little of the file as it
     /// can, and nothing of it in other files.
     void keepLittle() const noexcept;
@@ -47,15 +69,19 @@ private:
                                         ::sqlite3_stmt*& statement) const noexcept;
 
     /// Appends all rows of a statement.
-    void step(::sqlite3_stmt* statement, SQLiteGuard& guard, SQLiteRows& rows);
+    [[nodiscard]] SQLiteEnding step(::sqlite3_stmt* statement, SQLiteGuard& guard,
+                                    SQLiteRows& rows);
 
     /// Appends the row on which the statement stands.
     void mapColumns(::sqlite3_stmt* statement, SQLiteRows& rows);
 
     ::sqlite3* _dbp = nullptr; // of the last select; keeps its value when the connection is closed
     std::string _pathToDatabase;
+    SQLiteSnapshot* _snapshot = nullptr; // that is read instead
+    SQLiteFaithfulness _faithfulness = SQLiteFaithfulness::narrowed;
     ImportMemory& _memory;
     std::vector<SQLiteValue> _row; // that is being read
+    SQLiteEnding _ending = SQLiteEnding::notOpened;
 };
 
 } // namespace Rellinor

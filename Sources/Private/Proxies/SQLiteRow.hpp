@@ -34,6 +34,9 @@ public:
     /// The names of the columns, in their order.
     [[nodiscard]] std::span<const std::string_view> names() const noexcept { return _names; }
 
+    /// What stands in the columns, in their order.
+    [[nodiscard]] std::span<const SQLiteValue> values() const noexcept { return _values; }
+
     /// What the row's texts and bytes belong to, and what is made of them may belong to as well.
     [[nodiscard]] ImportMemory& memory() const noexcept { return *_memory; }
 

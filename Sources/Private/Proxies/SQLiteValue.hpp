@@ -20,7 +20,8 @@ public:
     explicit SQLiteValue(std::int64_t integer) noexcept
         : _content{.integer = integer}, _type(Type::integer) {}
 
-    explicit SQLiteValue(float number) noexcept : _content{.number = number}, _type(Type::number) {}
+    explicit SQLiteValue(double number) noexcept
+        : _content{.number = number}, _type(Type::number) {}
 
     /// @param text  less than 4 GiB
     explicit SQLiteValue(std::string_view text) noexcept
@@ -40,7 +41,7 @@ public:
         return _type == Type::integer ? std::optional(_content.integer) : std::nullopt;
     }
 
-    [[nodiscard]] std::optional<float> number() const noexcept {
+    [[nodiscard]] std::optional<double> number() const noexcept {
         return _type == Type::number ? std::optional(_content.number) : std::nullopt;
     }
 
@@ -58,7 +59,7 @@ private:
 
     union Content {
         std::int64_t integer;
-        float number;
+        double number;
         const char* bytes;
     };
 

@@ -1,12 +1,11 @@
 #include "Private/Importers/Chrome/ChromeImporter.hpp"
 
 #include <optional>
-#include <span>
 #include <string_view>
 
 #include "Private/Importers/Chrome/ChromeRecord.hpp"
-#include "Private/Proxies/SQLiteFileProxy.hpp"
-#include "Private/Text/Base64.hpp"
+#include "Private/Importers/Chrome/EncryptedBytes.hpp"
+#include "Private/Importers/DatabaseImports.hpp"
 
 namespace Rellinor {
 
@@ -19,12 +18,6 @@ std::unexpected<Dropped> ofOtherType(ChromeRecordKey key) noexcept {
 
 std::optional<SQLiteValue> valueOf(const SQLiteRow& record, ChromeRecordKey key) noexcept {
     return record[rawValue(key)];
-}
-
-std::string_view base64In(ImportMemory& memory, std::span<const char> bytes) {
-    const std::span<char> text = memory.allocate(sizeOfBase64(bytes.size()));
-    writeBase64(bytes, text);
-    return {text.data(), text.size()};
 }
 
 } // namespace
@@ -41,9 +34,8 @@ std::string ChromeImporter::statement() {
     return "SELECT " + columns + " FROM logins WHERE blacklisted_by_user = 0 AND " + conditions;
 }
 
-SQLiteRows ChromeImporter::read(const ExportFile& file, ImportMemory& memory,
-                                Reporter* /*reporter*/) {
-    return SQLiteFileProxy(std::string(file.name()), memory).select(statement());
+SQLiteRows ChromeImporter::read(const ExportFile& file, ImportMemory& memory, Reporter* reporter) {
+    return specifiedRows(file, statement(), memory, reporter);
 }
 
 Built<ImportedPassword> ChromeImporter::buildPassword(const RawRecord& record) {
@@ -62,7 +54,7 @@ Built<ImportedPassword> ChromeImporter::buildPassword(const RawRecord& record) {
     }
     return ImportedPassword{
         *username,
-        base64In(record.memory(), *password),
+        base64Of(*password, record.memory()),
         *url,
     };
 }

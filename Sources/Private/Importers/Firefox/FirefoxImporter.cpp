@@ -1,13 +1,17 @@
 #include "Private/Importers/Firefox/FirefoxImporter.hpp"
 
+#include <algorithm>
+#include <array>
+#include <cstdint>
 #include <string_view>
 
 #include "Platform/Fault.hpp"
 #include "Private/Extensions/String.hpp"
+#include "Private/Importers/DatabaseImports.hpp"
+#include "Private/Importers/FileReports.hpp"
 #include "Private/Importers/Firefox/FirefoxEncryptedRecord.hpp"
 #include "Private/Importers/Firefox/FirefoxLoginsFile.hpp"
 #include "Private/Proxies/JSONFileProxy.hpp"
-#include "Private/Proxies/SQLiteFileProxy.hpp"
 
 namespace Rellinor {
 
@@ -15,37 +19,63 @@ namespace {
 
 using EncryptedLogins = std::vector<FirefoxEncryptedRecord>;
 
-std::optional<std::string_view> textOf(const JSONObject& login, EncryptedKeys key) noexcept {
-    return login.text(key);
+/// A field of a login.
+struct Field {
+    std::optional<std::string_view> text;
+    bool isThere = false; ///< perhaps not as a text
+};
+
+Field fieldOf(const JSONObject& login, EncryptedKeys key) noexcept {
+    const JSONValue value = login[key].value_or(JSONValue());
+    return {.text = value.text(), .isThere = !value.isNull()};
 }
 
-std::optional<std::string_view> textOf(const SQLiteRow& login, EncryptedKeys key) noexcept {
-    return login[rawValue(key)].and_then(&SQLiteValue::text);
+Field fieldOf(const SQLiteRow& login, EncryptedKeys key) noexcept {
+    const SQLiteValue value = login[rawValue(key)].value_or(SQLiteValue());
+    return {.text = value.text(), .isThere = !value.isAbsent()};
 }
 
-/// The logins that have all of the fields.
-EncryptedLogins mapFetched(const auto& encryptedLogins) {
+/// The logins that have all of the fields. The others are told to the reporter, which may be null.
+EncryptedLogins mapFetched(const auto& encryptedLogins, Reporter* reporter) {
     EncryptedLogins logins;
+    std::uint64_t number = 0;
     for (const auto& login : encryptedLogins) {
-        const auto host = textOf(login, EncryptedKeys::host);
-        const auto username = textOf(login, EncryptedKeys::user);
-        const auto password = textOf(login, EncryptedKeys::password);
-        if (host && username && password) {
-            logins.push_back({.host = *host, .password = *password, .username = *username});
+        ++number;
+        std::array<std::string_view, allEncryptedKeys.size()> texts;
+        const auto lacking = std::ranges::find_if(allEncryptedKeys, [&](EncryptedKeys key) {
+            const auto text = fieldOf(login, key).text;
+            texts[indexOf(key)] = text.value_or("");
+            return !text;
+        });
+        if (lacking == allEncryptedKeys.end()) {
+            logins.push_back({.host = texts[indexOf(EncryptedKeys::host)],
+                              .password = texts[indexOf(EncryptedKeys::password)],
+                              .username = texts[indexOf(EncryptedKeys::user)]});
+        } else if (reporter != nullptr) {
+            reporter->beginRecord(number);
+            reporter->leftOut(fieldOf(login, *lacking).isThere ? LeftOutReason::fieldOfOtherType
+                                                               : LeftOutReason::missingField,
+                              rawValue(*lacking));
         }
     }
     return logins;
 }
 
-EncryptedLogins fetchEncryptedLoginsFromJSON(const URL& file, ImportMemory& memory) {
-    JSONFileProxy proxy(file, memory);
+EncryptedLogins fetchEncryptedLoginsFromJSON(const URL& file, ImportMemory& memory,
+                                             Reporter* reporter) {
+    JSONFileProxy proxy(file, memory, largestFileFor(reporter));
     const auto logins = proxy.containerObject<FirefoxLoginsFile>();
-    return logins ? mapFetched(*logins) : EncryptedLogins();
+    if (!logins) {
+        reportFailure(proxy, reporter);
+        return {};
+    }
+    return mapFetched(*logins, reporter);
 }
 
-EncryptedLogins fetchEncryptedLoginsFromSQLite(const URL& file, ImportMemory& memory) {
-    SQLiteFileProxy proxy(std::string(file.path()), memory);
-    return mapFetched(proxy.select(FirefoxImporter::statement()));
+EncryptedLogins fetchEncryptedLoginsFromSQLite(const URL& file, ImportMemory& memory,
+                                               Reporter* reporter) {
+    return mapFetched(specifiedRows(file, FirefoxImporter::statement(), memory, reporter),
+                      reporter);
 }
 
 } // namespace
@@ -65,9 +95,9 @@ std::vector<FirefoxRecord> FirefoxImporter::read(const ExportFile& file, ImportM
         file.url() ? FirefoxImportMetaData::of(*file.url()) : FirefoxImportMetaData());
     EncryptedLogins logins;
     if (meta.logins) {
-        logins = fetchEncryptedLoginsFromJSON(*meta.logins, memory);
+        logins = fetchEncryptedLoginsFromJSON(*meta.logins, memory, reporter);
     } else if (meta.signons) {
-        logins = fetchEncryptedLoginsFromSQLite(*meta.signons, memory);
+        logins = fetchEncryptedLoginsFromSQLite(*meta.signons, memory, reporter);
     } else {
         // Quirk: the reason of a failure stays through later successes.
         _failureReason = FirefoxImportFailureReason::invalidProfile;

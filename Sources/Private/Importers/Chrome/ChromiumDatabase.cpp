@@ -1,0 +1,51 @@
+#include "Private/Importers/Chrome/ChromiumDatabase.hpp"
+
+#include <utility>
+
+#include "Private/Proxies/SQLiteFileProxy.hpp"
+
+namespace Rellinor {
+
+ChromiumDatabase::ChromiumDatabase(SQLiteSnapshot& snapshot, ImportMemory& memory)
+    : _logins(memory) {
+    SQLiteFileProxy proxy(snapshot, SQLiteFaithfulness::whole, memory);
+    _logins = proxy.select("SELECT * FROM logins");
+    _endingOfLogins = proxy.ending();
+    if (_logins.size() > 0) {
+        for (const std::string_view name : (*_logins.begin()).names()) {
+            _columns.push_back(chromiumColumn(name));
+        }
+        readNotes(snapshot, memory);
+    }
+}
+
+void ChromiumDatabase::readNotes(SQLiteSnapshot& snapshot, ImportMemory& memory) {
+    SQLiteFileProxy proxy(snapshot, SQLiteFaithfulness::whole, memory);
+    // The notes themselves stay in the import's memory; the rows are let go.
+    const SQLiteRows notes = proxy.select("SELECT parent_id, \"key\", value FROM password_notes");
+    for (const SQLiteRow& note : notes) {
+        const auto values = note.values();
+        if (const auto login = values[0].integer()) {
+            _notes[*login].push_back(
+                {.key = values[1].text().value_or(std::string_view()), .value = values[2]});
+        }
+    }
+    const bool isThere = proxy.ending() != SQLiteEnding::notPrepared;
+    _endingOfNotes = isThere ? proxy.ending() : SQLiteEnding::complete;
+}
+
+std::span<const ChromiumNote> ChromiumDatabase::notesOf(std::int64_t login) const noexcept {
+    const auto found = _notes.find(login);
+    return found != _notes.end() ? std::span(found->second) : std::span<const ChromiumNote>();
+}
+
+void ChromiumLogins::add(std::unique_ptr<const ChromiumDatabase> database) {
+    _databases.push_back(std::move(database));
+    const ChromiumDatabase* const added = _databases.back().get();
+    _logins.reserve(_logins.size() + added->logins().size());
+    for (const SQLiteRow& row : added->logins()) {
+        _logins.push_back({.row = row, .database = added});
+    }
+}
+
+} // namespace Rellinor
