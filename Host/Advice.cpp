@@ -2,13 +2,15 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string_view>
+#include <utility>
+#include <variant>
 #include <vector>
 
 #include "Host/Counted.hpp"
 #include "Host/DetectionWords.hpp"
 #include "Host/DisplayText.hpp"
-#include "Host/Listed.hpp"
 #include "Host/ReportWords.hpp"
 #include "Host/Source.hpp"
 
@@ -39,6 +41,13 @@ std::string command(const std::string& path, const ReadAs& as) {
     return text;
 }
 
+/// The parts that never arrive; their name if there is one alone.
+std::string notRead(std::span<const Unread> unread) {
+    return (unread.size() == 1 ? described(unread.front())
+                               : std::to_string(unread.size()) + " parts") +
+           " not read";
+}
+
 /// What is found in a report; a finding is put in words if there is one alone.
 std::vector<std::string> gist(const ImportReport& report, const ReadAs& as) {
     constexpr std::size_t mostPlaces = 3;
@@ -49,18 +58,15 @@ std::vector<std::string> gist(const ImportReport& report, const ReadAs& as) {
                         " left out");
     }
     if (const auto findings = report.findings(); findings.size() == 1) {
-        parts.push_back(described(findings.front(), report.placeUnit(), mostPlaces));
+        std::string finding = described(findings.front(), report.placeUnit(), mostPlaces);
+        finding.pop_back(); // the full stop
+        parts.push_back(std::move(finding));
     } else if (!findings.empty()) {
-        parts.push_back(counted(findings.size(), "thing") + " to look at");
+        parts.push_back(counted(findings.size(), "thing") + " worth a look");
     }
     // A source never brings more than its few fields along, which is no news.
     if (!report.unread().empty() && !std::holds_alternative<ImportSource>(as)) {
-        std::vector<std::string> unread;
-        for (const Unread& part : report.unread()) {
-            unread.push_back(described(part));
-        }
-        parts.push_back("not read: " +
-                        listed(std::vector<std::string_view>(unread.begin(), unread.end())));
+        parts.push_back(notRead(report.unread()));
     }
     return parts;
 }

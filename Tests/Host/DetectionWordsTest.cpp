@@ -67,18 +67,18 @@ TEST(DetectionWordsTest, refusesWithWhatTheFileIsAndWhatToDo) {
 }
 
 TEST(DetectionWordsTest, objectsToTheSourceOfAnotherFile) {
-    using enum ImportSource;
-    EXPECT_EQ(objection(tirel, lastPass),
+    EXPECT_EQ(objection(tirel, ImportSource::lastPass),
               "this looks like tirel-json (Tirel export): try without --source");
-    EXPECT_TRUE(objection(unread, lastPass).ends_with(": try --source keePass"));
-    EXPECT_EQ(objection(encrypted, lastPass),
+    EXPECT_TRUE(objection(unread, ImportSource::lastPass).ends_with(": try --source keePass"));
+    EXPECT_EQ(objection(encrypted, ImportSource::lastPass),
               "this looks like KeePass: The file is encrypted. Export it in KeePass.");
     EXPECT_EQ(objection(tirel, ImportSource::tirel), "");
-    EXPECT_EQ(objection(unread, keePassXC), ""); // of which keePass is the importer too
-    EXPECT_EQ(objection(missing, lastPass), "");
+    EXPECT_EQ(objection(unread, ImportSource::keePassXC),
+              ""); // of which keePass is the importer too
+    EXPECT_EQ(objection(missing, ImportSource::lastPass), "");
     Detection unsure = tirel;
     unsure.confidence = Confidence::possible;
-    EXPECT_EQ(objection(unsure, lastPass), "");
+    EXPECT_EQ(objection(unsure, ImportSource::lastPass), "");
 }
 
 } // namespace

@@ -257,16 +257,17 @@ TEST_F(HostTest, namesTheNearestOption) {
     EXPECT_EQ(complaint({"detect", "--source", "auto", "a"}),
               "\"--source\" is not known; the only option is --help (rellinor detect --help tells "
               "more)");
-    EXPECT_EQ(complaint({"check", "-x", "a"}),
-              "\"-x\" is not known; the options are --help and --source (rellinor check --help "
-              "tells more)");
+    EXPECT_EQ(
+        complaint({"check", "-x", "a"}),
+        "\"-x\" is not known; the options are --help, --source and --layout (rellinor check --help "
+        "tells more)");
 }
 
 TEST_F(HostTest, namesTheNearestCommand) {
     EXPECT_EQ(complaint({"imprt", "--sorce"}),
               "\"imprt\" is not known; did you mean import? (rellinor --help tells more)");
-    EXPECT_EQ(complaint({"xyz"}), "\"xyz\" is not known; the commands are import, detect, check "
-                                  "and sources (rellinor --help tells more)");
+    EXPECT_EQ(complaint({"xyz"}), "\"xyz\" is not known; the commands are import, check, detect, "
+                                  "sources and layouts (rellinor --help tells more)");
     EXPECT_EQ(complaint({"sources", "all"}),
               "\"all\" is not expected (rellinor sources --help tells more)");
 }

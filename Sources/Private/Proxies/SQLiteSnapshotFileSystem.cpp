@@ -6,6 +6,7 @@
 #include <cstring>
 #include <new>
 #include <string_view>
+#include <utility>
 
 #include <sqlite3.h>
 
