@@ -14,27 +14,6 @@ namespace Rellinor {
 
 namespace {
 
-class FileDescriptor {
-public:
-    explicit FileDescriptor(int descriptor) noexcept : _descriptor(descriptor) {}
-
-    FileDescriptor(const FileDescriptor&) = delete;
-    FileDescriptor& operator=(const FileDescriptor&) = delete;
-
-    ~FileDescriptor() {
-        if (isOpen()) {
-            ::close(_descriptor);
-        }
-    }
-
-    [[nodiscard]] bool isOpen() const noexcept { return _descriptor >= 0; }
-
-    [[nodiscard]] int get() const noexcept { return _descriptor; }
-
-private:
-    int _descriptor;
-};
-
 /// The longest read that every platform accepts in one call is a little under 2 GiB.
 constexpr std::size_t longestRead = std::size_t{1} << 30U;
 
@@ -48,10 +27,10 @@ auto uninterrupted(auto call) noexcept {
 }
 
 int openForReading(const std::string& path) noexcept {
-    // Without O_NONBLOCK, opening a pipe would wait for its writer.
-    return uninterrupted([&] {
-        return ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK); // NOLINT(*-vararg)
-    });
+    // Without O_NONBLOCK, opening a pipe would wait for its writer. Without O_NOCTTY, a terminal
+    // could become that of the process.
+    constexpr int flags = O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
+    return uninterrupted([&] { return ::open(path.c_str(), flags); }); // NOLINT(*-vararg)
 }
 
 FileError errorOfOpening(int error) noexcept {
@@ -71,12 +50,6 @@ FileError errorOfOpening(int error) noexcept {
     }
 }
 
-/// Reads up to `target.size()` bytes; 0 at the end of the file, negative on failure.
-ssize_t readSome(const FileDescriptor& file, std::span<char> target) noexcept {
-    return uninterrupted(
-        [&] { return ::read(file.get(), target.data(), std::min(target.size(), longestRead)); });
-}
-
 void grow(FileContents& contents) {
     FileContents larger{.buffer = WipedBuffer(contents.buffer.size() * 2),
                         .begin = contents.begin,
@@ -93,47 +66,100 @@ std::span<char> roomBehind(FileContents& contents, const FileMargins& margins) {
 
 } // namespace
 
-std::expected<FileContents, FileError> readFile(std::string_view path, FileMargins margins,
-                                                std::uint64_t mostBytes) {
+std::expected<OpenFile, FileError> OpenFile::at(const std::string& path) noexcept {
     if (path.contains('\0')) {
         return std::unexpected(
             FileError::missing); // cut at its NUL, the path would name another file
     }
-    const FileDescriptor file(openForReading(std::string(path)));
-    if (!file.isOpen()) {
+    const int descriptor = openForReading(path);
+    if (descriptor < 0) {
         return std::unexpected(errorOfOpening(errno));
     }
+    OpenFile file(descriptor, 0);
     struct stat status{};
-    if (::fstat(file.get(), &status) != 0) {
+    if (::fstat(descriptor, &status) != 0) {
         return std::unexpected(FileError::unreadable);
     }
     if (!S_ISREG(status.st_mode)) {
         return std::unexpected(FileError::notAFile);
     }
-    if (static_cast<std::uint64_t>(status.st_size) > mostBytes) {
+    file._size = static_cast<std::uint64_t>(status.st_size);
+    return file;
+}
+
+OpenFile::~OpenFile() {
+    if (_descriptor >= 0) {
+        ::close(_descriptor);
+    }
+}
+
+std::optional<std::size_t> OpenFile::readNext(std::span<char> target) const noexcept {
+    const ssize_t count = uninterrupted(
+        [&] { return ::read(_descriptor, target.data(), std::min(target.size(), longestRead)); });
+    return count >= 0 ? std::optional(static_cast<std::size_t>(count)) : std::nullopt;
+}
+
+std::optional<std::size_t> OpenFile::read(std::uint64_t position,
+                                          std::span<char> target) const noexcept {
+    std::size_t done = 0;
+    while (done < target.size()) {
+        const std::span<char> rest = target.subspan(done);
+        const ssize_t count = uninterrupted([&] {
+            return ::pread(_descriptor, rest.data(), std::min(rest.size(), longestRead),
+                           static_cast<off_t>(position + done));
+        });
+        if (count < 0) {
+            return std::nullopt;
+        }
+        if (count == 0) {
+            break;
+        }
+        done += static_cast<std::size_t>(count);
+    }
+    return done;
+}
+
+std::expected<FileContents, FileError> readFile(std::string_view path, FileMargins margins,
+                                                std::uint64_t mostBytes) {
+    const auto file = OpenFile::at(std::string(path));
+    if (!file) {
+        return std::unexpected(file.error());
+    }
+    if (file->size() > mostBytes) {
         return std::unexpected(FileError::tooLarge);
     }
 
     // One byte more than the file holds, so that its end shows without growing the buffer.
-    const auto expected = static_cast<std::size_t>(status.st_size) + 1;
+    const std::size_t expected = file->size() + 1;
     FileContents contents{.buffer = WipedBuffer(margins.before + expected + margins.behind),
                           .begin = margins.before};
     for (;;) {
         if (roomBehind(contents, margins).empty()) {
             grow(contents);
         }
-        const ssize_t count = readSome(file, roomBehind(contents, margins));
-        if (count < 0) {
+        const auto count = file->readNext(roomBehind(contents, margins));
+        if (!count) {
             return std::unexpected(FileError::unreadable);
         }
-        if (count == 0) {
+        if (*count == 0) {
             return contents;
         }
-        contents.size += static_cast<std::size_t>(count);
+        contents.size += *count;
         if (contents.size > mostBytes) {
             return std::unexpected(FileError::tooLarge);
         }
     }
+}
+
+std::expected<FileKind, FileError> kindOfFile(const std::string& path) noexcept {
+    struct stat status{};
+    if (path.contains('\0') || ::stat(path.c_str(), &status) != 0) {
+        return std::unexpected(path.contains('\0') ? FileError::missing : errorOfOpening(errno));
+    }
+    if (S_ISDIR(status.st_mode)) {
+        return FileKind::folder;
+    }
+    return S_ISREG(status.st_mode) ? FileKind::file : FileKind::other;
 }
 
 std::optional<std::uint64_t> sizeOfFile(const std::string& path) noexcept {
@@ -146,18 +172,8 @@ std::optional<std::uint64_t> sizeOfFile(const std::string& path) noexcept {
 }
 
 bool readBytes(const std::string& path, std::uint64_t position, std::span<char> target) noexcept {
-    const FileDescriptor file(openForReading(path));
-    while (file.isOpen() && !target.empty()) {
-        const ssize_t count = uninterrupted([&] {
-            return ::pread(file.get(), target.data(), target.size(), static_cast<off_t>(position));
-        });
-        if (count <= 0) {
-            return false;
-        }
-        position += static_cast<std::uint64_t>(count);
-        target = target.subspan(static_cast<std::size_t>(count));
-    }
-    return target.empty();
+    const auto file = OpenFile::at(path);
+    return file && file->read(position, target) == target.size();
 }
 
 FileStamp stampOf(const std::string& path) noexcept {

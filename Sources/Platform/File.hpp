@@ -8,6 +8,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "Platform/WipedBuffer.hpp"
 
@@ -44,6 +45,49 @@ enum class FileError : std::uint8_t {
 [[nodiscard]] std::expected<FileContents, FileError>
 readFile(std::string_view path, FileMargins margins = {},
          std::uint64_t mostBytes = std::numeric_limits<std::uint64_t>::max());
+
+/// A regular file, open for reading. Closed at the end of its life.
+class OpenFile {
+public:
+    /// Opens the regular file at `path`, following links. Never waits for a writer.
+    [[nodiscard]] static std::expected<OpenFile, FileError> at(const std::string& path) noexcept;
+
+    OpenFile(OpenFile&& other) noexcept
+        : _descriptor(std::exchange(other._descriptor, -1)), _size(other._size) {}
+
+    OpenFile& operator=(OpenFile&&) = delete;
+    OpenFile(const OpenFile&) = delete;
+    OpenFile& operator=(const OpenFile&) = delete;
+    ~OpenFile();
+
+    /// How many bytes the file had when it was opened.
+    [[nodiscard]] std::uint64_t size() const noexcept { return _size; }
+
+    /// Reads some of the bytes that follow those read last; 0 at the end of the file. Absent if
+    /// they cannot be read.
+    [[nodiscard]] std::optional<std::size_t> readNext(std::span<char> target) const noexcept;
+
+    /// Reads bytes from a position on, as many as are there and `target` takes. Absent if they
+    /// cannot be read.
+    [[nodiscard]] std::optional<std::size_t> read(std::uint64_t position,
+                                                  std::span<char> target) const noexcept;
+
+private:
+    OpenFile(int descriptor, std::uint64_t size) noexcept : _descriptor(descriptor), _size(size) {}
+
+    int _descriptor;
+    std::uint64_t _size;
+};
+
+/// What may be at a path.
+enum class FileKind : std::uint8_t {
+    file,
+    folder,
+    other, ///< a device, pipe or socket
+};
+
+/// What is at `path`, following links, or why nobody can tell.
+[[nodiscard]] std::expected<FileKind, FileError> kindOfFile(const std::string& path) noexcept;
 
 /// The size of the regular file at `path`, 0 if nothing is there. Absent if something else is, such
 /// as a link.

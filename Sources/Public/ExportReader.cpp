@@ -12,13 +12,14 @@ namespace {
 
 Assembled readDetected(const ExportFile& file, Reporter& reporter) {
     const Detection found = detect(file);
-    if (found.layout) {
+    const bool isClear = found.layout && found.confidence >= Confidence::likely;
+    if (isClear) {
         reporter.setLayout(*found.layout);
     }
     if (found.obstacle != FailureReason::none) {
         return failedImport(found.obstacle, reporter);
     }
-    if (!found.layout) {
+    if (!isClear) {
         return failedImport(FailureReason::unknown, reporter);
     }
     return importLayout(file, *found.layout, reporter);

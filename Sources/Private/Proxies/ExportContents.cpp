@@ -10,6 +10,20 @@ namespace Rellinor {
 
 namespace {
 
+std::expected<FileContents, FileError> copyOf(std::span<const char> bytes, FileMargins margins,
+                                              std::uint64_t mostBytes) {
+    if (bytes.size() > mostBytes) {
+        return std::unexpected(FileError::tooLarge);
+    }
+    FileContents contents{.buffer = WipedBuffer(margins.before + bytes.size() + margins.behind),
+                          .begin = margins.before,
+                          .size = bytes.size()};
+    std::ranges::copy(bytes, contents.bytes().begin());
+    return contents;
+}
+
+} // namespace
+
 FailureReason reasonOf(FileError error) noexcept {
     switch (error) {
     case FileError::missing:
@@ -25,20 +39,6 @@ FailureReason reasonOf(FileError error) noexcept {
     }
     fault();
 }
-
-std::expected<FileContents, FileError> copyOf(std::span<const char> bytes, FileMargins margins,
-                                              std::uint64_t mostBytes) {
-    if (bytes.size() > mostBytes) {
-        return std::unexpected(FileError::tooLarge);
-    }
-    FileContents contents{.buffer = WipedBuffer(margins.before + bytes.size() + margins.behind),
-                          .begin = margins.before,
-                          .size = bytes.size()};
-    std::ranges::copy(bytes, contents.bytes().begin());
-    return contents;
-}
-
-} // namespace
 
 std::expected<FileContents, FailureReason> contentsOf(const ExportFile& file, FileMargins margins,
                                                       std::uint64_t mostBytes) {

@@ -21,6 +21,9 @@ inline constexpr std::uint64_t anyNumberOfBytes = std::numeric_limits<std::uint6
 [[nodiscard]] std::expected<FileContents, FailureReason>
 contentsOf(const ExportFile& file, FileMargins margins, std::uint64_t mostBytes);
 
+/// The same reason for a host.
+[[nodiscard]] FailureReason reasonOf(FileError error) noexcept;
+
 /// What bytes that are not UTF-8 are likely to be.
 [[nodiscard]] FailureReason reasonForNoUTF8(std::string_view bytes) noexcept;
 
