@@ -188,6 +188,25 @@ TEST_P(SecretsTest, areGoneWithTheirRecords) {
     expectNothing();
 }
 
+/// A snapshot is ours, and is overwritten. SQLite keeps the last value of each column, and shorter
+/// ones before it.
+TEST_P(SecretsTest, areGoneWithTheRecordsOfAnExportThatWasRead) {
+    constexpr std::size_t mostThatAStatementKeeps = 8;
+
+    std::optional<ImportedExport> result;
+    _thread.ask([&] {
+        result = readExport(ExportFile::atPath(_path),
+                            {.as = store().source, .onProgress = {}, .limits = {}});
+    });
+    EXPECT_EQ(result->records.has_value(), store().fate == Fate::imported);
+    if (result->records) {
+        expectDelivered();
+    }
+    _thread.ask([&] { result.reset(); });
+    expectNothing();
+    EXPECT_LE(found().inSQLite.size(), mostThatAStatementKeeps);
+}
+
 TEST_P(SecretsTest, areGoneWithTheResultOfTheCInterface) {
     rellinor_importer* const importer = ::rellinor_importer_new();
     rellinor_result* result = nullptr;
