@@ -85,7 +85,9 @@ std::string joined(const std::vector<std::string>& parts) {
 std::string advice(const std::string& path, const ReadAs& as, const Detection& detected,
                    const ImportedExport& imported) {
     const ImportReport& report = imported.report;
-    if (const auto* const source = std::get_if<ImportSource>(&as)) {
+    const bool isExplained =
+        !imported.records && report.failure().reason == detected.obstacle; // by the detection
+    if (const auto* const source = std::get_if<ImportSource>(&as); source && !isExplained) {
         if (std::string other = objection(detected, *source); !other.empty()) {
             return other;
         }

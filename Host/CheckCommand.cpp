@@ -94,7 +94,6 @@ bool check(const std::string& path, const ReadAs& as, std::ostream& out) {
     const ExportFile file = ExportFile::atPath(path);
     const Detection detected = lookAt(path);
     const auto* const source = std::get_if<ImportSource>(&as);
-    const std::string other = source == nullptr ? "" : objection(detected, *source);
     // The import of a source would make a file where there is none, and take what is in a pipe.
     if (detected.obstacle == FailureReason::missing ||
         detected.obstacle == FailureReason::notAFile) {
@@ -114,6 +113,8 @@ bool check(const std::string& path, const ReadAs& as, std::ostream& out) {
     } else {
         out << counted(report.recordCount(), "record") << '\n';
     }
+    const bool isExplained = !imported.records && report.failure().reason == detected.obstacle;
+    const std::string other = source == nullptr || isExplained ? "" : objection(detected, *source);
     if (!other.empty()) {
         out << "  " << other << '\n';
     }

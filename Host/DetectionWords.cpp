@@ -40,12 +40,16 @@ std::string optionOf(ImportSource source) {
 
 /// What is wrong with a file and what to do about that.
 std::string remedied(std::string problem, const Detection& detection, const ReadAs& as = {}) {
-    append(problem, " ", detection.advice);
+    std::string remedy(detection.advice);
     if (std::holds_alternative<ImportSource>(as)) {
-        append(problem, " ", isReadable(detection) ? "Try without --source." : "");
+        append(remedy, "; ", isReadable(detection) ? "try without --source" : "");
     } else if (detection.source && detection.layout && !isRead(*detection.layout)) {
-        append(problem, " ", optionOf(*detection.source) + " reads it.");
+        append(remedy, "; ", optionOf(*detection.source) + " reads it");
     }
+    if (!remedy.empty() && problem.ends_with('.')) {
+        problem.pop_back();
+    }
+    append(problem, ": ", remedy);
     return problem;
 }
 

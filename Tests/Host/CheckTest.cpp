@@ -111,10 +111,6 @@ TEST_F(CheckTest, doesNotReadAPipe) {
     }
 }
 
-TEST_F(CheckTest, showsAnEmptyPath) {
-    EXPECT_EQ(rellinor({"check", ""}).out, "\"\": nothing would arrive: There is no such file.\n");
-}
-
 TEST_F(CheckTest, rejectsWrongUsage) {
     EXPECT_EQ(rellinor({"check"}).status, 2);
     EXPECT_EQ(rellinor({"check", "--source", "nobody", "a.csv"}).status, 2);

@@ -33,7 +33,7 @@ TEST_F(DetectCommandTest, showsOneLineForEachPathInOrder) {
     EXPECT_EQ(linesIn(ended.out), 3);
     EXPECT_TRUE(ended.out.contains("a␊b: unknown: There is no such file.")) << ended.out;
     EXPECT_TRUE(ended.out.contains('\n' + tirel + ": tirel-json (certain): ")) << ended.out;
-    EXPECT_TRUE(ended.out.contains("\n\"\": unknown: There is no such file.")) << ended.out;
+    EXPECT_TRUE(ended.out.contains("\n\"\": unknown: ")) << ended.out;
 }
 
 TEST_F(DetectCommandTest, succeedsOnlyIfEveryPathCanBeRead) {

@@ -31,7 +31,7 @@ const Detection encrypted{.layout = {},
                           .obstacle = FailureReason::encrypted,
                           .product = "KeePass",
                           .evidence = "the signature of a database",
-                          .advice = "Export it in KeePass."};
+                          .advice = "export it in KeePass"};
 const Detection missing{.layout = {},
                         .confidence = Confidence::none,
                         .source = {},
@@ -44,7 +44,7 @@ TEST(DetectionWordsTest, describesWhatIsFoundOnOneLine) {
     EXPECT_EQ(described(tirel), "tirel-json (certain): Tirel; the members logins, notes and cards; "
                                 "meant for --source tirel");
     EXPECT_EQ(described(encrypted), "KeePass (certain): the signature of a database; The file is "
-                                    "encrypted. Export it in KeePass.");
+                                    "encrypted: export it in KeePass");
     EXPECT_EQ(described(missing), "unknown: There is no such file.");
     EXPECT_EQ(described(Detection()), "unknown: It is no export or store that is known.");
 }
@@ -57,12 +57,12 @@ TEST(DetectionWordsTest, refusesWithWhatTheFileIsAndWhatToDo) {
     const Failure notRead{.reason = FailureReason::notRead, .place = 0, .field = ""};
     EXPECT_EQ(refusal(tirel, {}, cut, line), "line 7: The file ends before it is complete.");
     EXPECT_EQ(refusal(tirel, ImportSource::tirel, column, line),
-              "fav: The columns are not those of such a file. Try without --source.");
+              "fav: The columns are not those of such a file: try without --source");
     EXPECT_EQ(refusal(encrypted, {}, encryption, line),
-              "KeePass: The file is encrypted. Export it in KeePass.");
+              "KeePass: The file is encrypted: export it in KeePass");
     EXPECT_TRUE(refusal(unread, {}, notRead, line)
-                    .ends_with("It is a known file that this version does not read. --source "
-                               "keePass reads it."));
+                    .ends_with("It is a known file that this version does not read: --source "
+                               "keePass reads it"));
     EXPECT_EQ(refusal(missing, ImportSource::chrome, {}, line), "There is no such file.");
 }
 
@@ -71,7 +71,7 @@ TEST(DetectionWordsTest, objectsToTheSourceOfAnotherFile) {
               "this looks like tirel-json (Tirel export): try without --source");
     EXPECT_TRUE(objection(unread, ImportSource::lastPass).ends_with(": try --source keePass"));
     EXPECT_EQ(objection(encrypted, ImportSource::lastPass),
-              "this looks like KeePass: The file is encrypted. Export it in KeePass.");
+              "this looks like KeePass: The file is encrypted: export it in KeePass");
     EXPECT_EQ(objection(tirel, ImportSource::tirel), "");
     EXPECT_EQ(objection(unread, ImportSource::keePassXC),
               ""); // of which keePass is the importer too
