@@ -1,5 +1,5 @@
-// An import through the functions for C, against the same import in C++. The first byte of an input
-// chooses the source; the rest is the file.
+// An import and a read through the functions for C, against the same import in C++. The first byte
+// of an input chooses the source; the rest is the file.
 
 #include <memory>
 #include <optional>
@@ -95,6 +95,54 @@ void expectFailure(const rellinor_result* result, const NSError& error) {
     expect(rellinor_result_card_count(result) == 0);
 }
 
+/// Every record of a result is accounted for, and every entry has a name.
+void expectReport(const rellinor_result* result) {
+    const auto isNamed = [](rellinor_text name) { return name.data != nullptr; };
+    std::uint64_t accounted = rellinor_result_login_count(result) +
+                              rellinor_result_note_count(result) +
+                              rellinor_result_card_count(result);
+    for (std::size_t index = 0; index < rellinor_report_left_out_count(result); ++index) {
+        const rellinor_left_out entry = rellinor_report_left_out(result, index);
+        expect(isNamed(rellinor_left_out_reason_identifier(entry.reason)));
+        expect(entry.places.first_count <= entry.places.count);
+        accounted += entry.places.count;
+    }
+    for (std::size_t index = 0; index < rellinor_report_finding_count(result); ++index) {
+        expect(
+            isNamed(rellinor_finding_kind_identifier(rellinor_report_finding(result, index).kind)));
+    }
+    for (std::size_t index = 0; index < rellinor_report_unread_count(result); ++index) {
+        expect(rellinor_report_unread(result, index).count > 0);
+    }
+    const rellinor_failure_reason reason = rellinor_report_failure(result).reason;
+    expect(isNamed(rellinor_failure_reason_identifier(reason)));
+    expect(rellinor_result_succeeded(result) || reason != RELLINOR_FAILURE_NONE);
+    expect(rellinor_report_record_count(result) == accounted);
+    expect(rellinor_report_is_complete(result));
+}
+
+void expectOutcome(const rellinor_result* result, const Tests::Outcome& expected) {
+    expect(rellinor_result_succeeded(result) == !expected.error);
+    if (expected.error) {
+        expectFailure(result, *expected.error);
+    } else {
+        expectSuccess(result, expected);
+    }
+}
+
+/// What a file is, and what it holds as whatever it is.
+void detectAndRead(const std::string& path, std::string_view contents) {
+    rellinor_detection* const detection = rellinor_detect(path.c_str());
+    expect(rellinor_failure_reason_identifier(rellinor_detection_obstacle(detection)).length > 0);
+    rellinor_detection_free(detection);
+    rellinor_detection_free(rellinor_detect_memory(contents.data(), contents.size(), "export"));
+
+    const Result result(
+        rellinor_export_read_memory(contents.data(), contents.size(), "export", nullptr),
+        &rellinor_result_free);
+    expectReport(result.get());
+}
+
 /// What is given to the import.
 struct Input {
     std::string path;
@@ -129,16 +177,20 @@ void fuzz(std::string_view input) {
                                                  static_cast<rellinor_source>(source)),
                         &rellinor_result_free);
     importer.reset();
+
+    rellinor_read_options options{};
+    options.size = sizeof options;
+    options.as = RELLINOR_READ_AS_SOURCE;
+    options.source = static_cast<rellinor_source>(source);
+    const Result read(rellinor_export_read(path.c_str(), &options), &rellinor_result_free);
+    expectReport(read.get());
+    detectAndRead(path, input.substr(1));
     if (!isRepeatable) {
         return;
     }
     const Tests::Outcome expected = Tests::outcomeOf(source, path);
-    expect(rellinor_result_succeeded(result.get()) == !expected.error);
-    if (expected.error) {
-        expectFailure(result.get(), *expected.error);
-    } else {
-        expectSuccess(result.get(), expected);
-    }
+    expectOutcome(result.get(), expected);
+    expectOutcome(read.get(), expected);
 }
 
 } // namespace Rellinor::Fuzzers

@@ -15,5 +15,7 @@ void Rellinor::Fuzzers::fuzz(std::string_view input) {
     expect(document.has_value() == reference.has_value());
     if (document) {
         expectEqual(document->root(), *reference, keys);
+        const auto all = JSONDocument::parsed(input, keys, memory, JSONExtent::everything);
+        expectAllEqual(all->root(), *reference, keys);
     }
 }

@@ -32,7 +32,9 @@ public:
 
     void null() { _text += "null "; }
 
-    void otherValue() { _text += "other "; }
+    void boolean(bool value) { _text += value ? "true " : "false "; }
+
+    void otherNumber() { _text += "other "; }
 
     void addKey(std::string_view text) { add("key ", text); }
 
@@ -83,11 +85,11 @@ void tell(const Reference& value, Transcript& events) {
         if (const auto integer = value.integer()) {
             events.integer(*integer);
         } else {
-            events.otherValue();
+            events.otherNumber();
         }
         break;
     case boolean:
-        events.otherValue();
+        events.boolean(value.text == "true");
         break;
     case null:
         events.null();

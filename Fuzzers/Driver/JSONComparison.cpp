@@ -1,6 +1,7 @@
 #include "Fuzzers/Driver/JSONComparison.hpp"
 
 #include <cstddef>
+#include <optional>
 
 #include "Fuzzers/Driver/Fuzzer.hpp"
 
@@ -27,6 +28,8 @@ void expectEqual(const JSONValue& value, const Reference& reference, JSONKeys ke
     expect(value.isNull() == (reference.kind == Reference::Kind::null));
     expect(value.text() == reference.string());
     expect(value.integer() == reference.integer());
+    const bool isBoolean = reference.kind == Reference::Kind::boolean;
+    expect(value.boolean() == (isBoolean ? std::optional(reference.text == "true") : std::nullopt));
 
     const auto object = value.object();
     expect(object.has_value() == (reference.kind == Reference::Kind::object));
@@ -45,6 +48,30 @@ void expectEqual(const JSONValue& value, const Reference& reference, JSONKeys ke
             ++element;
         }
         expect(element == elements->end());
+    }
+}
+
+void expectAllEqual(const JSONValue& value, const Reference& reference, JSONKeys keys) {
+    expectEqual(value, reference, keys);
+    if (const auto object = value.object()) {
+        auto member = reference.members.begin();
+        object->forEachNamed(keys, [&](std::string_view name, const JSONValue& next) {
+            expect(member != reference.members.end() && name == member->first);
+            expectAllEqual(next, member->second, keys);
+            ++member;
+        });
+        expect(member == reference.members.end());
+    }
+    const auto elements = value.elements();
+    expect(elements.has_value() == (reference.kind == Reference::Kind::array));
+    if (elements) {
+        auto element = reference.elements.begin();
+        for (const JSONValue next : *elements) {
+            expect(element != reference.elements.end());
+            expectAllEqual(next, *element, keys);
+            ++element;
+        }
+        expect(element == reference.elements.end());
     }
 }
 

@@ -10,4 +10,8 @@ namespace Rellinor::Fuzzers {
 /// @param keys  those with which the document was parsed
 void expectEqual(const JSONValue& value, const Tests::JSONReferenceValue& reference, JSONKeys keys);
 
+/// The same of a document that keeps everything.
+void expectAllEqual(const JSONValue& value, const Tests::JSONReferenceValue& reference,
+                    JSONKeys keys);
+
 } // namespace Rellinor::Fuzzers

@@ -13,6 +13,7 @@
 #include "Tests/Support/Connection.hpp"
 #include "Tests/Support/Descriptors.hpp"
 #include "Tests/Support/Exports.hpp"
+#include "Tests/Support/Reports.hpp"
 #include "Tests/Support/SQLiteMemory.hpp"
 
 namespace Rellinor::Tests {
@@ -158,6 +159,39 @@ TEST_P(MemoryOfDatabasesTest, readsNoComputedColumnForLackOfMemory) {
                       "INSERT INTO moz_logins VALUES ('https://a.example', 'ann')"});
     }
     EXPECT_GT(importsAllOrNothing(path, heap), 4);
+}
+
+TEST_P(MemoryTest, lacksMemoryForAllOrNothingWithAReport) {
+    const std::string path = GetParam().written(folder(), GetParam().bytes());
+    const ExportFile file = ExportFile::atPath(path);
+    const auto read = [&] { return readExport(file, {.as = GetParam().source}); };
+    std::size_t requests = 0;
+    std::optional<ImportedExport> whole;
+    requests = allocationsOf([&] { whole.emplace(read()); });
+    ASSERT_TRUE(allowDescriptors(3 * requests + 100));
+    std::size_t failed = 0;
+    for (const auto fail : {failAllocation, failAllocationsFrom}) {
+        for (std::size_t nth = 1; nth <= requests + 1; ++nth) {
+            const std::size_t pieces = piecesInUse();
+            {
+                std::optional<ImportedExport> imported;
+                fail(nth, [&] { imported.emplace(read()); });
+                EXPECT_TRUE(isConsistent(*imported) || !imported->report.isComplete()) << nth;
+                if (imported->records) {
+                    EXPECT_EQ(copyOf(imported->records), copyOf(whole->records)) << nth;
+                    EXPECT_TRUE(textOf(imported->report) == textOf(whole->report) ||
+                                !imported->report.isComplete())
+                        << nth;
+                } else {
+                    EXPECT_EQ(copyOf(imported->records), lackOfMemory) << nth;
+                    EXPECT_EQ(imported->report.failure().reason, FailureReason::outOfMemory);
+                    ++failed;
+                }
+            }
+            EXPECT_EQ(piecesInUse(), pieces) << nth;
+        }
+    }
+    EXPECT_GT(failed, 4);
 }
 
 INSTANTIATE_TEST_SUITE_P(Importers, MemoryTest, testing::ValuesIn(allExports()), nameOf);

@@ -123,8 +123,10 @@ private:
         if (_rest.starts_with('"')) {
             return {.kind = Kind::string, .text = string()};
         }
-        if (takeIf("true") || takeIf("false")) {
-            return {.kind = Kind::boolean};
+        for (const std::string_view word : {"true", "false"}) {
+            if (takeIf(word)) {
+                return {.kind = Kind::boolean, .text = std::string(word)};
+            }
         }
         if (takeIf("null")) {
             return {.kind = Kind::null};

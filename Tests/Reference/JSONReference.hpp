@@ -14,7 +14,7 @@ struct JSONReferenceValue {
     enum class Kind : std::uint8_t { object, array, string, number, boolean, null };
 
     Kind kind = Kind::null;
-    std::string text = {}; ///< of a string, decoded; of a number, as it is spelt
+    std::string text = {}; ///< of a string, decoded; else as it is spelt
     std::vector<JSONReferenceValue> elements = {};
     std::vector<std::pair<std::string, JSONReferenceValue>> members = {}; ///< in their order
 

@@ -7,8 +7,8 @@
 
 namespace Rellinor {
 
-SQLiteRows specifiedRows(const ExportFile& database, std::string_view query, ImportMemory& memory,
-                         Reporter* reporter) {
+SQLiteRows rowsOfSource(const ExportFile& database, std::string_view query, ImportMemory& memory,
+                        Reporter* reporter) {
     if (reporter == nullptr) {
         return SQLiteFileProxy(std::string(database.name()), memory).select(query);
     }

@@ -13,12 +13,12 @@
 
 namespace Rellinor {
 
-/// What a query of a specified import gives: of the database in its place, or of a snapshot if
+/// What a query of a source gives: of the database in its place, or of a snapshot if
 /// there is a reporter, which is told why there are no rows or not all of them.
 ///
 /// @throws std::bad_alloc
-[[nodiscard]] SQLiteRows specifiedRows(const ExportFile& database, std::string_view query,
-                                       ImportMemory& memory, Reporter* reporter);
+[[nodiscard]] SQLiteRows rowsOfSource(const ExportFile& database, std::string_view query,
+                                      ImportMemory& memory, Reporter* reporter);
 
 /// Tells which files beside a database were left out.
 void reportSideFiles(const SQLiteSnapshot& snapshot, Reporter& reporter) noexcept;

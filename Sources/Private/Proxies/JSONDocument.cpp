@@ -59,11 +59,11 @@ private:
     KeyIndex _last = 0;
 };
 
-/// Keeps what it is told.
+/// Keeps what it is told. A template, so that keeping little costs nothing for what keeps more.
+template <JSONExtent extent>
 class NodesBuilder {
 public:
-    NodesBuilder(JSONKeys keys, ImportMemory& memory, JSONLists lists) noexcept
-        : _keys(keys), _memory(memory), _lists(lists) {}
+    NodesBuilder(JSONKeys keys, ImportMemory& memory) noexcept : _keys(keys), _memory(memory) {}
 
     [[nodiscard]] JSONNodes take() && noexcept { return std::move(_nodes); }
 
@@ -97,7 +97,11 @@ public:
 
     void key(JSONString text) {
         if (_unkept == 0) {
-            _key = _keys.find(decoded(text));
+            const std::string_view name = decoded(text);
+            _key = _keys.find(name);
+            if constexpr (extent == JSONExtent::everything) {
+                keepOther(name);
+            }
         }
     }
 
@@ -113,13 +117,19 @@ public:
         }
     }
 
+    void boolean(bool value) {
+        if (isKept(JSONKind::boolean)) {
+            add({.content = {.integer = value ? 1 : 0}, .kind = JSONKind::boolean});
+        }
+    }
+
     void null() {
         if (isKept(JSONKind::null)) {
             add({.kind = JSONKind::null});
         }
     }
 
-    void otherValue() {
+    void otherNumber() {
         if (isKept(JSONKind::other)) {
             add({.kind = JSONKind::other});
         }
@@ -146,7 +156,7 @@ private:
     }
 
     /// Whether the next value, of this kind, is kept. Any but an object makes the array that it
-    /// stands in one whose elements only some ask for.
+    /// stands in no list of objects.
     [[nodiscard]] bool isKept(JSONKind kind) noexcept {
         if (_unkept > 0) {
             return false;
@@ -161,7 +171,15 @@ private:
         if (kind != JSONKind::object) {
             parent.kind = JSONKind::array;
         }
-        return parent.kind == JSONKind::objects || _lists == JSONLists::ofAnything;
+        return parent.kind == JSONKind::objects || extent != JSONExtent::listsOfObjects;
+    }
+
+    /// Keeps the name of the next member if it is none of the known ones.
+    void keepOther(std::string_view name) {
+        if (!_key) {
+            _key = JSONNode::noKey;
+            add({.kind = JSONKind::name}).setText(name);
+        }
     }
 
     JSONNode& add(JSONNode node) {
@@ -181,7 +199,6 @@ private:
 
     KeyFinder _keys;
     ImportMemory& _memory;
-    JSONLists _lists;
     JSONNodes _nodes;
     const JSONNode* _root = nullptr;
     std::vector<JSONNode*> _open; // the objects and lists that are kept and not yet ended
@@ -204,17 +221,52 @@ FailureReason reasonOf(JSONFailure::Reason reason) noexcept {
     fault();
 }
 
+using Parsed = std::expected<JSONDocument, JSONFailure>;
+
+/// Calls `parse` with the extent as a constant.
+Parsed withConstant(JSONExtent extent, auto&& parse) {
+    switch (extent) {
+        using enum JSONExtent;
+    case listsOfObjects:
+        return parse.template operator()<listsOfObjects>();
+    case allLists:
+        return parse.template operator()<allLists>();
+    case everything:
+        return parse.template operator()<everything>();
+    }
+    fault();
+}
+
 } // namespace
 
-std::expected<JSONDocument, JSONFailure>
-JSONDocument::parsed(std::string_view text, JSONKeys keys, ImportMemory& memory, JSONLists lists) {
-    NodesBuilder builder(keys, memory, lists);
-    JSONParser parser(text, builder);
-    if (!parser.parse()) {
-        JSONFailure failure = parser.failure();
-        failure.element = builder.elementOfFirstList();
-        return std::unexpected(failure);
+Parsed JSONDocument::parsed(std::string_view text, JSONKeys keys, ImportMemory& memory,
+                            JSONExtent extent) {
+    return withConstant(extent, [&]<JSONExtent constant>() -> Parsed {
+        NodesBuilder<constant> builder(keys, memory);
+        JSONParser parser(text, builder);
+        if (!parser.parse()) {
+            JSONFailure failure = parser.failure();
+            failure.element = builder.elementOfFirstList();
+            return std::unexpected(failure);
+        }
+        const JSONNode& root = builder.root();
+        return JSONDocument(std::move(builder).take(), root);
+    });
+}
+
+Parsed JSONDocument::parsedEach(std::span<const std::string_view> texts, JSONKeys keys,
+                                ImportMemory& memory) {
+    NodesBuilder<JSONExtent::everything> builder(keys, memory);
+    builder.beginArray();
+    for (std::size_t index = 0; index < texts.size(); ++index) {
+        JSONParser parser(texts[index], builder);
+        if (!parser.parse()) {
+            JSONFailure failure = parser.failure();
+            failure.element = index + 1;
+            return std::unexpected(failure);
+        }
     }
+    builder.endArray();
     const JSONNode& root = builder.root();
     return JSONDocument(std::move(builder).take(), root);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <expected>
 #include <span>
 #include <string_view>
@@ -17,14 +18,15 @@ namespace Rellinor {
 /// document.
 using JSONKeys = std::span<const std::string_view>;
 
-/// What is kept of a list that holds something besides objects.
-enum class JSONLists : bool {
-    ofObjects, ///< nothing that anybody may ask for
-    ofAnything,
+/// How much of a JSON text is kept.
+enum class JSONExtent : std::uint8_t {
+    listsOfObjects, ///< the members whose keys are known, and no list with anything but objects
+    allLists,       ///< the members whose keys are known
+    everything,
 };
 
-/// A parsed JSON text, as much of it as importers ask for: members whose keys are known, texts,
-/// integers and lists. All of it is checked, but the rest is not kept.
+/// A parsed JSON text, as much of it as importers ask for. All of it is checked, but the rest is
+/// not kept.
 class JSONDocument {
 public:
     /// Parses a text, or says why the text is not JSON.
@@ -35,7 +37,14 @@ public:
     /// @throws std::bad_alloc
     [[nodiscard]] static std::expected<JSONDocument, JSONFailure>
     parsed(std::string_view text, JSONKeys keys, ImportMemory& memory,
-           JSONLists lists = JSONLists::ofObjects);
+           JSONExtent extent = JSONExtent::listsOfObjects);
+
+    /// Parses several texts, as if they were the elements of one array, and keeps everything. A
+    /// failure says in which of them, and at which offset of that one.
+    ///
+    /// @throws std::bad_alloc
+    [[nodiscard]] static std::expected<JSONDocument, JSONFailure>
+    parsedEach(std::span<const std::string_view> texts, JSONKeys keys, ImportMemory& memory);
 
     /// The object or array that the text is.
     [[nodiscard]] JSONValue root() const noexcept { return JSONValue(*_root); }

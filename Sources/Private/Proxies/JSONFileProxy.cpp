@@ -18,12 +18,12 @@ std::optional<std::string_view> JSONFileProxy::fileData() {
     return _fileData;
 }
 
-std::optional<JSONDocument> JSONFileProxy::document(JSONKeys keys, JSONLists lists) {
+std::optional<JSONDocument> JSONFileProxy::document(JSONKeys keys, JSONExtent extent) {
     const auto text = fileData();
     if (!text) {
         return std::nullopt;
     }
-    auto parsed = JSONDocument::parsed(*text, keys, _memory, lists);
+    auto parsed = JSONDocument::parsed(*text, keys, _memory, extent);
     if (!parsed) {
         _failure = failureOf(parsed.error(), *text);
         return std::nullopt;

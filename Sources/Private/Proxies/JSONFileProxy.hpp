@@ -31,7 +31,7 @@ public:
     [[nodiscard]] std::string_view text() const noexcept { return _fileData.value_or(""); }
 
 private:
-    [[nodiscard]] std::optional<JSONDocument> document(JSONKeys keys, JSONLists lists) override;
+    [[nodiscard]] std::optional<JSONDocument> document(JSONKeys keys, JSONExtent extent) override;
 
     /// The file's bytes, without a byte-order mark; absent if it cannot be read, and a later call
     /// then tries again.

@@ -9,8 +9,8 @@
 namespace Rellinor {
 
 /// What can be made of a JSON document: it names the members that it needs, and is absent if the
-/// document does not have its shape. It may have a constant `lists` that says what it needs of
-/// lists.
+/// document does not have its shape. It may have a constant `extent` that says how
+/// much else it needs.
 template <typename Type>
 concept JSONDecodable = requires(JSONDocument document) {
     { Type::keys } -> std::convertible_to<JSONKeys>;
@@ -28,11 +28,11 @@ public:
     /// @throws std::bad_alloc
     template <JSONDecodable Type>
     [[nodiscard]] std::optional<Type> containerObject() {
-        JSONLists lists = JSONLists::ofObjects;
-        if constexpr (requires { Type::lists; }) {
-            lists = Type::lists;
+        JSONExtent extent = JSONExtent::listsOfObjects;
+        if constexpr (requires { Type::extent; }) {
+            extent = Type::extent;
         }
-        auto parsed = document(Type::keys, lists);
+        auto parsed = document(Type::keys, extent);
         return parsed ? Type::decoded(*std::move(parsed)) : std::nullopt;
     }
 
@@ -41,7 +41,8 @@ protected:
     ~JSONFileProxyType() = default;
 
     /// The file's document; absent if the file cannot be read or is not JSON.
-    [[nodiscard]] virtual std::optional<JSONDocument> document(JSONKeys keys, JSONLists lists) = 0;
+    [[nodiscard]] virtual std::optional<JSONDocument> document(JSONKeys keys,
+                                                               JSONExtent extent) = 0;
 };
 
 } // namespace Rellinor

@@ -13,12 +13,14 @@ namespace Rellinor {
 enum class JSONKind : std::uint8_t {
     object,
     objects, ///< an array of nothing but objects, perhaps of none
-    array,   ///< an array of anything else; not all of its elements are kept unless asked for
+    array,   ///< an array of anything else
     string,
     integer, ///< a number of an integral value that fits 64 bits
+    boolean,
     null,
-    other,
-    link, ///< no value, but where the next value stands
+    other, ///< any other number
+    name,  ///< no value, but the name of the member that follows, which is none of the known ones
+    link,  ///< no value, but where the next value stands
 };
 
 // A union and not a variant: a node takes two words instead of three, and a file may have very many
@@ -29,17 +31,20 @@ enum class JSONKind : std::uint8_t {
 /// node, each followed by the values that it holds itself.
 struct JSONNode {
     union Content {
-        const char* characters;  // of a string
-        std::int64_t integer;    // of an integer
+        const char* characters;  // of a string or name
+        std::int64_t integer;    // of an integer; of a boolean 0 or 1
         const JSONNode* behind;  // of an object or array: where its last value has ended
         const JSONNode* onwards; // of a link
     };
 
     Content content = {.integer = 0};
-    std::uint32_t lengthLow = 0;  ///< of a string, in bytes
+    std::uint32_t lengthLow = 0;  ///< of a string or name, in bytes
     std::uint16_t lengthHigh = 0; ///< the same, above 32 bits
-    std::uint8_t key = 0;         ///< of a member: its place among the known keys
+    std::uint8_t key = 0;         ///< of a member: its place among the known keys, or `noKey`
     JSONKind kind = JSONKind::null;
+
+    /// The key of a member with another name, and of such a name itself.
+    static constexpr std::uint8_t noKey = 255;
 
     /// How long a text can be, in bits.
     static constexpr int bitsOfLength = 48;

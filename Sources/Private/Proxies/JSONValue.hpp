@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <iterator>
 #include <optional>
+#include <span>
 #include <string_view>
 
 #include "Private/Proxies/JSONNodes.hpp"
@@ -13,6 +14,7 @@ namespace Rellinor {
 
 class JSONObject;
 class JSONObjects;
+class JSONElements;
 
 // What a value is is told by its kind, which is looked at first.
 // NOLINTBEGIN(*-union-access)
@@ -42,24 +44,18 @@ public:
                                                 : std::nullopt;
     }
 
+    [[nodiscard]] std::optional<bool> boolean() const noexcept {
+        return _node->kind == JSONKind::boolean ? std::optional(_node->content.integer != 0)
+                                                : std::nullopt;
+    }
+
     [[nodiscard]] std::optional<JSONObject> object() const noexcept;
 
     /// A list whose elements are all objects; so is the empty one.
     [[nodiscard]] std::optional<JSONObjects> objects() const noexcept;
 
-    /// Calls `visit` with each element of a list, in their order; returns whether this is one. For
-    /// documents with `JSONLists::ofAnything`.
-    bool forEachElement(auto&& visit) const {
-        if (_node->kind != JSONKind::objects && _node->kind != JSONKind::array) {
-            return false;
-        }
-        for (const JSONNode* place = _node + 1; place != _node->content.behind;) {
-            const JSONNode& element = JSONNodes::at(place);
-            visit(JSONValue(element));
-            place = JSONNodes::behind(element);
-        }
-        return true;
-    }
+    /// Any list; its elements are there only if all lists were to be kept, or if all are objects.
+    [[nodiscard]] std::optional<JSONElements> elements() const noexcept;
 
 private:
     static constexpr JSONNode nowhere{};
@@ -116,42 +112,62 @@ public:
         }
     }
 
+    /// Calls `visit` with the name of each member and its value, in the order of the text, if
+    /// everything was to be kept.
+    ///
+    /// @param keys  the known ones
+    void forEachNamed(std::span<const std::string_view> keys, auto&& visit) const {
+        std::string_view name;
+        const JSONNode* place = _node + 1;
+        while (place != _node->content.behind) {
+            const JSONNode& member = JSONNodes::at(place);
+            if (member.kind == JSONKind::name) {
+                name = member.text();
+            } else {
+                visit(member.key == JSONNode::noKey ? name : keys[member.key], JSONValue(member));
+            }
+            place = JSONNodes::behind(member);
+        }
+    }
+
 private:
     const JSONNode* _node;
+};
+
+/// Goes through what stands in an array.
+template <typename Element>
+class JSONIterator {
+public:
+    using value_type = Element;
+    using difference_type = std::ptrdiff_t;
+
+    JSONIterator() noexcept = default;
+
+    explicit JSONIterator(const JSONNode* place) noexcept : _place(place) {}
+
+    [[nodiscard]] Element operator*() const noexcept { return Element(JSONNodes::at(_place)); }
+
+    JSONIterator& operator++() noexcept {
+        _place = JSONNodes::behind(JSONNodes::at(_place));
+        return *this;
+    }
+
+    JSONIterator operator++(int) noexcept {
+        const JSONIterator before = *this;
+        ++*this;
+        return before;
+    }
+
+    bool operator==(const JSONIterator&) const noexcept = default;
+
+private:
+    const JSONNode* _place = nullptr;
 };
 
 /// A list of objects, in their order; a view.
 class JSONObjects {
 public:
-    class Iterator {
-    public:
-        using value_type = JSONObject;
-        using difference_type = std::ptrdiff_t;
-
-        Iterator() noexcept = default;
-
-        explicit Iterator(const JSONNode* place) noexcept : _place(place) {}
-
-        [[nodiscard]] JSONObject operator*() const noexcept {
-            return JSONObject(JSONNodes::at(_place));
-        }
-
-        Iterator& operator++() noexcept {
-            _place = JSONNodes::behind(JSONNodes::at(_place));
-            return *this;
-        }
-
-        Iterator operator++(int) noexcept {
-            const Iterator before = *this;
-            ++*this;
-            return before;
-        }
-
-        bool operator==(const Iterator&) const noexcept = default;
-
-    private:
-        const JSONNode* _place = nullptr;
-    };
+    using Iterator = JSONIterator<JSONObject>;
 
     /// @param node  of a list of objects
     explicit JSONObjects(const JSONNode& node) noexcept : _node(&node) {}
@@ -161,6 +177,22 @@ public:
     [[nodiscard]] Iterator end() const noexcept { return Iterator(_node->content.behind); }
 
     [[nodiscard]] bool empty() const noexcept { return begin() == end(); }
+
+private:
+    const JSONNode* _node;
+};
+
+/// A list of any values, in their order; a view.
+class JSONElements {
+public:
+    using Iterator = JSONIterator<JSONValue>;
+
+    /// @param node  of an array
+    explicit JSONElements(const JSONNode& node) noexcept : _node(&node) {}
+
+    [[nodiscard]] Iterator begin() const noexcept { return Iterator(_node + 1); }
+
+    [[nodiscard]] Iterator end() const noexcept { return Iterator(_node->content.behind); }
 
 private:
     const JSONNode* _node;
@@ -179,6 +211,11 @@ inline std::optional<JSONObject> JSONValue::object() const noexcept {
 
 inline std::optional<JSONObjects> JSONValue::objects() const noexcept {
     return _node->kind == JSONKind::objects ? std::optional(JSONObjects(*_node)) : std::nullopt;
+}
+
+inline std::optional<JSONElements> JSONValue::elements() const noexcept {
+    const bool isArray = _node->kind == JSONKind::objects || _node->kind == JSONKind::array;
+    return isArray ? std::optional(JSONElements(*_node)) : std::nullopt;
 }
 
 } // namespace Rellinor

@@ -16,7 +16,7 @@ struct JSONFailure {
 
     Reason reason = Reason::grammar;
     std::size_t offset = 0;
-    std::size_t element = 0; ///< of the list that is the first member; from 1 on, 0 without one
+    std::size_t element = 0; ///< of the list of records; from 1 on, 0 without one
 };
 
 } // namespace Rellinor

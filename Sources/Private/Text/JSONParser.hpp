@@ -18,10 +18,9 @@ namespace Rellinor {
 
 /// Told the parts of a JSON text in the order in which they stand: `key` before the value of a
 /// member, `integer` for a number that is one of 64 bits, however it is spelt (1.0 is one), and
-/// `otherValue` for true, false and any other number. What is written of a text or key is a view
-/// into what is parsed.
+/// `otherNumber` for any other. What is written of a text or key is a view into what is parsed.
 template <typename Type>
-concept JSONEvents = requires(Type events, JSONString text, std::int64_t value) {
+concept JSONEvents = requires(Type events, JSONString text, std::int64_t value, bool truth) {
     events.beginObject();
     events.endObject();
     events.beginArray();
@@ -29,8 +28,9 @@ concept JSONEvents = requires(Type events, JSONString text, std::int64_t value) 
     events.key(text);
     events.string(text);
     events.integer(value);
+    events.boolean(truth);
     events.null();
-    events.otherValue();
+    events.otherNumber();
 };
 
 /// Parses a JSON text and tells somebody its parts as it goes. Does not recurse and keeps nothing.
@@ -215,9 +215,9 @@ private:
         case 'n':
             return parseWord(place, "null", [&] { _events.null(); });
         case 't':
-            return parseWord(place, "true", [&] { _events.otherValue(); });
+            return parseWord(place, "true", [&] { _events.boolean(true); });
         case 'f':
-            return parseWord(place, "false", [&] { _events.otherValue(); });
+            return parseWord(place, "false", [&] { _events.boolean(false); });
         default:
             return parseNumber(place);
         }
@@ -255,7 +255,7 @@ private:
         } else if (const auto integer = integralValue(_text.substr(begin, end - begin))) {
             _events.integer(*integer);
         } else {
-            _events.otherValue();
+            _events.otherNumber();
         }
         return end;
     }

@@ -2,9 +2,14 @@
 /// Rellinor for hosts in C, Objective-C and Swift: the same imports, errors and records as in the
 /// C++ headers, behind plain functions. Needs nothing but the standard library of C11 or C++11.
 ///
-/// What `rellinor_importer_new` and `rellinor_importer_import` return belongs to the caller, who
-/// frees it. What any other function returns belongs to the result that it was asked of and stays
-/// valid until that is freed. Only pointers marked RELLINOR_NULLABLE may be null.
+/// There are two doors. `rellinor_importer_import` imports what one of eight products wrote.
+/// `rellinor_detect` says what a file is, and `rellinor_export_read` reads it faithfully and
+/// reports what became of it.
+///
+/// What a function marked RELLINOR_OWNED returns belongs to the caller, who frees it. What any
+/// other function returns belongs to the result that it was asked of and stays valid until that is
+/// freed; names and sentences stay valid for ever. Only pointers marked RELLINOR_NULLABLE may be
+/// null.
 ///
 /// Nothing is thrown out of a function, and none starts a thread, takes a lock or prints.
 #pragma once
@@ -30,23 +35,35 @@
 #define RELLINOR_NULLABLE
 #endif
 
+// NOLINTBEGIN(cppcoreguidelines-macro-usage,bugprone-macro-parentheses): C has nothing else
+
+/// Begins an enumeration. Each is 32 bits wide, of any value, and a number keeps its meaning for
+/// ever.
+#if defined(__cplusplus) || defined(__clang__)
+#define RELLINOR_ENUM(name)                                                                        \
+    enum name : int32_t;                                                                           \
+    typedef enum name name;                                                                        \
+    enum name : int32_t /* NOLINT(performance-enum-size): as the C compilers have it */
+#else
+#define RELLINOR_ENUM(name)                                                                        \
+    typedef int32_t name;                                                                          \
+    enum
+#endif
+
+/// The version of this header.
+#define RELLINOR_VERSION "0.1.0"
+
+// NOLINTEND(cppcoreguidelines-macro-usage,bugprone-macro-parentheses)
+
 #ifdef __cplusplus
 extern "C" {
 #endif
 
-/// The products whose exports or stores can be imported. 32 bits wide, of any value.
-#if defined(__cplusplus) || defined(__clang__)
-enum rellinor_source : int32_t;
-typedef enum rellinor_source rellinor_source;
+/// The version of the library, such as "0.1.0", ended by a zero.
+RELLINOR_VISIBLE const char* rellinor_version(void);
 
-// NOLINTNEXTLINE(performance-enum-size): as the C compilers have it
-enum rellinor_source : int32_t
-#else
-typedef int32_t rellinor_source;
-
-enum
-#endif
-{
+/// The products whose exports or stores can be imported.
+RELLINOR_ENUM(rellinor_source) {
     RELLINOR_SOURCE_CHROME = 0,
     RELLINOR_SOURCE_LAST_PASS = 1,
     RELLINOR_SOURCE_DASHLANE = 2,
@@ -74,6 +91,9 @@ typedef struct rellinor_text {
     /// Number of bytes; 0 if the text is empty or absent.
     size_t length;
 } rellinor_text;
+
+/// The short name of a source for machines, such as "lastPass"; absent for any other number.
+RELLINOR_VISIBLE rellinor_text rellinor_source_name(rellinor_source source);
 
 /// Makes an importer, to be freed with `rellinor_importer_free`; null if there is no memory for it.
 RELLINOR_VISIBLE RELLINOR_OWNED rellinor_importer* RELLINOR_NULLABLE rellinor_importer_new(void);
@@ -201,6 +221,395 @@ RELLINOR_VISIBLE int64_t rellinor_card_expiration_month(const rellinor_result* r
 
 /// Year of expiry, as the source holds it, unchecked.
 RELLINOR_VISIBLE int64_t rellinor_card_expiration_year(const rellinor_result* result, size_t index);
+
+// The second door. What the C++ headers Layout.hpp, Detection.hpp, ExportReader.hpp, Extras.hpp and
+// ImportReport.hpp say of these names holds here too.
+
+/// The files and stores that products write today; none is 0.
+RELLINOR_ENUM(rellinor_layout) {
+    RELLINOR_LAYOUT_NONE = 0, ///< no layout
+    RELLINOR_LAYOUT_LAST_PASS_CSV = 1,
+    /// any one of the CSV files with a header that Dashlane writes
+    RELLINOR_LAYOUT_DASHLANE_CSV = 2,
+    RELLINOR_LAYOUT_DASHLANE_ZIP = 3,
+    RELLINOR_LAYOUT_DASHLANE_POSITIONAL_CSV = 4, ///< before about 2021, without a header
+    RELLINOR_LAYOUT_KEE_PASS_CSV = 5,
+    RELLINOR_LAYOUT_KEE_PASS_XML = 6,
+    RELLINOR_LAYOUT_KEE_PASS_XC_CSV = 7,
+    RELLINOR_LAYOUT_ONE_PASSWORD_1PIF = 8,
+    RELLINOR_LAYOUT_ONE_PASSWORD_1PUX = 9,
+    RELLINOR_LAYOUT_ONE_PASSWORD_8_CSV = 10,
+    RELLINOR_LAYOUT_ONE_PASSWORD_7_MAC_CSV = 11,
+    RELLINOR_LAYOUT_ONE_PASSWORD_7_WINDOWS_CSV = 12,
+    RELLINOR_LAYOUT_CHROMIUM_CSV = 13,
+    RELLINOR_LAYOUT_CHROMIUM_LOGINS = 14, ///< the database "Login Data" of a profile
+    RELLINOR_LAYOUT_FIREFOX_CSV = 15,
+    RELLINOR_LAYOUT_FIREFOX_PROFILE = 16, ///< a profile folder
+    RELLINOR_LAYOUT_APPLE_CSV = 17,
+    RELLINOR_LAYOUT_SAFARI_ZIP = 18,
+    RELLINOR_LAYOUT_BITWARDEN_CSV = 19,
+    RELLINOR_LAYOUT_BITWARDEN_JSON = 20,
+    RELLINOR_LAYOUT_BITWARDEN_ZIP = 21,
+    RELLINOR_LAYOUT_PROTON_PASS_CSV = 22,
+    RELLINOR_LAYOUT_PROTON_PASS_JSON = 23,
+    RELLINOR_LAYOUT_PROTON_PASS_ZIP = 24,
+    RELLINOR_LAYOUT_NORD_PASS_CSV = 25,
+    RELLINOR_LAYOUT_ENPASS_JSON = 26,
+    RELLINOR_LAYOUT_ENPASS_CSV = 27,
+    RELLINOR_LAYOUT_KEEPER_JSON = 28,
+    RELLINOR_LAYOUT_KEEPER_CSV = 29,
+    RELLINOR_LAYOUT_ROBO_FORM_CSV = 30,
+    RELLINOR_LAYOUT_STRONGBOX_CSV = 31,
+    RELLINOR_LAYOUT_CREDENTIAL_EXCHANGE_JSON = 32,
+    RELLINOR_LAYOUT_TIREL_JSON = 33,
+    /// any CSV file whose header names a password column and others
+    RELLINOR_LAYOUT_GENERIC_CSV = 34,
+};
+
+/// How many layouts there are.
+RELLINOR_VISIBLE size_t rellinor_layout_count(void);
+
+/// A layout by its place in the order of their numbers, from 0 on; none beyond the last.
+RELLINOR_VISIBLE rellinor_layout rellinor_layout_at(size_t index);
+
+/// The layout of a short name, which is ended by a zero; none if there is none.
+RELLINOR_VISIBLE rellinor_layout rellinor_layout_with_identifier(const char* identifier);
+
+/// The short name of a layout for machines, such as "lastpass-csv"; absent for any other number.
+RELLINOR_VISIBLE rellinor_text rellinor_layout_identifier(rellinor_layout layout);
+
+/// What a layout is in a few words for people; absent for any other number.
+RELLINOR_VISIBLE rellinor_text rellinor_layout_description(rellinor_layout layout);
+
+/// Whether `rellinor_export_read` reads the layout.
+RELLINOR_VISIBLE bool rellinor_layout_is_read(rellinor_layout layout);
+
+/// What keeps a file from being read.
+RELLINOR_ENUM(rellinor_failure_reason) {
+    RELLINOR_FAILURE_NONE = 0,
+    RELLINOR_FAILURE_MISSING = 1,
+    RELLINOR_FAILURE_NO_PERMISSION = 2,
+    RELLINOR_FAILURE_NOT_A_FILE = 3, ///< a device, pipe or socket, or a folder in place of a file
+    RELLINOR_FAILURE_UNREADABLE = 4, ///< the system reports an error while reading
+    RELLINOR_FAILURE_NOT_UTF8 = 5,
+    RELLINOR_FAILURE_UTF16 = 6,
+    RELLINOR_FAILURE_NO_ROWS = 7, ///< nothing but blank lines, or no byte at all
+    /// the header or the number of columns fits no layout that was asked for
+    RELLINOR_FAILURE_WRONG_COLUMNS = 8,
+    RELLINOR_FAILURE_NOT_JSON = 9,   ///< at the line that `rellinor_failure` tells
+    RELLINOR_FAILURE_CUT_SHORT = 10, ///< JSON that ends before it is complete
+    RELLINOR_FAILURE_NESTED_TOO_DEEP = 11,
+    /// JSON of another structure, or a database without the table
+    RELLINOR_FAILURE_WRONG_SHAPE = 12,
+    RELLINOR_FAILURE_LOCKED = 13,    ///< another program keeps the database to itself
+    RELLINOR_FAILURE_ENCRYPTED = 14, ///< an encrypted export, or the database of a password manager
+    /// reading would take far more than an honest file of the size
+    RELLINOR_FAILURE_REFUSED_FOR_ITS_COST = 15,
+    RELLINOR_FAILURE_TOO_LARGE = 16, ///< beyond a limit of `rellinor_read_options`
+    RELLINOR_FAILURE_CANCELLED = 17,
+    RELLINOR_FAILURE_OUT_OF_MEMORY = 18,
+    RELLINOR_FAILURE_UNKNOWN = 19,      ///< nothing that this library knows
+    RELLINOR_FAILURE_NOT_READ = 20,     ///< known, and not read by this version
+    RELLINOR_FAILURE_NOT_BUILT_IN = 21, ///< known, and left out when the library was built
+    RELLINOR_FAILURE_DAMAGED = 22,      ///< a database or archive that contradicts itself
+    RELLINOR_FAILURE_NO_STORE = 23,     ///< a folder without anything that can be read
+    RELLINOR_FAILURE_OTHER = 24,
+};
+
+/// The short name of a reason for machines, such as "notUTF8"; absent for any other number.
+RELLINOR_VISIBLE rellinor_text rellinor_failure_reason_identifier(rellinor_failure_reason reason);
+
+/// One plain English sentence for a reason; absent for any other number.
+RELLINOR_VISIBLE rellinor_text rellinor_failure_reason_description(rellinor_failure_reason reason);
+
+// Detection.
+
+/// How sure a detection is.
+RELLINOR_ENUM(rellinor_confidence) {
+    RELLINOR_CONFIDENCE_NONE = 0,     ///< nothing is recognised
+    RELLINOR_CONFIDENCE_POSSIBLE = 1, ///< nothing speaks against it
+    RELLINOR_CONFIDENCE_LIKELY = 2,   ///< a shape that nothing else is known to have
+    RELLINOR_CONFIDENCE_CERTAIN = 3,  ///< names that nothing else is known to use
+};
+
+/// What a file is taken for. It needs the file no more, and never changes.
+typedef struct rellinor_detection rellinor_detection;
+
+/// Says what the file or folder at a path is, by a bounded part of it. Changes nothing.
+///
+/// @param path  as `rellinor_importer_import` takes it
+/// @return      to be freed with `rellinor_detection_free`; null if there is no memory
+RELLINOR_VISIBLE RELLINOR_OWNED rellinor_detection* RELLINOR_NULLABLE
+rellinor_detect(const char* path);
+
+/// Says what the contents of a single file are.
+///
+/// @param bytes  of the file, not needed after the call; may be null if there are none
+/// @param name   of the file, ended by a zero; may be empty
+RELLINOR_VISIBLE RELLINOR_OWNED rellinor_detection* RELLINOR_NULLABLE
+rellinor_detect_memory(const void* RELLINOR_NULLABLE bytes, size_t length, const char* name);
+
+/// Frees a detection. Null is allowed.
+RELLINOR_VISIBLE void rellinor_detection_free(rellinor_detection* RELLINOR_NULLABLE detection);
+
+/// The layout; none if nothing is recognised.
+RELLINOR_VISIBLE rellinor_layout rellinor_detection_layout(const rellinor_detection* detection);
+
+/// How sure that is.
+RELLINOR_VISIBLE rellinor_confidence
+rellinor_detection_confidence(const rellinor_detection* detection);
+
+/// The source that `rellinor_importer_import` imports the file from. Returns whether there is one,
+/// and writes it to where the last argument points; that stays as it is if there is none, and may
+/// be null.
+RELLINOR_VISIBLE bool rellinor_detection_source(const rellinor_detection* detection,
+                                                rellinor_source* RELLINOR_NULLABLE source);
+
+/// What keeps the file from being read.
+RELLINOR_VISIBLE rellinor_failure_reason
+rellinor_detection_obstacle(const rellinor_detection* detection);
+
+// Texts of the program, empty if there is nothing to tell: who wrote the file, what tells, and what
+// to do in the product if there is an obstacle.
+
+RELLINOR_VISIBLE rellinor_text rellinor_detection_product(const rellinor_detection* detection);
+RELLINOR_VISIBLE rellinor_text rellinor_detection_evidence(const rellinor_detection* detection);
+RELLINOR_VISIBLE rellinor_text rellinor_detection_advice(const rellinor_detection* detection);
+
+// Reading.
+
+/// How a file is read.
+RELLINOR_ENUM(rellinor_read_as) {
+    RELLINOR_READ_AS_DETECTED = 0, ///< what `rellinor_detect` takes it for
+    RELLINOR_READ_AS_LAYOUT = 1,
+    RELLINOR_READ_AS_SOURCE = 2, ///< gives what `rellinor_importer_import` gives
+};
+
+/// Told how far a read has come: so much of the total, in any unit; the total is 0 if it is not
+/// known. Called on the calling thread, at most a hundred times. False cancels.
+typedef bool (*rellinor_progress_handler)(uint64_t done, uint64_t total,
+                                          void* RELLINOR_NULLABLE context);
+
+/// What is asked of a read. A later version may add members at the end; a member beyond `size`, or
+/// 0, stands for its default.
+typedef struct rellinor_read_options {
+    size_t size; ///< `sizeof(rellinor_read_options)`
+    rellinor_read_as as;
+    rellinor_layout layout; ///< counts with RELLINOR_READ_AS_LAYOUT
+    rellinor_source source; ///< counts with RELLINOR_READ_AS_SOURCE
+    rellinor_progress_handler RELLINOR_NULLABLE on_progress;
+    void* RELLINOR_NULLABLE progress_context; ///< for `on_progress`
+    uint64_t largest_file;                    ///< how many bytes a file may have; 0 for any number
+    uint64_t largest_expansion; ///< the same for the members of an archive; 0 for 1 GiB
+    uint64_t most_records;      ///< how many raw records a file may have; 0 for any number
+} rellinor_read_options;
+
+/// Reads the file or folder at a path: every text that is not empty arrives in a field or an extra,
+/// or its loss is told in the report. Nothing stays behind.
+///
+/// Whatever goes wrong arrives as the error of the result, and as the failure of its report. A
+/// number that is no source fails with "Rellinor.UnavailableSourceError", code 1, and so does a
+/// number that is no way of reading.
+///
+/// @param path     as `rellinor_importer_import` takes it
+/// @param options  null for the defaults
+/// @return         as `rellinor_importer_import` returns it
+RELLINOR_VISIBLE RELLINOR_OWNED rellinor_result* RELLINOR_NULLABLE
+rellinor_export_read(const char* path, const rellinor_read_options* RELLINOR_NULLABLE options);
+
+/// Reads the contents of a single file. No database and no folder can be read so.
+///
+/// @param bytes  of the file, not needed after the call; may be null if there are none
+/// @param name   of the file, ended by a zero; may be empty
+RELLINOR_VISIBLE RELLINOR_OWNED rellinor_result* RELLINOR_NULLABLE
+rellinor_export_read_memory(const void* RELLINOR_NULLABLE bytes, size_t length, const char* name,
+                            const rellinor_read_options* RELLINOR_NULLABLE options);
+
+// What a record holds besides its fields. There is none for a source.
+
+/// What an extra is; none is 0.
+RELLINOR_ENUM(rellinor_extra_kind) {
+    RELLINOR_EXTRA_NONE = 0,              ///< no extra
+    RELLINOR_EXTRA_ONE_TIME_PASSWORD = 1, ///< an "otpauth:" URL or a bare secret, as it stands
+    RELLINOR_EXTRA_FURTHER_URL = 2,
+    RELLINOR_EXTRA_FURTHER_USER_NAME = 3,
+    RELLINOR_EXTRA_EMAIL = 4,
+    RELLINOR_EXTRA_PHONE = 5,
+    RELLINOR_EXTRA_FOLDER = 6, ///< one path, as it stands
+    RELLINOR_EXTRA_TAG = 7,
+    RELLINOR_EXTRA_FAVOURITE = 8, ///< "true"
+    RELLINOR_EXTRA_ARCHIVED = 9,  ///< "true"
+    RELLINOR_EXTRA_CREATED_AT = 10,
+    RELLINOR_EXTRA_MODIFIED_AT = 11,
+    RELLINOR_EXTRA_LAST_USED_AT = 12,
+    RELLINOR_EXTRA_CUSTOM_TEXT = 13,
+    RELLINOR_EXTRA_CUSTOM_SECRET = 14,
+    RELLINOR_EXTRA_OTHER = 15,
+};
+
+/// The short name of a kind for machines, such as "oneTimePassword"; absent for any other number.
+RELLINOR_VISIBLE rellinor_text rellinor_extra_kind_identifier(rellinor_extra_kind kind);
+
+/// An extra. Its texts may hold secrets, and are wiped when the result is freed.
+typedef struct rellinor_extra {
+    rellinor_extra_kind kind;
+    rellinor_text label; ///< as the product names it
+    rellinor_text value;
+} rellinor_extra;
+
+// How many extras a record has, and one of them by its place from 0 on: none, with absent texts,
+// for a place or record that is not there.
+
+RELLINOR_VISIBLE size_t rellinor_login_extra_count(const rellinor_result* result, size_t index);
+RELLINOR_VISIBLE rellinor_extra rellinor_login_extra(const rellinor_result* result, size_t index,
+                                                     size_t extra);
+RELLINOR_VISIBLE size_t rellinor_note_extra_count(const rellinor_result* result, size_t index);
+RELLINOR_VISIBLE rellinor_extra rellinor_note_extra(const rellinor_result* result, size_t index,
+                                                    size_t extra);
+RELLINOR_VISIBLE size_t rellinor_card_extra_count(const rellinor_result* result, size_t index);
+RELLINOR_VISIBLE rellinor_extra rellinor_card_extra(const rellinor_result* result, size_t index,
+                                                    size_t extra);
+
+// The report: numbers and names from the program, never a part of the contents. It is empty for a
+// result of `rellinor_importer_import`.
+
+/// What the places of a report count.
+RELLINOR_ENUM(rellinor_place_unit) {
+    RELLINOR_PLACE_LINE = 0,   ///< of the file; an empty line counts
+    RELLINOR_PLACE_ROW = 1,    ///< of a database, as it gave them
+    RELLINOR_PLACE_RECORD = 2, ///< of the file, in its order
+};
+
+/// The short name of a unit for machines, such as "line"; absent for any other number.
+RELLINOR_VISIBLE rellinor_text rellinor_place_unit_identifier(rellinor_place_unit unit);
+
+/// Where something is in a file.
+typedef struct rellinor_places {
+    uint64_t count;                          ///< how many places there are
+    const uint64_t* RELLINOR_NULLABLE first; ///< the first of them, ascending, counted from 1
+    size_t first_count;                      ///< how many these are, at most a thousand
+} rellinor_places;
+
+/// What was read; none if that is not known, and for a source.
+RELLINOR_VISIBLE rellinor_layout rellinor_report_layout(const rellinor_result* result);
+
+/// What all places in the report count.
+RELLINOR_VISIBLE rellinor_place_unit rellinor_report_place_unit(const rellinor_result* result);
+
+/// How many raw records were seen: those that were delivered and those that were left out.
+RELLINOR_VISIBLE uint64_t rellinor_report_record_count(const rellinor_result* result);
+
+/// False if memory ran out while the report was written. The records are whole all the same.
+RELLINOR_VISIBLE bool rellinor_report_is_complete(const rellinor_result* result);
+
+/// Why a raw record is no record of the result.
+RELLINOR_ENUM(rellinor_left_out_reason) {
+    RELLINOR_LEFT_OUT_NONE = 0,          ///< no entry
+    RELLINOR_LEFT_OUT_MISSING_FIELD = 1, ///< a field without which there is no record
+    RELLINOR_LEFT_OUT_EMPTY = 2,         ///< no text in any field that counts
+    RELLINOR_LEFT_OUT_OTHER_KIND = 3,    ///< a kind of record that the import does not read
+    /// a field that is no text, or an entry that is no object
+    RELLINOR_LEFT_OUT_FIELD_OF_OTHER_TYPE = 4,
+    RELLINOR_LEFT_OUT_TOO_FEW_CELLS = 5,
+    RELLINOR_LEFT_OUT_BRACED_IDENTIFIER = 6, ///< an identifier in braces stands in the row
+    RELLINOR_LEFT_OUT_PLACEHOLDER = 7,       ///< the row stands for a folder
+    RELLINOR_LEFT_OUT_TRASHED = 8,
+    RELLINOR_LEFT_OUT_BROWSER_ACCOUNT = 9, ///< the account of the browser itself
+};
+
+/// The short name of a reason for machines, such as "missingField"; absent for any other number.
+RELLINOR_VISIBLE rellinor_text rellinor_left_out_reason_identifier(rellinor_left_out_reason reason);
+
+/// One plain English sentence for a reason; absent for any other number.
+RELLINOR_VISIBLE rellinor_text
+rellinor_left_out_reason_description(rellinor_left_out_reason reason);
+
+/// Raw records that were left out for one reason.
+typedef struct rellinor_left_out {
+    rellinor_left_out_reason reason;
+    rellinor_text field; ///< which one, or which kind; may be empty
+    rellinor_places places;
+} rellinor_left_out;
+
+/// How many such entries the report has.
+RELLINOR_VISIBLE size_t rellinor_report_left_out_count(const rellinor_result* result);
+
+/// An entry by its place from 0 on; none, with an absent text, beyond the last.
+RELLINOR_VISIBLE rellinor_left_out rellinor_report_left_out(const rellinor_result* result,
+                                                            size_t index);
+
+/// What arrives but looks wrong, or other than a person would expect.
+RELLINOR_ENUM(rellinor_finding_kind) {
+    RELLINOR_FINDING_NONE = 0, ///< no finding
+    /// a kind that has no record of its own; `field` is the product's name
+    RELLINOR_FINDING_ARRIVED_AS_NOTE = 1,
+    RELLINOR_FINDING_STILL_ENCRYPTED = 2, ///< a text that the product stores encrypted
+    RELLINOR_FINDING_DOUBLED_QUOTE = 3,   ///< two quotes that stand for one
+    RELLINOR_FINDING_LOST_QUOTE = 4,      ///< a quote at an end of a cell was taken off alone
+    RELLINOR_FINDING_RUN_ON_CELL = 5,     ///< a quote that is not closed joined rows
+    RELLINOR_FINDING_STRAY_QUOTE = 6,     ///< a quote where none may stand was taken for a letter
+    RELLINOR_FINDING_JOINED_LINES = 7, ///< a row that was written without quotes over several lines
+    RELLINOR_FINDING_SHORT_ROW = 8,    ///< fewer cells than the header
+    RELLINOR_FINDING_LONG_ROW = 9,     ///< more cells than the header
+    RELLINOR_FINDING_UNREADABLE_DATE = 10,
+    RELLINOR_FINDING_VALUE_OF_OTHER_TYPE = 11, ///< a value was left out, since it is no text
+    RELLINOR_FINDING_HTML_ENTITY = 12,         ///< a text that may have been encoded
+    RELLINOR_FINDING_TYPED_NOTE = 13,          ///< a note that holds fields; `field` is its type
+    RELLINOR_FINDING_REPEATED_COLUMN = 14,
+    RELLINOR_FINDING_REPEATED_MEMBER = 15,
+    RELLINOR_FINDING_LAST_RESORT = 16, ///< the columns are known by usual names alone
+    /// a journal or log beside a database that does not belong to it
+    RELLINOR_FINDING_LEFT_OUT_SIDE_FILE = 17,
+    RELLINOR_FINDING_REFUSED_FOR_ITS_COST = 18, ///< a database was not read to its end
+    RELLINOR_FINDING_DAMAGED = 19,              ///< a database could not be read to its end
+    RELLINOR_FINDING_LOCKED = 20,
+    RELLINOR_FINDING_REPAIRED_TEXT = 21, ///< bytes that are no UTF-8 were replaced
+    RELLINOR_FINDING_NARROWED_NUMBER = 22,
+    RELLINOR_FINDING_HEADER_TAKEN_FOR_RECORD = 23,
+};
+
+/// The short name of a kind for machines, such as "shortRow"; absent for any other number.
+RELLINOR_VISIBLE rellinor_text rellinor_finding_kind_identifier(rellinor_finding_kind kind);
+
+/// One plain English sentence for a kind; absent for any other number.
+RELLINOR_VISIBLE rellinor_text rellinor_finding_kind_description(rellinor_finding_kind kind);
+
+/// Something that arrives but looks wrong.
+typedef struct rellinor_finding {
+    rellinor_finding_kind kind;
+    rellinor_text field; ///< may be empty
+    rellinor_places places;
+} rellinor_finding;
+
+/// How many findings the report has.
+RELLINOR_VISIBLE size_t rellinor_report_finding_count(const rellinor_result* result);
+
+/// A finding by its place from 0 on; none, with an absent text, beyond the last.
+RELLINOR_VISIBLE rellinor_finding rellinor_report_finding(const rellinor_result* result,
+                                                          size_t index);
+
+/// A part of the layout that never arrives, and how many records or files have it.
+typedef struct rellinor_unread {
+    rellinor_text part;
+    uint64_t count;
+} rellinor_unread;
+
+/// How many such parts the report has.
+RELLINOR_VISIBLE size_t rellinor_report_unread_count(const rellinor_result* result);
+
+/// Such a part by its place from 0 on; absent, with the count 0, beyond the last.
+RELLINOR_VISIBLE rellinor_unread rellinor_report_unread(const rellinor_result* result,
+                                                        size_t index);
+
+/// Why there is nothing.
+typedef struct rellinor_failure {
+    rellinor_failure_reason reason;
+    uint64_t place;      ///< where, in the unit of the report; 0 if that is not known
+    rellinor_text field; ///< which column or member; may be empty
+} rellinor_failure;
+
+/// The failure; its reason is RELLINOR_FAILURE_NONE if there is nothing to tell.
+RELLINOR_VISIBLE rellinor_failure rellinor_report_failure(const rellinor_result* result);
 
 #ifdef __cplusplus
 }

@@ -76,6 +76,9 @@ std::string kept(const JSONValue& value) {
     if (const auto integer = value.integer()) {
         return std::to_string(*integer) + ";";
     }
+    if (const auto boolean = value.boolean()) {
+        return *boolean ? "+" : "!";
+    }
     return value.isNull() ? "-" : ".";
 }
 
@@ -98,7 +101,7 @@ TEST(JSONDocumentTest, keepsWhatIsNested) {
 }
 
 TEST(JSONDocumentTest, tellsTheTypesApart) {
-    EXPECT_EQ(kept(R"({"a":true,"b":false})"), "{a=.b=.}");
+    EXPECT_EQ(kept(R"({"a":true,"b":false})"), "{a=+b=!}");
     EXPECT_EQ(kept(R"({"a":1.5,"b":1.0,"list":9223372036854775808,"":-3})"), "{a=.b=1;list=.=-3;}");
     EXPECT_EQ(kept(R"({"a":"","b":"1","list":null})"), "{a=<>b=<1>list=-}");
 }
@@ -118,6 +121,75 @@ TEST(JSONDocumentTest, keepsNoArrayWithAnythingElse) {
             << other;
         EXPECT_EQ(kept(joined({R"({"list":[)", other, R"(,{"a":2}],"b":3})"})), "{b=3;list=.}")
             << other;
+    }
+}
+
+/// What is kept of all members and elements; "error" if the text is not JSON.
+std::string all(const JSONValue& value);
+
+std::string allOf(const JSONElements& elements) {
+    std::string text = "[";
+    for (const JSONValue element : elements) {
+        text += all(element);
+    }
+    return text + "]";
+}
+
+std::string all(const JSONValue& value) {
+    if (const auto object = value.object()) {
+        std::string text = "{";
+        object->forEachNamed(keys, [&](std::string_view name, const JSONValue& member) {
+            text.append(name).append("=").append(all(member));
+        });
+        return text + "}";
+    }
+    const auto elements = value.elements();
+    return elements ? allOf(*elements) : kept(value);
+}
+
+std::string all(std::string_view text, JSONExtent extent) {
+    ImportMemory memory;
+    const auto document = JSONDocument::parsed(text, keys, memory, extent);
+    return document ? all(document->root()) : "error";
+}
+
+TEST(JSONDocumentTest, keepsAnyArrayIfAllListsAreAskedFor) {
+    constexpr std::string_view text =
+        R"({"list":[{"a":1,"x":2},3,[true,[]],"t",null],"x":[4],"b":[{}]})";
+    EXPECT_EQ(all(text, JSONExtent::allLists), "{list=[{a=1;}3;[+[]]<t>-]b=[{}]}");
+    ImportMemory memory;
+    const auto document = JSONDocument::parsed(text, keys, memory, JSONExtent::allLists);
+    const JSONObject top = document.value().root().object().value();
+    EXPECT_FALSE(top.objects(Key::list));
+    EXPECT_TRUE(top.objects(Key::b));
+}
+
+TEST(JSONDocumentTest, keepsEverythingIfThatIsAskedFor) {
+    EXPECT_EQ(all(R"({"x":{"a":[1,{"y":"t"}],"\u007a":false},"a":1,"":2,"x":1.5})",
+                  JSONExtent::everything),
+              "{x={a=[1;{y=<t>}]z=!}a=1;=2;x=.}");
+    // Names stand at chunk ends too.
+    std::string text = R"({"x":0)";
+    std::string expected = "{x=0;";
+    for (int count = 1; count < 5000; ++count) {
+        const std::string number = std::to_string(count);
+        text += joined({R"(,"x)", number, R"(":)", number, R"(,"a":[])"});
+        expected += joined({"x", number, "=", number, ";a=[]"});
+    }
+    EXPECT_EQ(all(text + "}", JSONExtent::everything), expected + "}");
+}
+
+TEST(JSONDocumentTest, parsesEachOfSeveralTexts) {
+    ImportMemory memory;
+    const auto parsed = [&](std::initializer_list<std::string_view> texts) {
+        return JSONDocument::parsedEach({texts.begin(), texts.size()}, keys, memory);
+    };
+    EXPECT_EQ(kept(parsed({R"({"a":1})", R"({"b":2})"}).value().root()), "[{a=1;}{b=2;}]");
+    EXPECT_EQ(kept(parsed({}).value().root()), "[]");
+    for (const std::string_view part : {"{},{}", "{}]", "", R"({"a":[{})"}) {
+        const auto document = parsed({"{}", part, "{}"});
+        ASSERT_FALSE(document) << part;
+        EXPECT_EQ(document.error().element, 2) << part;
     }
 }
 

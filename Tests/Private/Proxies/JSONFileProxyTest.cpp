@@ -151,7 +151,7 @@ TEST_F(JSONFileProxyTest, isAbsentForAFileInAnotherEncoding) {
 TEST_F(JSONFileProxyTest, lendsItsPlaceToAnotherReader) {
     class Double final : public JSONFileProxyType {
     private:
-        std::optional<JSONDocument> document(JSONKeys keys, JSONLists /*lists*/) override {
+        std::optional<JSONDocument> document(JSONKeys keys, JSONExtent /*extent*/) override {
             return JSONDocument::parsed(R"({"name":"double"})", keys, _memory).value();
         }
 

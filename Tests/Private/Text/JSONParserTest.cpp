@@ -44,7 +44,9 @@ public:
 
     void null() { text += '-'; }
 
-    void otherValue() { text += '.'; }
+    void boolean(bool value) { text += value ? '+' : '!'; }
+
+    void otherNumber() { text += '.'; }
 
     std::string text;
 
@@ -67,7 +69,8 @@ std::optional<std::string> told(std::string_view text) {
 }
 
 TEST(JSONParserTest, tellsThePartsInTheirOrder) {
-    EXPECT_EQ(told(R"({"a":[1,"b",{}],"c":{"d":null},"e":true})"), "{a=[1;<b>{}]c={d=-}e=.}");
+    EXPECT_EQ(told(R"({"a":[1,"b",{}],"c":{"d":null},"e":true,"f":false,"g":1.5})"),
+              "{a=[1;<b>{}]c={d=-}e=+f=!g=.}");
 }
 
 TEST(JSONParserTest, acceptsJSON) {
@@ -197,7 +200,9 @@ TEST(JSONParserTest, letsThroughWhatIsThrownByWhoIsTold) {
 
         void null() {}
 
-        void otherValue() {}
+        void boolean(bool /*value*/) {}
+
+        void otherNumber() {}
     };
 
     Thrower thrower;

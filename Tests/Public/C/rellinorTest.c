@@ -335,6 +335,221 @@ static void aResultOutlivesItsImporter(void) {
     rellinor_result_free(result);
 }
 
+// The second door
+
+static void expectDone(const rellinor_result* result, rellinor_failure_reason reason, int line) {
+    expect(rellinor_result_succeeded(result) == (reason == RELLINOR_FAILURE_NONE), "outcome", line);
+    expect(rellinor_report_failure(result).reason == reason, "reason", line);
+    expect(rellinor_report_is_complete(result), "complete", line);
+}
+
+#define EXPECT_DONE(result, reason) expectDone((result), (reason), __LINE__)
+
+static rellinor_read_options asSource(rellinor_source source) {
+    const rellinor_read_options options = {
+        .size = sizeof options, .as = RELLINOR_READ_AS_SOURCE, .source = source};
+    return options;
+}
+
+static void tellsTheVersion(void) {
+    EXPECT(strcmp(rellinor_version(), RELLINOR_VERSION) == 0);
+}
+
+static void namesEveryNumber(void) {
+    EXPECT_TEXT(rellinor_source_name(RELLINOR_SOURCE_KEE_PASS_XC), "keePassXC");
+    EXPECT_TEXT(rellinor_failure_reason_identifier(RELLINOR_FAILURE_OTHER), "other");
+    EXPECT_TEXT(rellinor_failure_reason_description(RELLINOR_FAILURE_MISSING),
+                "There is no such file.");
+    EXPECT_TEXT(rellinor_left_out_reason_identifier(RELLINOR_LEFT_OUT_BROWSER_ACCOUNT),
+                "browserAccount");
+    EXPECT_TEXT(rellinor_left_out_reason_description(RELLINOR_LEFT_OUT_TRASHED),
+                "It is in the trash.");
+    EXPECT_TEXT(rellinor_finding_kind_identifier(RELLINOR_FINDING_HEADER_TAKEN_FOR_RECORD),
+                "headerTakenForRecord");
+    EXPECT_TEXT(rellinor_finding_kind_description(RELLINOR_FINDING_NARROWED_NUMBER),
+                "A number lost digits.");
+    EXPECT_TEXT(rellinor_extra_kind_identifier(RELLINOR_EXTRA_OTHER), "other");
+    EXPECT_TEXT(rellinor_place_unit_identifier(RELLINOR_PLACE_RECORD), "record");
+
+    // A number that C++ gets and this header lacks is found here.
+    EXPECT_ABSENT(rellinor_source_name(RELLINOR_SOURCE_FIREFOX + 1));
+    EXPECT_ABSENT(rellinor_failure_reason_identifier(RELLINOR_FAILURE_OTHER + 1));
+    EXPECT_ABSENT(rellinor_left_out_reason_description(RELLINOR_LEFT_OUT_BROWSER_ACCOUNT + 1));
+    EXPECT_ABSENT(rellinor_finding_kind_identifier(RELLINOR_FINDING_HEADER_TAKEN_FOR_RECORD + 1));
+    EXPECT_ABSENT(rellinor_extra_kind_identifier(RELLINOR_EXTRA_OTHER + 1));
+    EXPECT_ABSENT(rellinor_place_unit_identifier(RELLINOR_PLACE_RECORD + 1));
+    EXPECT_ABSENT(rellinor_layout_identifier(RELLINOR_LAYOUT_GENERIC_CSV + 1));
+    EXPECT_ABSENT(rellinor_layout_description(RELLINOR_LAYOUT_NONE));
+    EXPECT_ABSENT(rellinor_layout_description(65536 + RELLINOR_LAYOUT_TIREL_JSON));
+    EXPECT_ABSENT(rellinor_failure_reason_identifier(INT32_MIN));
+}
+
+static void listsTheLayouts(void) {
+    EXPECT(rellinor_layout_count() == 34);
+    for (size_t i = 0; i < rellinor_layout_count(); ++i) {
+        const rellinor_layout layout = rellinor_layout_at(i);
+        const rellinor_text identifier = rellinor_layout_identifier(layout);
+        char name[64] = "";
+        EXPECT(identifier.length > 0 && identifier.length < sizeof name);
+        memcpy(name, identifier.data, identifier.length);
+        EXPECT(rellinor_layout_with_identifier(name) == layout);
+        EXPECT(rellinor_layout_description(layout).length > 0);
+    }
+    EXPECT(rellinor_layout_at(34) == RELLINOR_LAYOUT_NONE);
+    EXPECT(rellinor_layout_with_identifier("lastpass") == RELLINOR_LAYOUT_NONE);
+    EXPECT_TEXT(rellinor_layout_description(RELLINOR_LAYOUT_LAST_PASS_CSV), "LastPass CSV export");
+    EXPECT(rellinor_layout_is_read(RELLINOR_LAYOUT_TIREL_JSON));
+    EXPECT(!rellinor_layout_is_read(RELLINOR_LAYOUT_NONE));
+}
+
+static void detectsNothingInNothing(void) {
+    rellinor_source source = RELLINOR_SOURCE_TIREL;
+    rellinor_detection* const nothing = rellinor_detect_memory("", 0, "");
+    EXPECT(rellinor_detection_layout(nothing) == RELLINOR_LAYOUT_NONE);
+    EXPECT(rellinor_detection_confidence(nothing) == RELLINOR_CONFIDENCE_NONE);
+    EXPECT(!rellinor_detection_source(nothing, &source) && source == RELLINOR_SOURCE_TIREL);
+    EXPECT(!rellinor_detection_source(nothing, NULL));
+    EXPECT_TEXT(rellinor_detection_product(nothing), "");
+    EXPECT(rellinor_detection_evidence(nothing).data != NULL);
+    EXPECT(rellinor_detection_advice(nothing).data != NULL);
+    EXPECT_TEXT(rellinor_failure_reason_identifier(RELLINOR_FAILURE_NONE), "none");
+    EXPECT(rellinor_failure_reason_identifier(rellinor_detection_obstacle(nothing)).length > 0);
+    rellinor_detection_free(nothing);
+
+    rellinor_detection* const missing = rellinor_detect("/missing/export.csv");
+    EXPECT(rellinor_detection_layout(missing) == RELLINOR_LAYOUT_NONE);
+    rellinor_detection_free(missing);
+    rellinor_detection_free(NULL);
+}
+
+static void reportsWhatWasLeftOut(void) {
+    static const char text[] = "url,username,password,extra,name,grouping,fav\n"
+                               "https://a.example,ann,x,,Mail,Work,0\n"
+                               ",,,,,,\n"
+                               ",,,,,,\n";
+    const rellinor_read_options options = asSource(RELLINOR_SOURCE_LAST_PASS);
+    rellinor_result* const result =
+        rellinor_export_read_memory(text, sizeof text - 1, "export.csv", &options);
+    EXPECT_COUNTS(result, 1, 0, 0);
+    EXPECT_DONE(result, RELLINOR_FAILURE_NONE);
+    EXPECT_TEXT(rellinor_login_service(result, 0), "Mail");
+    EXPECT(rellinor_login_extra_count(result, 0) == 0);
+    EXPECT_ABSENT(rellinor_login_extra(result, 0, 0).value);
+    EXPECT(rellinor_note_extra_count(result, 0) == 0);
+    EXPECT(rellinor_note_extra(result, 0, 0).kind == RELLINOR_EXTRA_NONE);
+    EXPECT(rellinor_card_extra_count(result, SIZE_MAX) == 0);
+    EXPECT_ABSENT(rellinor_card_extra(result, 0, 0).label);
+
+    EXPECT(rellinor_report_layout(result) == RELLINOR_LAYOUT_NONE);
+    EXPECT(rellinor_report_place_unit(result) == RELLINOR_PLACE_LINE);
+    EXPECT(rellinor_report_record_count(result) == 3);
+    EXPECT(rellinor_report_left_out_count(result) == 1);
+    const rellinor_left_out leftOut = rellinor_report_left_out(result, 0);
+    EXPECT(leftOut.reason == RELLINOR_LEFT_OUT_EMPTY);
+    EXPECT_TEXT(leftOut.field, "");
+    EXPECT(leftOut.places.count == 2 && leftOut.places.first_count == 2);
+    EXPECT(leftOut.places.first[0] == 3 && leftOut.places.first[1] == 4);
+    EXPECT_ABSENT(rellinor_report_left_out(result, 1).field);
+    EXPECT(rellinor_report_finding_count(result) == 0);
+    EXPECT_ABSENT(rellinor_report_finding(result, 0).field);
+    EXPECT(rellinor_report_unread_count(result) == 1);
+    EXPECT_TEXT(rellinor_report_unread(result, 0).part, "grouping");
+    EXPECT(rellinor_report_unread(result, 0).count == 1);
+    EXPECT_ABSENT(rellinor_report_unread(result, 1).part);
+    rellinor_result_free(result);
+}
+
+static void anImportHasAnEmptyReport(void) {
+    rellinor_result* const result = imported(lastPassExport, RELLINOR_SOURCE_LAST_PASS);
+    EXPECT_DONE(result, RELLINOR_FAILURE_NONE);
+    EXPECT(rellinor_report_record_count(result) == 0);
+    rellinor_result_free(result);
+}
+
+static void reportsWhereAFileFails(void) {
+    static const char text[] = "{\"logins\":\n[],\nx}";
+    const rellinor_read_options options = asSource(RELLINOR_SOURCE_TIREL);
+    rellinor_result* const result =
+        rellinor_export_read_memory(text, sizeof text - 1, "", &options);
+    EXPECT_FAILURE(result, "Rellinor.TextError");
+    EXPECT_DONE(result, RELLINOR_FAILURE_NOT_JSON);
+    EXPECT(rellinor_report_failure(result).place == 3);
+    EXPECT_TEXT(rellinor_report_failure(result).field, "");
+    rellinor_result_free(result);
+}
+
+static void readsWithDefaultsWithoutOptions(void) {
+    // What the options do not reach is 0, and so is what lies beyond their size.
+    const rellinor_read_options small = {.size = sizeof(size_t), .as = 99, .most_records = 1};
+    const rellinor_read_options large = {.size = SIZE_MAX};
+    EXPECT(large.size > sizeof small); // of a later version
+    rellinor_result* const withNull = rellinor_export_read_memory(NULL, 0, "", NULL);
+    rellinor_result* const withSmall = rellinor_export_read_memory(NULL, 0, "", &small);
+    rellinor_result* const withLarge = rellinor_export_read_memory(NULL, 0, "", &large);
+    const rellinor_failure_reason reason = rellinor_report_failure(withNull).reason;
+    EXPECT_DONE(withNull, reason);
+    EXPECT_DONE(withSmall, reason);
+    EXPECT_DONE(withLarge, reason);
+    EXPECT(strcmp(rellinor_result_error_domain(withNull), "Rellinor.ReadError") == 0);
+    EXPECT(rellinor_result_error_code(withNull) == reason);
+    rellinor_result_free(withNull);
+    rellinor_result_free(withSmall);
+    rellinor_result_free(withLarge);
+}
+
+static void readsAsNothingThatHasNoNumber(void) {
+    const int32_t numbers[] = {-1, 8, 256, 257, INT32_MIN, INT32_MAX};
+    for (size_t i = 0; i < sizeof(numbers) / sizeof(numbers[0]); ++i) {
+        rellinor_read_options options = asSource((rellinor_source)numbers[i]);
+        rellinor_result* const asOther = rellinor_export_read(lastPassExport, &options);
+        EXPECT_FAILURE(asOther, "Rellinor.UnavailableSourceError");
+        EXPECT_DONE(asOther, RELLINOR_FAILURE_OTHER);
+        rellinor_result_free(asOther);
+
+        options.as = (rellinor_read_as)numbers[i];
+        rellinor_result* const otherwise = rellinor_export_read(lastPassExport, &options);
+        EXPECT_FAILURE(otherwise, "Rellinor.UnavailableSourceError");
+        rellinor_result_free(otherwise);
+    }
+    const rellinor_read_options options = {.size = sizeof options,
+                                           .as = RELLINOR_READ_AS_LAYOUT,
+                                           .layout = 65536 + RELLINOR_LAYOUT_TIREL_JSON};
+    rellinor_result* const result = rellinor_export_read(everyField, &options);
+    EXPECT_DONE(result, RELLINOR_FAILURE_NOT_READ);
+    EXPECT(rellinor_report_layout(result) == RELLINOR_LAYOUT_NONE);
+    rellinor_result_free(result);
+}
+
+static void readsNoMoreThanTheLimits(void) {
+    rellinor_read_options options = asSource(RELLINOR_SOURCE_LAST_PASS);
+    options.most_records = 15;
+    rellinor_result* const records = rellinor_export_read(lastPassExport, &options);
+    EXPECT_DONE(records, RELLINOR_FAILURE_TOO_LARGE);
+    rellinor_result_free(records);
+    options.most_records = 0;
+    options.largest_file = 100;
+    rellinor_result* const bytes = rellinor_export_read(lastPassExport, &options);
+    EXPECT_DONE(bytes, RELLINOR_FAILURE_TOO_LARGE);
+    rellinor_result_free(bytes);
+}
+
+static bool countAndStop(uint64_t done, uint64_t total, void* context) {
+    int* const calls = context;
+    EXPECT(done <= total);
+    return ++*calls < 3;
+}
+
+static void tellsProgressAndIsCancelled(void) {
+    int calls = 0;
+    rellinor_read_options options = asSource(RELLINOR_SOURCE_LAST_PASS);
+    options.on_progress = countAndStop;
+    options.progress_context = &calls;
+    rellinor_result* const result = rellinor_export_read(lastPassExport, &options);
+    EXPECT_DONE(result, RELLINOR_FAILURE_CANCELLED);
+    EXPECT(calls == 3);
+    rellinor_result_free(result);
+}
+
 int main(void) {
     sourcesAreNumberedInTheirOrder();
     aSourceWithoutANameFails();
@@ -352,5 +567,16 @@ int main(void) {
     nullIsFreed();
     oneImporterServesManyImports();
     aResultOutlivesItsImporter();
+    tellsTheVersion();
+    namesEveryNumber();
+    listsTheLayouts();
+    detectsNothingInNothing();
+    reportsWhatWasLeftOut();
+    anImportHasAnEmptyReport();
+    reportsWhereAFileFails();
+    readsWithDefaultsWithoutOptions();
+    readsAsNothingThatHasNoNumber();
+    readsNoMoreThanTheLimits();
+    tellsProgressAndIsCancelled();
     return failures == 0 ? 0 : 1;
 }

@@ -90,12 +90,27 @@ Outcome outcomeIn(const Result& result) {
     return outcome;
 }
 
+/// What the second door gives, read as a source.
+Result readAs(const std::string& path, ImportSource source) {
+    const rellinor_read_options options{.size = sizeof(rellinor_read_options),
+                                        .as = RELLINOR_READ_AS_SOURCE,
+                                        .layout = RELLINOR_LAYOUT_NONE,
+                                        .source = rellinor_source{std::to_underlying(source)},
+                                        .on_progress = nullptr,
+                                        .progress_context = nullptr,
+                                        .largest_file = 0,
+                                        .largest_expansion = 0,
+                                        .most_records = 0};
+    return {rellinor_export_read(path.c_str(), &options), rellinor_result_free};
+}
+
 /// Imports `path` through both surfaces, and returns how many records that gave.
 std::size_t compared(const std::string& path, ImportSource source) {
     const Result result = imported(path, rellinor_source{std::to_underlying(source)});
     const Outcome outcome = outcomeIn(result);
     const Outcome expected = outcomeOf(source, path);
     EXPECT_EQ(outcome, expected) << path << " as source " << static_cast<int>(source);
+    EXPECT_EQ(outcomeIn(readAs(path, source)), expected) << path;
     if (expected.error) {
         EXPECT_EQ(rellinor_result_error_description(result.get()),
                   expected.error->localizedDescription());
@@ -187,6 +202,36 @@ TEST(RellinorInCTest, tellsOfLackOfMemory) {
         EXPECT_EQ(piecesInUse(), before);
     }
     EXPECT_GT(withoutImporter, 0);
+    EXPECT_GT(withoutResult, 0);
+    EXPECT_GT(withError, 0);
+}
+
+TEST(RellinorInCTest, readsAllOrNothingForLackOfMemory) {
+    const std::string path = RELLINOR_EXAMPLES "/LastPass/export.csv";
+    const Outcome expected = outcomeOf(ImportSource::lastPass, path);
+    const std::size_t before = piecesInUse();
+    std::size_t withoutResult = 0;
+    std::size_t withError = 0;
+    for (std::size_t nth = 1;; ++nth) {
+        ASSERT_LT(nth, 1000) << "every allocation failed";
+        Result result(nullptr, rellinor_result_free);
+        failAllocation(nth, [&] { result = readAs(path, ImportSource::lastPass); });
+        if (!result) {
+            ++withoutResult;
+        } else if (!rellinor_result_succeeded(result.get())) {
+            ++withError;
+            EXPECT_EQ(outcomeIn(result),
+                      (Outcome{.error = NSError("Rellinor.UnexpectedError", 0)}));
+            EXPECT_EQ(rellinor_report_failure(result.get()).reason, RELLINOR_FAILURE_OUT_OF_MEMORY);
+        } else {
+            EXPECT_EQ(outcomeIn(result), expected);
+            if (rellinor_report_is_complete(result.get())) {
+                break;
+            }
+        }
+        result.reset();
+        EXPECT_EQ(piecesInUse(), before);
+    }
     EXPECT_GT(withoutResult, 0);
     EXPECT_GT(withError, 0);
 }

@@ -35,7 +35,7 @@ std::string ChromeImporter::statement() {
 }
 
 SQLiteRows ChromeImporter::read(const ExportFile& file, ImportMemory& memory, Reporter* reporter) {
-    return specifiedRows(file, statement(), memory, reporter);
+    return rowsOfSource(file, statement(), memory, reporter);
 }
 
 Built<ImportedPassword> ChromeImporter::buildPassword(const RawRecord& record) {

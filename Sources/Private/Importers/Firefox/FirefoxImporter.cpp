@@ -74,8 +74,7 @@ EncryptedLogins fetchEncryptedLoginsFromJSON(const URL& file, ImportMemory& memo
 
 EncryptedLogins fetchEncryptedLoginsFromSQLite(const URL& file, ImportMemory& memory,
                                                Reporter* reporter) {
-    return mapFetched(specifiedRows(file, FirefoxImporter::statement(), memory, reporter),
-                      reporter);
+    return mapFetched(rowsOfSource(file, FirefoxImporter::statement(), memory, reporter), reporter);
 }
 
 } // namespace

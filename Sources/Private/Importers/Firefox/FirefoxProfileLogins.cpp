@@ -31,18 +31,17 @@ const JSONKeys FirefoxProfileLogins::keys = keptMembers;
 std::optional<FirefoxProfileLogins> FirefoxProfileLogins::decoded(JSONDocument document) {
     const auto top = document.root().object();
     const auto list = top ? top->valueAt(keyOfLogins) : std::nullopt;
-    if (!list) {
+    const auto elements = list ? list->elements() : std::nullopt;
+    if (!elements) {
         return std::nullopt;
     }
     FirefoxProfileLogins logins(std::move(document)); // its values stay where they are
-    if (!list->forEachElement(
-            [&](const JSONValue& element) { logins._records.emplace_back(element); })) {
-        return std::nullopt;
+    for (const JSONValue& element : *elements) {
+        logins._records.emplace_back(element);
     }
-    if (const auto vulnerable = top->valueAt(keyOfVulnerable)) {
-        vulnerable->forEachElement(
-            [&](const JSONValue& /*entry*/) { logins._hasVulnerablePasswords = true; });
-    }
+    const auto vulnerable = top->valueAt(keyOfVulnerable);
+    const auto entries = vulnerable ? vulnerable->elements() : std::nullopt;
+    logins._hasVulnerablePasswords = entries && entries->begin() != entries->end();
     const auto alerts = top->valueAt(keyOfAlerts);
     logins._hasDismissedAlerts = alerts && alerts->object();
     return logins;

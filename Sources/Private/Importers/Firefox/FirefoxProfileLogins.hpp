@@ -15,7 +15,7 @@ class FirefoxProfileLogins {
 public:
     /// What is kept of a "logins.json".
     static const JSONKeys keys;
-    static constexpr JSONLists lists = JSONLists::ofAnything;
+    static constexpr JSONExtent extent = JSONExtent::allLists;
 
     /// Absent if the document has no object at its top, or no list under "logins".
     ///

@@ -142,9 +142,9 @@ TEST_F(FirefoxProfileImporterTest, failsForAReason) {
     }
 }
 
-// What the specified import tells
+// What the import of the source tells
 
-TEST_F(FirefoxProfileImporterTest, letsTheSpecifiedImportTellWhatItDrops) {
+TEST_F(FirefoxProfileImporterTest, letsTheImportOfTheSourceTellWhatItDrops) {
     logins(R"({"logins":[{"hostname":"a","encryptedUsername":"1","encryptedPassword":"1"},)"
            R"({"hostname":"b","encryptedUsername":5,"encryptedPassword":"2"},{}]})");
     const ImportedExport read = readExport(
