@@ -6,6 +6,8 @@
 #include "Private/Importers/Chrome/ChromiumLoginsImporter.hpp"
 #include "Private/Importers/Firefox/FirefoxProfileImporter.hpp"
 #include "Private/Importers/Importer.hpp"
+#include "Private/Importers/OnePassword/OnePIFImporter.hpp"
+#include "Private/Importers/Tirel/FaithfulTirelImporter.hpp"
 
 namespace Rellinor {
 
@@ -28,10 +30,15 @@ Assembled failedImport(FailureReason reason, Reporter& reporter) {
 Assembled importLayout(const ExportFile& file, Layout layout, Reporter& reporter) {
     reporter.setLayout(layout);
     switch (layout) {
-    case Layout::chromiumLogins:
+        using enum Layout;
+    case onePassword1PIF:
+        return readAs<OnePIFImporter>(file, reporter);
+    case chromiumLogins:
         return readAs<ChromiumLoginsImporter>(file, reporter);
-    case Layout::firefoxProfile:
+    case firefoxProfile:
         return readAs<FirefoxProfileImporter>(file, reporter);
+    case tirelJSON:
+        return readAs<FaithfulTirelImporter>(file, reporter);
     default:
         return failedImport(FailureReason::notRead, reporter);
     }

@@ -31,6 +31,9 @@ public:
 
     [[nodiscard]] JSONKind kind() const noexcept { return _node->kind; }
 
+    /// Whether this is the name of the next member, which a walk over all members meets.
+    [[nodiscard]] bool isName() const noexcept { return _node->kind == JSONKind::name; }
+
     [[nodiscard]] bool isNull() const noexcept { return _node->kind == JSONKind::null; }
 
     // Each absent if the value is of another type. Texts belong to the document's memory.

@@ -7,6 +7,7 @@
 #include <span>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "Private/Proxies/PIFParsingError.hpp"
 #include "Private/Text/UTF8.hpp"
@@ -33,25 +34,37 @@ std::span<char> textOf(const ExportFile& file, FileMargins margins, ImportMemory
     return *text;
 }
 
+/// Whether a line holds anything, and is not one of asterisks that stands between two records.
+bool isOther(std::string_view line) noexcept {
+    return line.find_first_not_of(" \t\r") != std::string_view::npos && !line.starts_with("***");
+}
+
+/// Calls `visit` with each line and its number, from 1 on.
+void forEachLine(std::string_view text, auto&& visit) {
+    std::uint64_t number = 1;
+    for (std::size_t begin = 0; begin < text.size(); ++number) {
+        const std::size_t end = std::min(text.find('\n', begin), text.size());
+        visit(text.substr(begin, end - begin), number);
+        begin = end + 1;
+    }
+}
+
 /// Moves the lines that begin with "{" together, in place, with a comma between two of them.
 std::span<char> joinedRecords(std::span<char> text, PIFLines* lines) {
     const std::string_view view(text.data(), text.size());
     std::size_t kept = 0;
-    std::uint64_t line = 1;
-    for (std::size_t begin = 0; begin < view.size(); ++line) {
-        const std::size_t end = std::min(view.find('\n', begin), view.size());
-        if (view[begin] == '{') {
+    forEachLine(view, [&](std::string_view line, std::uint64_t number) {
+        if (line.starts_with('{')) {
             if (lines != nullptr) {
-                lines->add(line);
+                lines->add(number);
             }
             if (kept > 0) {
                 text[kept++] = ','; // where the line before had its line feed
             }
-            std::memmove(&text[kept], &text[begin], end - begin);
-            kept += end - begin;
+            std::memmove(&text[kept], line.data(), line.size());
+            kept += line.size();
         }
-        begin = end + 1;
-    }
+    });
     return text.first(kept);
 }
 
@@ -64,13 +77,16 @@ std::string_view surrounded(std::span<char> text, std::string_view before,
     return {begin, std::ranges::copy(behind, end).out};
 }
 
+PIFParsingError notJSON(ReadFailure failure) {
+    return PIFParsingError(
+        "The data couldn\u2019t be read because it isn\u2019t in the correct format.", failure);
+}
+
 JSONDocument rawJSON(std::string_view text, JSONKeys keys, ImportMemory& memory) {
     auto document = JSONDocument::parsed(text, keys, memory);
     if (!document) {
-        throw PIFParsingError("The data couldn\u2019t be read because it isn\u2019t in the "
-                              "correct format.",
-                              {.reason = failureOf(document.error(), text).reason,
-                               .position = document.error().element});
+        throw notJSON({.reason = failureOf(document.error(), text).reason,
+                       .position = document.error().element});
     }
     return *std::move(document);
 }
@@ -88,6 +104,33 @@ JSON PIFFileProxy::toJSON(const ExportFile& file, std::string_view topLevelKey, 
     }
     // Quirk: strange lines take part in the whole.
     return json(surrounded(records, before, behind), keys, memory);
+}
+
+PIFRecords PIFFileProxy::records(const ExportFile& file, JSONKeys keys, ImportMemory& memory,
+                                 PIFLines* lines, std::uint64_t mostBytes) {
+    const std::span<char> text = textOf(file, {}, memory, mostBytes);
+    std::vector<std::string_view> records;
+    std::uint64_t otherLines = 0;
+    forEachLine({text.data(), text.size()}, [&](std::string_view line, std::uint64_t number) {
+        if (line.starts_with('{')) {
+            records.push_back(line);
+            if (lines != nullptr) {
+                lines->add(number);
+            }
+        } else if (isOther(line)) {
+            ++otherLines;
+        }
+    });
+    if (records.empty() && otherLines > 0) {
+        throw notJSON({.reason = FailureReason::notJSON, .position = {}});
+    }
+    auto document = JSONDocument::parsedEach(records, keys, memory);
+    if (!document) {
+        const JSONFailure& failure = document.error();
+        throw notJSON({.reason = failureOf(failure, records[failure.element - 1]).reason,
+                       .position = failure.element});
+    }
+    return {.document = *std::move(document), .otherLines = otherLines};
 }
 
 JSON PIFFileProxy::json(std::string_view text, JSONKeys keys, ImportMemory& memory) {

@@ -1,0 +1,111 @@
+#include "Tests/Support/Reading.hpp"
+
+#include <span>
+
+#include <gtest/gtest.h>
+
+namespace Rellinor::Tests {
+
+namespace {
+
+std::string linesOf(std::span<const Extra> extras) {
+    std::string lines;
+    for (const Extra& extra : extras) {
+        lines.append(identifier(extra.kind)).append(" ").append(extra.label);
+        lines.append("=").append(extra.value).append("\n");
+    }
+    return lines;
+}
+
+} // namespace
+
+std::uint64_t Reading::delivered() const {
+    return records.passwords.size() + records.notes.size() + records.cards.size();
+}
+
+std::uint64_t Reading::leftOut(LeftOutReason reason) const {
+    std::uint64_t count = 0;
+    for (const LeftOut& left : report.leftOut()) {
+        count += left.reason == reason ? left.places.count : 0;
+    }
+    return count;
+}
+
+std::uint64_t Reading::found(FindingKind kind, std::string_view field) const {
+    std::uint64_t count = 0;
+    for (const Finding& finding : report.findings()) {
+        count += finding.kind == kind && finding.field == field ? finding.places.count : 0;
+    }
+    return count;
+}
+
+std::uint64_t Reading::found(FindingKind kind) const {
+    std::uint64_t count = 0;
+    for (const Finding& finding : report.findings()) {
+        count += finding.kind == kind ? finding.places.count : 0;
+    }
+    return count;
+}
+
+std::uint64_t Reading::unread(std::string_view part) const {
+    for (const Unread& unread : report.unread()) {
+        if (unread.part == part) {
+            return unread.count;
+        }
+    }
+    return 0;
+}
+
+std::string Reading::texts() const {
+    std::string texts;
+    const auto add = [&](std::string_view text) { texts.append(text).append("\n"); };
+    for (const Password& login : records.passwords) {
+        add(login.username);
+        add(login.password);
+        add(login.url);
+        add(login.service.value_or(""));
+        add(login.note.value_or(""));
+    }
+    for (const Note& note : records.notes) {
+        add(note.title);
+        add(note.content);
+    }
+    for (const Card& card : records.cards) {
+        add(card.cardNumber);
+        add(card.custName);
+        add(card.holderName);
+        add(card.cvv);
+        add(card.pin);
+        add(card.note);
+    }
+    for (const std::string& lines : extras) {
+        add(lines);
+    }
+    return texts;
+}
+
+Reading readingOf(Layout layout, const ExportFile& file) {
+    ImportedExport read = readExport(file, {.as = layout});
+    Reading reading{.records = copyOf(read.records), .extras = {}, .report = read.report};
+    for (std::size_t index = 0; index < reading.records.passwords.size(); ++index) {
+        reading.extras.push_back(linesOf(read.extras.ofPassword(index)));
+    }
+    for (std::size_t index = 0; index < reading.records.notes.size(); ++index) {
+        reading.extras.push_back(linesOf(read.extras.ofNote(index)));
+    }
+    for (std::size_t index = 0; index < reading.records.cards.size(); ++index) {
+        reading.extras.push_back(linesOf(read.extras.ofCard(index)));
+    }
+    std::uint64_t accounted = reading.delivered();
+    for (const LeftOut& left : reading.report.leftOut()) {
+        accounted += left.places.count;
+    }
+    EXPECT_EQ(reading.report.recordCount(), accounted);
+    return reading;
+}
+
+Reading readingOf(Layout layout, std::string_view text) {
+    return readingOf(layout, ExportFile::inMemory(text, "export"));
+}
+
+} // namespace Rellinor::Tests
