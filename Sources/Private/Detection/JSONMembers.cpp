@@ -128,7 +128,9 @@ public:
 
     void null() noexcept {}
 
-    void otherValue() noexcept {}
+    void boolean(bool /*truth*/) noexcept {}
+
+    void otherNumber() noexcept {}
 
 private:
     static constexpr std::size_t deepest = 6;
