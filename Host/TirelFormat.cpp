@@ -4,18 +4,14 @@
 #include <ostream>
 #include <span>
 #include <string>
-#include <utility>
 
-#include <boost/json/serialize.hpp>
-#include <boost/json/value_from.hpp>
+#include <Rellinor/Models/TirelExportData.hpp>
 
-#include <Rellinor/Models/TirelExportDataJSON.hpp>
+#include "Host/JSONText.hpp"
 
 namespace Rellinor::Host {
 
 namespace {
-
-namespace json = boost::json;
 
 /// A note, and below it what else the record holds.
 std::string noteWith(std::string_view note, std::span<const Extra> extras) {
@@ -29,62 +25,86 @@ std::string noteWith(std::string_view note, std::span<const Extra> extras) {
     return text;
 }
 
-TirelExportData::Password exported(const ImportedPasswordInfoProviding& password,
-                                   std::span<const Extra> extras) {
-    return {
-        password.color().value_or(0),
-        password.service().transform([](std::string_view name) { return std::string(name); }),
-        std::string(password.username()),
-        noteWith(password.note().value_or(""), extras),
-        std::string(password.password()),
-        password.pwdChange(),
-        std::string(password.url()),
-    };
+void member(auto key, const auto& value, JSONText& json) {
+    json.member(stringValue(key), value);
 }
 
-TirelExportData::Note exported(const ImportedNoteInfoProviding& note,
-                               std::span<const Extra> extras) {
-    return {
-        note.color().value_or(0),
-        std::string(note.title()),
-        noteWith(note.content(), extras),
-    };
+void memberIfPresent(auto key, const auto& value, JSONText& json) {
+    if (value) {
+        member(key, *value, json);
+    }
 }
 
-TirelExportData::Card exported(const ImportedCardInfoProviding& card,
-                               std::span<const Extra> extras) {
-    return {
-        std::string(card.cardNumber()),
-        std::string(card.custName()),
-        std::string(card.holderName()),
-        std::string(card.cvv()),
-        std::string(card.pin()),
-        noteWith(card.note(), extras),
-        {card.expirationDay(), card.expirationMonth(), card.expirationYear()},
-    };
+void writeEntry(const ImportedPasswordInfoProviding& password, std::span<const Extra> extras,
+                JSONText& json) {
+    using enum TirelExportData::Password::CodingKeys;
+    member(color, password.color().value_or(0), json);
+    memberIfPresent(custName, password.service(), json);
+    member(loginName, password.username(), json);
+    member(note, noteWith(password.note().value_or(""), extras), json);
+    member(pwd, password.password(), json);
+    memberIfPresent(pwdChange, password.pwdChange(), json);
+    member(url, password.url(), json);
+}
+
+void writeEntry(const ImportedNoteInfoProviding& entry, std::span<const Extra> extras,
+                JSONText& json) {
+    using enum TirelExportData::Note::CodingKeys;
+    member(color, entry.color().value_or(0), json);
+    member(label, entry.title(), json);
+    member(text, noteWith(entry.content(), extras), json);
+}
+
+void writeEntry(const ImportedCardInfoProviding& card, std::span<const Extra> extras,
+                JSONText& json) {
+    using enum TirelExportData::Card::CodingKeys;
+    member(cardNumber, card.cardNumber(), json);
+    member(custName, card.custName(), json);
+    member(holderName, card.holderName(), json);
+    member(cvv, card.cvv(), json);
+    member(pin, card.pin(), json);
+    member(note, noteWith(card.note(), extras), json);
+    json.key(stringValue(expirationDate));
+    json.beginObject();
+    using Date = TirelExportData::Card::ExpirationDate::CodingKeys;
+    member(Date::day, card.expirationDay(), json);
+    member(Date::month, card.expirationMonth(), json);
+    member(Date::year, card.expirationYear(), json);
+    json.endObject();
 }
 
 } // namespace
 
 void TirelFormat::write(std::string_view /*path*/, const ImportedExport& imported,
                         std::ostream& /*out*/) {
-    const ImportedRecords& records = *imported.records;
-    const Extras& extras = imported.extras;
-    for (std::size_t i = 0; i < records.passwords.size(); ++i) {
-        _data.logins.push_back(exported(*records.passwords[i], extras.ofPassword(i)));
-    }
-    for (std::size_t i = 0; i < records.notes.size(); ++i) {
-        _data.notes.push_back(exported(*records.notes[i], extras.ofNote(i)));
-    }
-    for (std::size_t i = 0; i < records.cards.size(); ++i) {
-        _data.cards.push_back(exported(*records.cards[i], extras.ofCard(i)));
-    }
+    _imports.push_back(imported);
 }
 
 void TirelFormat::finish(std::ostream& out) {
-    // The data goes before the text comes, and the text is written as it arises.
-    const json::value document = json::value_from(std::exchange(_data, {}));
-    out << document << '\n';
+    using enum TirelExportData::CodingKeys;
+
+    JSONText json;
+    const auto writeList = [&](auto name, auto recordsOf, auto extrasOf) {
+        json.key(stringValue(name));
+        json.beginArray();
+        for (const ImportedExport& imported : _imports) {
+            const auto& records = (*imported.records).*recordsOf;
+            for (std::size_t i = 0; i < records.size(); ++i) {
+                json.beginObject();
+                writeEntry(*records[i], (imported.extras.*extrasOf)(i), json);
+                json.endObject();
+                out << json.written(); // so that the text never stands in memory as a whole
+                json.clear();
+            }
+        }
+        json.endArray();
+    };
+    json.beginObject();
+    writeList(logins, &ImportedRecords::passwords, &Extras::ofPassword);
+    writeList(notes, &ImportedRecords::notes, &Extras::ofNote);
+    writeList(cards, &ImportedRecords::cards, &Extras::ofCard);
+    json.endObject();
+    out << json.written() << '\n';
 }
 
 } // namespace Rellinor::Host

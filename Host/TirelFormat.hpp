@@ -1,6 +1,6 @@
 #pragma once
 
-#include <Rellinor/Models/TirelExportData.hpp>
+#include <vector>
 
 #include "Host/RecordsFormat.hpp"
 
@@ -15,7 +15,7 @@ public:
     void finish(std::ostream& out) override;
 
 private:
-    TirelExportData _data;
+    std::vector<ImportedExport> _imports; ///< which share the memory of the library
 };
 
 } // namespace Rellinor::Host

@@ -96,6 +96,34 @@ TEST_F(DetectCommandTest, readsAFileAsTheLayoutThatIsNamedOrNotAtAll) {
         << ended.errors;
 }
 
+// What a record holds besides its fields
+
+TEST_F(DetectCommandTest, showsExtrasAndMasksTheSecretOnes) {
+    const std::string path = folder().file(
+        "export.1pif",
+        R"({"typeName":"webforms.WebForm","title":"Mail","location":"https://a.example",)"
+        R"("secureContents":{"fields":[{"designation":"username","value":"ann"},)"
+        R"({"designation":"password","value":"one"}],"sections":[{"fields":[)"
+        R"({"k":"concealed","n":"x","t":"PUK","v":"s3cret"},)"
+        R"({"k":"string","n":"y","t":"branch","v":"north"}]}]}})"
+        "\n***5642bee8-a5ff-11dc-8314-0800200c9a66***\n");
+    const std::string masked =
+        rellinor({"import", "--layout", "1password-1pif", "--format", "json", path}).out;
+    EXPECT_TRUE(
+        masked.contains(R"("extras":[{"kind":"customSecret","label":"PUK","value":"********"},)"
+                        R"({"kind":"customText","label":"branch","value":"north"}]}])"))
+        << masked;
+    EXPECT_FALSE(masked.contains("s3cret"));
+    EXPECT_TRUE(masked.contains(R"("report":{"placeUnit":"line","recordCount":1,"leftOut":[],)"))
+        << masked;
+    EXPECT_TRUE(
+        rellinor({"import", "--layout", "1password-1pif", "--reveal", "--format", "json", path})
+            .out.contains("s3cret"));
+    const std::string tirel =
+        rellinor({"import", "--layout", "1password-1pif", "--format", "tirel", path}).out;
+    EXPECT_TRUE(tirel.contains(R"("note":"PUK: s3cret\nbranch: north")")) << tirel;
+}
+
 // What a source is not meant for
 
 TEST_F(DetectCommandTest, objectsToASourceThatIsNotMeantForTheFile) {
