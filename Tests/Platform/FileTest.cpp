@@ -139,6 +139,32 @@ TEST(FileTest, readsBytesFromAPositionOn) {
     EXPECT_FALSE(readBytes(folder.path(), 0, bytes));
 }
 
+TEST(FileTest, readsPartsOfAnOpenFile) {
+    const TemporaryFolder folder;
+    const auto file = OpenFile::at(folder.file("file", "abcdef"));
+    ASSERT_TRUE(file);
+    EXPECT_EQ(file->size(), 6U);
+    std::string bytes(4, ' ');
+    EXPECT_EQ(file->read(4, bytes), 2U);
+    EXPECT_EQ(bytes, "ef  ");
+    EXPECT_EQ(file->read(6, bytes), 0U);
+    EXPECT_EQ(file->read(std::numeric_limits<std::uint64_t>::max(), bytes), std::nullopt);
+    EXPECT_EQ(OpenFile::at(folder / "missing").error(), FileError::missing);
+    EXPECT_EQ(OpenFile::at(folder.path()).error(), FileError::notAFile);
+}
+
+TEST(FileTest, tellsWhatIsAtAPath) {
+    const TemporaryFolder folder;
+    EXPECT_EQ(kindOfFile(folder.file("file", "")), FileKind::file);
+    std::filesystem::create_symlink(folder.path(), folder / "link");
+    EXPECT_EQ(kindOfFile(folder / "link"), FileKind::folder);
+    EXPECT_EQ(kindOfFile("/dev/null"), FileKind::other);
+    for (const std::string& path :
+         {folder / "missing", folder / "file/below", folder / "file" + '\0'}) {
+        EXPECT_EQ(kindOfFile(path), std::unexpected(FileError::missing));
+    }
+}
+
 TEST(FileTest, waitsForNoWriterOfBytes) {
     const TemporaryFolder folder;
     const std::string path = folder / "pipe";

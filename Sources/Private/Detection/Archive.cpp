@@ -24,10 +24,10 @@ struct KnownMember {
     std::string_view name; ///< of the file, or with the folders around it
     std::optional<Layout> layout;
     Confidence confidence;
+    FailureReason obstacle; ///< beside that of the layout
     std::string_view product;
     std::string_view evidence;
-    std::string_view advice;
-    FailureReason obstacle = FailureReason::none; ///< beside that of the layout
+    std::string_view advice = {};
 };
 
 constexpr std::string_view protonAdvice =
@@ -35,35 +35,36 @@ constexpr std::string_view protonAdvice =
 constexpr std::string_view saveAsCSV = "if it is a spreadsheet, save it as CSV in UTF-8";
 
 constexpr KnownMember knownMembers[] = {
-    {"export.data", Layout::onePassword1PUX, Confidence::certain, "1Password",
-     "an archive with the file export.data", ""},
-    {"credentials.csv", Layout::dashlaneZip, Confidence::certain, "Dashlane",
-     "an archive with the file credentials.csv", ""},
-    {"securenotes.csv", Layout::dashlaneZip, Confidence::certain, "Dashlane",
-     "an archive with the file securenotes.csv", ""},
-    {"payments.csv", Layout::dashlaneZip, Confidence::likely, "Dashlane",
-     "an archive with the file payments.csv", ""},
-    {"data.pgp", Layout::protonPassZip, Confidence::certain, "Proton Pass",
-     "an archive with the file data.pgp", protonAdvice, FailureReason::encrypted},
-    {"Proton Pass/data.json", Layout::protonPassZip, Confidence::certain, "Proton Pass",
-     "an archive with the file Proton Pass/data.json", ""},
-    {"data.json", Layout::bitwardenZip, Confidence::likely, "Bitwarden",
-     "an archive with the file data.json", ""},
-    {"PaymentCards.json", Layout::safariZip, Confidence::certain, "Safari",
-     "an archive with the file PaymentCards.json", ""},
-    {"Passwords.csv", Layout::safariZip, Confidence::likely, "Safari",
-     "an archive with the file Passwords.csv", ""},
-    {"index.jwe", Layout::credentialExchangeJSON, Confidence::certain,
+    {"export.data", Layout::onePassword1PUX, Confidence::certain, FailureReason::none, "1Password",
+     "an archive with the file export.data"},
+    {"credentials.csv", Layout::dashlaneZip, Confidence::certain, FailureReason::none, "Dashlane",
+     "an archive with the file credentials.csv"},
+    {"securenotes.csv", Layout::dashlaneZip, Confidence::certain, FailureReason::none, "Dashlane",
+     "an archive with the file securenotes.csv"},
+    {"payments.csv", Layout::dashlaneZip, Confidence::likely, FailureReason::none, "Dashlane",
+     "an archive with the file payments.csv"},
+    {"data.pgp", Layout::protonPassZip, Confidence::certain, FailureReason::encrypted,
+     "Proton Pass", "an archive with the file data.pgp", protonAdvice},
+    {"Proton Pass/data.json", Layout::protonPassZip, Confidence::certain, FailureReason::none,
+     "Proton Pass", "an archive with the file Proton Pass/data.json"},
+    {"data.json", Layout::bitwardenZip, Confidence::likely, FailureReason::none, "Bitwarden",
+     "an archive with the file data.json"},
+    {"PaymentCards.json", Layout::safariZip, Confidence::certain, FailureReason::none, "Safari",
+     "an archive with the file PaymentCards.json"},
+    {"Passwords.csv", Layout::safariZip, Confidence::likely, FailureReason::none, "Safari",
+     "an archive with the file Passwords.csv"},
+    {"index.jwe", Layout::credentialExchangeJSON, Confidence::certain, FailureReason::encrypted,
      "a program that writes FIDO Credential Exchange files", "an archive with the file index.jwe",
-     "export without encryption", FailureReason::encrypted},
-    {"cxf.json", Layout::credentialExchangeJSON, Confidence::likely,
-     "a program that writes FIDO Credential Exchange files", "an archive with the file cxf.json",
-     ""},
-    {"payload.json", Layout::credentialExchangeJSON, Confidence::likely,
+     "export without encryption"},
+    {"cxf.json", Layout::credentialExchangeJSON, Confidence::likely, FailureReason::none,
+     "a program that writes FIDO Credential Exchange files", "an archive with the file cxf.json"},
+    {"payload.json", Layout::credentialExchangeJSON, Confidence::likely, FailureReason::none,
      "a program that writes FIDO Credential Exchange files",
-     "an archive with the file payload.json", ""},
-    {"xl/workbook.xml", std::nullopt, Confidence::none, "", "a spreadsheet", saveAsCSV},
-    {"content.xml", std::nullopt, Confidence::none, "", "a file of an office program", saveAsCSV},
+     "an archive with the file payload.json"},
+    {"xl/workbook.xml", std::nullopt, Confidence::none, FailureReason::none, "", "a spreadsheet",
+     saveAsCSV},
+    {"content.xml", std::nullopt, Confidence::none, FailureReason::none, "",
+     "a file of an office program", saveAsCSV},
 };
 
 std::uint32_t number(std::string_view bytes, std::size_t at, std::size_t size) noexcept {
@@ -97,6 +98,11 @@ void forEachMember(std::string_view list, auto&& tell) {
     }
 }
 
+bool hasExtension(std::string_view name, std::string_view extension) noexcept {
+    return name.size() > extension.size() &&
+           sameIgnoringCase(name.substr(name.size() - extension.size()), extension);
+}
+
 /// What a list of members holds.
 struct Contents {
     std::array<bool, std::size(knownMembers)> known = {};
@@ -106,12 +112,18 @@ struct Contents {
     std::size_t jsonFiles = 0;
     std::size_t webPages = 0;
     std::size_t others = 0;
-};
 
-bool hasExtension(std::string_view name, std::string_view extension) noexcept {
-    return name.size() > extension.size() &&
-           sameIgnoringCase(name.substr(name.size() - extension.size()), extension);
-}
+    /// Where members of the kind that a name tells are counted.
+    [[nodiscard]] std::size_t& countFor(std::string_view name) noexcept {
+        if (hasExtension(name, ".csv")) {
+            return csvFiles;
+        }
+        if (hasExtension(name, ".json")) {
+            return jsonFiles;
+        }
+        return hasExtension(name, ".html") ? webPages : others;
+    }
+};
 
 Contents contentsOf(std::string_view list) {
     Contents contents;
@@ -125,11 +137,8 @@ Contents contentsOf(std::string_view list) {
                 contents.isEncrypted = contents.isEncrypted || isEncrypted;
             }
         }
-        std::size_t& kind = hasExtension(name, ".csv")    ? contents.csvFiles
-                            : hasExtension(name, ".json") ? contents.jsonFiles
-                            : hasExtension(name, ".html") ? contents.webPages
-                                                          : contents.others;
-        kind += name.ends_with('/') ? 0U : 1U;
+        std::size_t& count = contents.countFor(name);
+        count += name.ends_with('/') ? 0U : 1U;
     });
     contents.isEncrypted = contents.hasKnown ? contents.isEncrypted : isAnyEncrypted;
     return contents;

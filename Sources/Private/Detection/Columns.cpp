@@ -48,6 +48,11 @@ public:
         return static_cast<std::size_t>(std::ranges::count_if(_names, isOther));
     }
 
+    [[nodiscard]] bool hasAddress() const noexcept {
+        return std::ranges::any_of(_names,
+                                   [](std::string_view name) { return name.contains("://"); });
+    }
+
     [[nodiscard]] std::size_t size() const noexcept { return _names.size(); }
 
     /// Whether these are the columns, in any order, and no others.
@@ -72,13 +77,13 @@ Confidence confidenceIn(const CSVLayout& layout, const Header& header) noexcept 
         return Confidence::certain;
     }
     const std::size_t others = header.numberOfOthers(layout);
-    const bool isFew = others * 2 < header.size();
-    switch (layout.others) {
-    case OtherColumns::few:
-        return others == 0 ? Confidence::certain : isFew ? Confidence::likely : Confidence::none;
-    default:
+    if (layout.others == OtherColumns::none) {
         return others == 0 ? Confidence::likely : Confidence::none;
     }
+    if (others == 0) {
+        return Confidence::certain;
+    }
+    return others * 2 < header.size() ? Confidence::likely : Confidence::none;
 }
 
 Detection detection(const CSVLayout& layout, Confidence confidence, const Header& header) noexcept {
@@ -112,7 +117,9 @@ std::optional<Detection> detectProduct(const Header& header) noexcept {
 std::optional<Detection> detectUsualNames(const Header& header) noexcept {
     using enum UsualColumn;
     const auto names = [&](UsualColumn column) { return header.hasAny(usualNames(column)); };
-    if (!names(password) || (!names(username) && !names(url) && !names(title))) {
+    // An address is no name: that is a row of a file without a header.
+    if (header.hasAddress() || !names(password) ||
+        (!names(username) && !names(url) && !names(title))) {
         return std::nullopt;
     }
     return recognised(Layout::genericCSV, Confidence::likely, {},

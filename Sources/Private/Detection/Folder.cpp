@@ -13,10 +13,10 @@ namespace {
 struct KnownFolder {
     std::string_view file;
     std::optional<Layout> layout;
+    FailureReason obstacle; ///< beside that of the layout
     std::string_view product;
     std::string_view evidence;
-    std::string_view advice;
-    FailureReason obstacle = FailureReason::none; ///< beside that of the layout
+    std::string_view advice = {};
 };
 
 constexpr std::string_view chromium = "Chrome, Edge or another Chromium browser";
@@ -27,25 +27,30 @@ constexpr std::string_view vaultAdvice =
 constexpr std::string_view profileAdvice = "give the folder of one profile in it";
 
 constexpr KnownFolder knownFolders[] = {
-    {"Login Data", Layout::chromiumLogins, chromium, "the file Login Data", ""},
-    {"Login Data For Account", Layout::chromiumLogins, chromium, "the file Login Data For Account",
-     ""},
-    {"data.1pif", Layout::onePassword1PIF, onePassword, "the file data.1pif", ""},
-    {"credentials.csv", Layout::dashlaneZip, dashlane, "the file credentials.csv", ""},
-    {"securenotes.csv", Layout::dashlaneZip, dashlane, "the file securenotes.csv", ""},
-    {"secureNotes.csv", Layout::dashlaneZip, dashlane, "the file secureNotes.csv", ""},
-    {"payments.csv", Layout::dashlaneZip, dashlane, "the file payments.csv", ""},
-    {"export.data", Layout::onePassword1PUX, onePassword, "the file export.data", ""},
-    {"default/profile.js", std::nullopt, onePassword, "the file default/profile.js of a vault",
-     vaultAdvice, FailureReason::encrypted},
-    {"data/default/contents.js", std::nullopt, onePassword,
-     "the file data/default/contents.js of a keychain", vaultAdvice, FailureReason::encrypted},
-    {"Default/Login Data", std::nullopt, chromium, "the file Default/Login Data", profileAdvice,
-     FailureReason::noStore},
-    {"profiles.ini", std::nullopt, "Firefox", "the file profiles.ini", profileAdvice,
-     FailureReason::noStore},
-    {"key4.db", std::nullopt, "Firefox", "neither logins.json nor signons.sqlite is there",
-     "give the profile folder that has one of them", FailureReason::noStore},
+    {"Login Data", Layout::chromiumLogins, FailureReason::none, chromium, "the file Login Data"},
+    {"Login Data For Account", Layout::chromiumLogins, FailureReason::none, chromium,
+     "the file Login Data For Account"},
+    {"data.1pif", Layout::onePassword1PIF, FailureReason::none, onePassword, "the file data.1pif"},
+    {"credentials.csv", Layout::dashlaneZip, FailureReason::none, dashlane,
+     "the file credentials.csv"},
+    {"securenotes.csv", Layout::dashlaneZip, FailureReason::none, dashlane,
+     "the file securenotes.csv"},
+    {"secureNotes.csv", Layout::dashlaneZip, FailureReason::none, dashlane,
+     "the file secureNotes.csv"},
+    {"payments.csv", Layout::dashlaneZip, FailureReason::none, dashlane, "the file payments.csv"},
+    {"export.data", Layout::onePassword1PUX, FailureReason::none, onePassword,
+     "the file export.data"},
+    {"default/profile.js", std::nullopt, FailureReason::encrypted, onePassword,
+     "the file default/profile.js of a vault", vaultAdvice},
+    {"data/default/contents.js", std::nullopt, FailureReason::encrypted, onePassword,
+     "the file data/default/contents.js of a keychain", vaultAdvice},
+    {"Default/Login Data", std::nullopt, FailureReason::noStore, chromium,
+     "the file Default/Login Data", profileAdvice},
+    {"profiles.ini", std::nullopt, FailureReason::noStore, "Firefox", "the file profiles.ini",
+     profileAdvice},
+    {"key4.db", std::nullopt, FailureReason::noStore, "Firefox",
+     "neither logins.json nor signons.sqlite is there",
+     "give the profile folder that has one of them"},
 };
 
 Detection detection(const KnownFolder& known) noexcept {

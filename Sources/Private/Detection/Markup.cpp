@@ -13,13 +13,19 @@ bool startsWithWord(std::string_view text, std::string_view word) noexcept {
     return sameIgnoringCase(text.substr(0, word.size()), word);
 }
 
+/// What ends a declaration or comment that a text begins with; empty if it begins with neither.
+std::string_view endOfPrologue(std::string_view text) noexcept {
+    if (text.starts_with("<?")) {
+        return "?>";
+    }
+    return text.starts_with("<!--") ? "-->" : "";
+}
+
 /// What follows declarations and comments, down to the first element or what is none of these.
 std::string_view rootOf(std::string_view text) noexcept {
     for (;;) {
         text.remove_prefix(std::min(text.size(), text.find_first_not_of(blanks)));
-        const std::string_view end = text.starts_with("<?")     ? "?>"
-                                     : text.starts_with("<!--") ? "-->"
-                                                                : "";
+        const std::string_view end = endOfPrologue(text);
         const std::size_t place = end.empty() ? std::string_view::npos : text.find(end);
         if (place == std::string_view::npos) {
             return text;

@@ -24,13 +24,13 @@ enum class OtherColumns : std::uint8_t {
 /// surrounding blanks, in any order.
 struct CSVLayout {
     Layout layout;
-    std::string_view product;
-    ColumnNames required; ///< all of them have to be there
-    ColumnNames optional; ///< what the product writes besides, in some of its versions
     OtherColumns others = OtherColumns::any;
-    std::string_view evidence; ///< the names that tell, for people
     /// The specified import that takes a header of `exactNames`, in any order.
     std::optional<ImportSource> source = std::nullopt;
+    std::string_view product;
+    ColumnNames required;        ///< all of them have to be there
+    ColumnNames optional;        ///< what the product writes besides, in some of its versions
+    std::string_view evidence;   ///< the names that tell, for people
     ColumnNames exactNames = {}; ///< with regard to case and blanks
 };
 

@@ -13,7 +13,7 @@ namespace Rellinor {
 
 namespace {
 
-template <typename LayoutImporter>
+template <Importer LayoutImporter>
 Assembled readAs(const ExportFile& file, Reporter& reporter) {
     LayoutImporter importer;
     return readWith(importer, file, &reporter);
@@ -31,12 +31,12 @@ Assembled importLayout(const ExportFile& file, Layout layout, Reporter& reporter
     reporter.setLayout(layout);
     switch (layout) {
         using enum Layout;
-    case onePassword1PIF:
-        return readAs<OnePIFImporter>(file, reporter);
     case chromiumLogins:
         return readAs<ChromiumLoginsImporter>(file, reporter);
     case firefoxProfile:
         return readAs<FirefoxProfileImporter>(file, reporter);
+    case onePassword1PIF:
+        return readAs<OnePIFImporter>(file, reporter);
     case tirelJSON:
         return readAs<FaithfulTirelImporter>(file, reporter);
     default:

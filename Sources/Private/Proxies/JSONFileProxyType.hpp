@@ -8,9 +8,8 @@
 
 namespace Rellinor {
 
-/// What can be made of a JSON document: it names the members that it needs, and is absent if the
-/// document does not have its shape. It may have a constant `extent` that says how
-/// much else it needs.
+/// What can be made of a JSON document: it names the members that it needs, perhaps how much else,
+/// and is absent if the document does not have its shape.
 template <typename Type>
 concept JSONDecodable = requires(JSONDocument document) {
     { Type::keys } -> std::convertible_to<JSONKeys>;

@@ -53,12 +53,15 @@ std::vector<std::string_view> namesOf(::sqlite3_stmt* statement, int count, Impo
 /// A text as the database has it, made UTF-8.
 std::string_view textOf(::sqlite3_stmt* statement, int column, SQLiteFaithfulness faithfulness,
                         ImportMemory& memory) {
-    const void* const bytes = present(::sqlite3_column_text(statement, column), statement);
-    std::string_view text(static_cast<const char*>(bytes),
-                          static_cast<std::size_t>(::sqlite3_column_bytes(statement, column)));
-    if (faithfulness == SQLiteFaithfulness::narrowed) {
-        text = text.substr(0, text.find('\0')); // Quirk: a text ends at its first NUL.
-    }
+    const auto* const bytes = present(::sqlite3_column_text(statement, column), statement);
+    const auto* const characters = reinterpret_cast<const char*>(bytes); // NOLINT(*-cast)
+    const auto size = [&] {
+        return static_cast<std::size_t>(::sqlite3_column_bytes(statement, column));
+    };
+    // Quirk: a text ends at its first NUL.
+    const std::string_view text = faithfulness == SQLiteFaithfulness::narrowed
+                                      ? std::string_view(characters)
+                                      : std::string_view(characters, size());
     if (isUTF8(text)) {
         return memory.copy(text);
     }
