@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <new>
 #include <string_view>
+#include <utility>
 #include <variant>
 
 #include "Host/ReportWords.hpp"
@@ -125,7 +126,9 @@ std::string refusal(const Detection& detection, const ReadAs& as, const Failure&
     if (reason.reason == detection.obstacle || reason.reason == FailureReason::notRead) {
         text = kindOf(detection);
     }
-    append(text, ": ", remedied(described(reason, unit), detection, as));
+    std::string problem = described(reason, unit);
+    const bool isRemedied = reason.reason != FailureReason::outOfMemory;
+    append(text, ": ", isRemedied ? remedied(std::move(problem), detection, as) : problem);
     return text;
 }
 

@@ -73,7 +73,7 @@ std::string message(const std::string& path, const ReadAs& as, const Detection& 
     try {
         told = advice(path, as, detected, imported);
     } catch (const std::bad_alloc&) { // which must not keep the records from arriving
-        told = description(FailureReason::outOfMemory);
+        told = imported.records ? "" : description(FailureReason::outOfMemory);
     }
     if (imported.records) {
         return told;
