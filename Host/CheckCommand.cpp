@@ -63,6 +63,10 @@ void writeReport(const ImportReport& report, std::ostream& out) {
 /// whether they do not.
 bool writeDifference(const ExportFile& file, const ImportedRecords& records, std::ostream& out) {
     const ImportedExport faithful = readExport(file);
+    if (faithful.report.failure().reason == FailureReason::outOfMemory) {
+        out << "  there is not enough memory to compare\n";
+        return false;
+    }
     if (!faithful.records) {
         return true;
     }
