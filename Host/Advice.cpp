@@ -1,42 +1,38 @@
 #include "Host/Advice.hpp"
 
 #include <cstddef>
-#include <exception>
+#include <cstdint>
+#include <span>
 #include <string_view>
 #include <utility>
+#include <variant>
 #include <vector>
 
 #include "Host/Counted.hpp"
+#include "Host/DetectionWords.hpp"
 #include "Host/DisplayText.hpp"
-#include "Host/Inspection/Inspection.hpp"
-#include "Host/Inspection/Places.hpp"
-#include "Host/Mismatch.hpp"
-#include "Host/Obstacle.hpp"
+#include "Host/ReportWords.hpp"
 #include "Host/Source.hpp"
 
 namespace Rellinor::Host {
 
 namespace {
 
-std::string joined(const std::vector<std::string>& parts, std::string_view joiner) {
-    std::string text;
-    for (const std::string& part : parts) {
-        text += text.empty() ? "" : joiner;
-        text += part;
-    }
-    return text;
-}
-
 /// How to ask for more, as it can be pasted into a shell; without the path if that is odd.
-std::string command(const std::string& path, ImportSource source) {
+std::string command(const std::string& path, const ReadAs& as) {
     constexpr std::string_view odd = "\t\n\r\"'`$\\!*?[]{}()<>|&;~#";
     std::string text = "rellinor check";
     const bool isOdd = path.find_first_of(odd) != std::string::npos || path.starts_with('-') ||
                        displayText(path) != path;
     if (!isOdd) {
         const std::string_view quote = path.contains(' ') ? "'" : "";
-        text += " --source ";
-        text += nameOf(source);
+        if (const auto* const source = std::get_if<ImportSource>(&as)) {
+            text += " --source ";
+            text += nameOf(*source);
+        } else if (const auto* const layout = std::get_if<Layout>(&as)) {
+            text += " --layout ";
+            text += identifier(*layout);
+        }
         text += ' ';
         text += quote;
         text += path;
@@ -45,57 +41,72 @@ std::string command(const std::string& path, ImportSource source) {
     return text;
 }
 
-std::string described(const Remark& remark, std::string_view place) {
+/// The parts that never arrive; their name if there is one alone.
+std::string notRead(std::span<const Unread> unread) {
+    return (unread.size() == 1 ? described(unread.front())
+                               : std::to_string(unread.size()) + " parts") +
+           " not read";
+}
+
+/// What is found in a report; a finding is put in words if there is one alone.
+std::vector<std::string> gist(const ImportReport& report, const ReadAs& as) {
     constexpr std::size_t mostPlaces = 3;
 
-    return (remark.places.empty() ? "" : describedPlaces(remark.places, place, mostPlaces) + ": ") +
-           remark.text;
-}
-
-std::string leftOut(const Inspection& inspection) {
-    const std::size_t count = inspection.countOfLeftOut();
-    return (inspection.count
-                ? std::to_string(count) + " of " + counted(*inspection.count, inspection.unit)
-                : counted(count, inspection.unit)) +
-           " left out";
-}
-
-/// What an inspection found; what looks wrong is put in words if it is one thing alone.
-std::string gist(const Inspection& inspection, bool imported) {
-    const std::size_t things = inspection.wrong.size();
     std::vector<std::string> parts;
-    if (imported && inspection.countOfLeftOut() > 0) {
-        parts.push_back(leftOut(inspection));
+    if (const std::uint64_t count = countOfLeftOut(report); count > 0) {
+        parts.push_back(std::to_string(count) + " of " + counted(report.recordCount(), "record") +
+                        " left out");
     }
-    if (things == 1) {
-        parts.push_back(described(inspection.wrong.front(), inspection.place));
-    } else if (things > 1) {
-        parts.push_back(std::to_string(things) + " things look wrong");
+    if (const auto findings = report.findings(); findings.size() == 1) {
+        std::string finding = described(findings.front(), report.placeUnit(), mostPlaces);
+        finding.pop_back(); // the full stop
+        parts.push_back(std::move(finding));
+    } else if (!findings.empty()) {
+        parts.push_back(counted(findings.size(), "thing") + " worth a look");
     }
-    return joined(parts, "; ");
+    // A source never brings more than its few fields along, which is no news.
+    if (!report.unread().empty() && !std::holds_alternative<ImportSource>(as)) {
+        parts.push_back(notRead(report.unread()));
+    }
+    return parts;
 }
 
-std::string composed(const std::string& path, ImportSource source, const RecordsResult& result) {
-    Mismatch other = mismatch(path, source);
-    if (!other.proposal.empty() && !other.isNearlyRight) {
-        return std::move(other.proposal);
+std::string joined(const std::vector<std::string>& parts) {
+    std::string text;
+    for (const std::string& part : parts) {
+        text += text.empty() ? "" : "; ";
+        text += part;
     }
-    if (std::string reason = obstacle(path, source); !reason.empty()) {
-        return reason;
-    }
-    const std::string text = gist(inspect(path, source, result), result.has_value());
-    return text.empty() ? other.proposal : text + " (" + command(path, source) + " tells more)";
+    return text;
 }
 
 } // namespace
 
-std::string advice(const std::string& path, ImportSource source, const RecordsResult& result) {
-    // What cannot be told, for lack of memory above all, must not keep the records from arriving.
-    try {
-        return composed(path, source, result);
-    } catch (const std::exception&) {
-        return {};
+std::string advice(const std::string& path, const ReadAs& as, const Detection& detected,
+                   const ImportedExport& imported) {
+    const ImportReport& report = imported.report;
+    const bool isExplained =
+        !imported.records && report.failure().reason == detected.obstacle; // by the detection
+    if (const auto* const source = std::get_if<ImportSource>(&as); source && !isExplained) {
+        if (std::string other = objection(detected, *source); !other.empty()) {
+            return other;
+        }
     }
+    if (!imported.records) {
+        return refusal(detected, as, report.failure(), report.placeUnit());
+    }
+    if (std::holds_alternative<ImportSource>(as) && isHindered(detected)) {
+        return refusal(detected, as, {}, report.placeUnit());
+    }
+    std::string text = joined(gist(report, as));
+    if (!text.empty()) {
+        text += " (" + command(path, as) + " tells more)";
+    }
+    if (report.layout() && std::holds_alternative<std::monostate>(as)) {
+        text = "read as " + std::string(identifier(*report.layout())) +
+               (text.empty() ? "" : "; " + text);
+    }
+    return text;
 }
 
 } // namespace Rellinor::Host

@@ -5,19 +5,14 @@
 #include <ostream>
 #include <sstream>
 #include <string_view>
-#include <utility>
-
-#include <Rellinor/Rellinor.hpp>
+#include <variant>
 
 #include "Host/Counted.hpp"
-#include "Host/Detection/Detection.hpp"
-#include "Host/Detection/Wording.hpp"
+#include "Host/DetectionWords.hpp"
+#include "Host/Difference.hpp"
 #include "Host/DisplayText.hpp"
 #include "Host/ExitStatus.hpp"
-#include "Host/Inspection/Inspection.hpp"
-#include "Host/Inspection/Places.hpp"
-#include "Host/Mismatch.hpp"
-#include "Host/Obstacle.hpp"
+#include "Host/ReportWords.hpp"
 #include "Host/Source.hpp"
 
 namespace Rellinor::Host {
@@ -26,126 +21,126 @@ namespace {
 
 constexpr std::size_t mostPlaces = 12; // of a remark
 
-void write(std::string_view heading, const std::vector<Remark>& remarks, std::string_view noun,
-           std::ostream& out) {
-    if (remarks.empty()) {
-        return;
+void writeRemarks(const std::string& heading, const auto& remarks, PlaceUnit unit,
+                  std::ostream& out) {
+    if (!remarks.empty()) {
+        out << "  " << heading << ":\n";
     }
-    out << "  " << heading << ":\n";
-    for (const Remark& remark : remarks) {
-        out << "    ";
-        if (!remark.places.empty()) {
-            out << describedPlaces(remark.places, noun, mostPlaces) << ": ";
-        }
-        out << displayText(remark.text) << '\n';
+    for (const auto& remark : remarks) {
+        out << "    " << described(remark, unit, mostPlaces) << '\n';
     }
 }
 
-void writeOutcome(const RecordsResult& result, std::ostream& out) {
-    if (!result) {
-        out << "  nothing would arrive: " << result.error().localizedDescription() << '\n';
-        return;
-    }
-    const std::size_t passwords = result->passwords.size();
-    const std::size_t notes = result->notes.size();
-    const std::size_t cards = result->cards.size();
+void writeArriving(const ImportedRecords& records, std::ostream& out) {
+    const std::size_t passwords = records.passwords.size();
+    const std::size_t notes = records.notes.size();
+    const std::size_t cards = records.cards.size();
     out << "  " << counted(passwords + notes + cards, "record")
         << " would arrive: " << counted(passwords, "password") << ", " << counted(notes, "note")
         << ", " << counted(cards, "card") << '\n';
 }
 
-bool isClean(const RecordsResult& result, const Inspection& inspection) {
-    return result && inspection.leftOut.empty() && inspection.wrong.empty();
+void writeReport(const ImportReport& report, std::ostream& out) {
+    writeRemarks(counted(countOfLeftOut(report), "record") + " would be left out", report.leftOut(),
+                 report.placeUnit(), out);
+    writeRemarks("worth a look", report.findings(), report.placeUnit(), out);
+    if (report.leftOut().empty() && report.findings().empty()) {
+        out << (report.unread().empty() ? "  everything would arrive\n"
+                                        : "  every record would arrive\n");
+    }
+    if (!report.unread().empty()) {
+        out << "  would not be read:\n";
+    }
+    for (const Unread& unread : report.unread()) {
+        out << "    " << described(unread) << '\n';
+    }
+    if (!report.isComplete()) {
+        out << "  there is not enough memory to tell all\n";
+    }
 }
 
-void writeNothingToSay(const Inspection& inspection, std::ostream& out) {
-    out << "  ";
-    if (inspection.count && inspection.notImported.empty()) {
-        out << "everything would arrive, ";
-    } else if (inspection.count) {
-        out << "every " << inspection.unit << " would arrive, ";
-    }
-    out << "nothing looks wrong\n";
-}
-
-void write(const RecordsResult& result, const Inspection& inspection, std::ostream& out) {
-    if (inspection.count) {
-        out << ", " << counted(*inspection.count, inspection.unit);
-    }
-    out << '\n';
-    writeOutcome(result, out);
-    if (const std::size_t count = inspection.countOfLeftOut(); result && count > 0) {
-        write(counted(count, inspection.unit) + " would be left out", inspection.leftOut,
-              inspection.place, out);
-    }
-    write("looks wrong", inspection.wrong, inspection.place, out);
-    if (isClean(result, inspection)) {
-        writeNothingToSay(inspection, out);
-    }
-    write("never imported from this source", inspection.notImported, inspection.place, out);
-}
-
-/// What an inspection tells of a file, unless that is rather something else: what reading it as
-/// `source` makes of it is noise then.
-Inspection inspection(const std::string& path, ImportSource source, const RecordsResult& result) {
-    Inspection found = inspect(path, source, result);
-    Mismatch other = mismatch(path, source);
-    const bool foundNothing = found.leftOut.empty() && found.wrong.empty();
-    if (!other.proposal.empty() && (!other.isNearlyRight || foundNothing)) {
-        found.wrong = {{.text = std::move(other.proposal), .places = {}}};
-        found.notImported.clear();
-    }
-    return found;
-}
-
-/// Checks what one source makes of a path; whether everything would arrive and nothing looks wrong.
-bool check(const std::string& path, ImportSource source, std::ostream& out) {
-    bool clean = false;
-    out << "read as " << nameOf(source);
-    RecordsImporter().records(URL::fileURLWithPath(path), source, [&](const RecordsResult& result) {
-        try {
-            const Inspection found = inspection(path, source, result);
-            std::ostringstream told; // all of it, or nothing if memory runs out meanwhile
-            told.exceptions(std::ios::badbit);
-            write(result, found, told);
-            out << told.view();
-            clean = isClean(result, found);
-        } catch (const std::bad_alloc&) {
-            out << "\n  there is not enough memory to tell more\n";
-        }
-    });
-    return clean;
-}
-
-/// Checks one path; whether everything would arrive and nothing looks wrong.
-bool check(const std::string& path, std::optional<ImportSource> source, std::ostream& out) {
-    out << displayPath(path) << ": ";
-    std::string reason = obstacle(path);
-    if (reason.empty() && !source) {
-        const Detection detection = detect(path);
-        if (!detection.source) {
-            out << described(detection) << "\n  nothing was checked\n";
-            return false;
-        }
-        source = detection.source;
-    }
-    if (reason.empty()) {
-        reason = obstacle(path, *source);
-    }
-    if (!reason.empty()) {
-        out << "not checked: " << reason << '\n';
+/// Says how the records of a source differ from those of the faithful reading, if the file has one;
+/// whether they do not.
+bool writeDifference(const ExportFile& file, const ImportedRecords& records, std::ostream& out) {
+    const ImportedExport faithful = readExport(file);
+    if (faithful.report.failure().reason == FailureReason::outOfMemory) {
+        out << "  there is not enough memory to compare\n";
         return false;
     }
-    return check(path, *source, out);
+    if (!faithful.records) {
+        return true;
+    }
+    const Difference difference = differenceOf(records, *faithful.records);
+    const bool isSame = difference == Difference();
+    out << "  the faithful reading, " << identifier(faithful.report.layout().value_or(Layout()));
+    if (isSame) {
+        out << ", gives the same records\n";
+    } else {
+        out << ", gives other records: against it there are " << counted(difference.more, "record")
+            << " more, " << difference.fewer << " fewer and " << difference.other << " other\n";
+    }
+    return isSame;
+}
+
+/// Tells what would arrive; whether that is everything, and nothing is worth a look.
+bool writeSuccess(const ExportFile& file, const ReadAs& as, const ImportedExport& imported,
+                  std::ostream& out) {
+    const ImportReport& report = imported.report;
+    writeArriving(*imported.records, out);
+    writeReport(report, out);
+    const bool isSame =
+        !std::holds_alternative<ImportSource>(as) || writeDifference(file, *imported.records, out);
+    return isSame && report.leftOut().empty() && report.findings().empty() && report.isComplete();
+}
+
+/// Checks one path; whether everything would arrive and nothing is worth a look.
+bool check(const std::string& path, const ReadAs& as, std::ostream& out) {
+    const ExportFile file = ExportFile::atPath(path);
+    const Detection detected = lookAt(path);
+    const auto* const source = std::get_if<ImportSource>(&as);
+    // The import of a source would make a file where there is none, and take what is in a pipe.
+    if (detected.obstacle == FailureReason::missing ||
+        detected.obstacle == FailureReason::notAFile) {
+        out << "nothing would arrive: " << description(detected.obstacle) << '\n';
+        return false;
+    }
+    const ImportedExport imported = readExport(file, {.as = as});
+    const ImportReport& report = imported.report;
+    if (source != nullptr) {
+        out << "read as " << nameOf(*source) << ", ";
+    } else if (report.layout()) {
+        out << "read as " << identifier(*report.layout()) << ", ";
+    }
+    if (!imported.records) {
+        out << "nothing would arrive: "
+            << refusal(detected, as, report.failure(), report.placeUnit()) << '\n';
+    } else {
+        out << counted(report.recordCount(), "record") << '\n';
+    }
+    const bool isExplained = !imported.records && report.failure().reason == detected.obstacle;
+    const std::string other = source == nullptr || isExplained ? "" : objection(detected, *source);
+    if (!other.empty()) {
+        out << "  " << other << '\n';
+    }
+    return imported.records && writeSuccess(file, as, imported, out) && other.empty();
 }
 
 } // namespace
 
-int runCheck(const std::vector<std::string>& paths, std::optional<ImportSource> source,
-             std::ostream& out) {
+int runCheck(const std::vector<std::string>& paths, const ReadAs& as, std::ostream& out) {
     int status = ExitStatus::success;
     for (const std::string& path : paths) {
-        if (!check(path, source, out)) {
+        out << displayPath(path) << ": ";
+        bool isClean = false;
+        try {
+            std::ostringstream told; // all of it, or nothing if memory runs out meanwhile
+            told.exceptions(std::ios::badbit);
+            isClean = check(path, as, told);
+            out << told.view();
+        } catch (const std::bad_alloc&) {
+            out << "there is not enough memory to tell more\n";
+        }
+        if (!isClean) {
             status = ExitStatus::importFailed;
         }
     }

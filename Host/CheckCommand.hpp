@@ -1,20 +1,19 @@
 #pragma once
 
 #include <iosfwd>
-#include <optional>
 #include <string>
 #include <vector>
 
-#include <Rellinor/Models/ImportSource.hpp>
+#include <Rellinor/ExportReader.hpp>
 
 namespace Rellinor::Host {
 
-/// Shows on `out`, for each path, how much of it an import would bring along, what it would leave
-/// out and why, and what looks wrong with the file.
+/// Shows on `out`, for each path, the report of an import that is not delivered: how many records
+/// would arrive, which would be left out and why, and what is worth a look. For a source besides
+/// how the records differ from those of the faithful reading.
 ///
-/// @param source  the product that wrote the files; absent to find out for each
-/// @return the exit status: success only if everything would arrive and nothing looks wrong
-[[nodiscard]] int runCheck(const std::vector<std::string>& paths,
-                           std::optional<ImportSource> source, std::ostream& out);
+/// @return the exit status: success only if everything would arrive and nothing is worth a look
+[[nodiscard]] int runCheck(const std::vector<std::string>& paths, const ReadAs& as,
+                           std::ostream& out);
 
 } // namespace Rellinor::Host

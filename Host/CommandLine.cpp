@@ -9,6 +9,7 @@
 
 #include "Host/DisplayText.hpp"
 #include "Host/ExitStatus.hpp"
+#include "Host/Layouts.hpp"
 #include "Host/Listed.hpp"
 #include "Host/NearestName.hpp"
 #include "Host/Source.hpp"
@@ -21,7 +22,7 @@ using Names = std::span<const std::string_view>;
 
 constexpr std::string_view automatic = "auto";
 
-constexpr std::string_view commandNames[] = {"import", "detect", "check", "sources"};
+constexpr std::string_view commandNames[] = {"import", "check", "detect", "sources", "layouts"};
 
 std::string theCommands() {
     return "the commands are " + listed(commandNames);
@@ -53,16 +54,27 @@ bool isSourceOrAutomatic(std::string_view word) {
 /// The words of the command line that stand for something else.
 struct Words {
     std::string source;
+    std::string layout;
     std::string format = "summary";
 };
 
-CLI::Option* addSource(CLI::App& command, Words& words) {
-    return command
-        .add_option("--source", words.source,
-                    "The product that wrote the files, as rellinor\n"
-                    "sources names it, or auto to find out")
-        ->type_name("SOURCE")
-        ->check(knownTo(isSourceOrAutomatic, sourceNames, "rellinor sources lists the sources"));
+bool isLayout(std::string_view word) {
+    return layoutWithIdentifier(word).has_value();
+}
+
+/// Adds the options that say what the files are.
+void addKind(CLI::App& command, Words& words) {
+    CLI::Option* const source = command
+                                    .add_option("--source", words.source,
+                                                "Import as this source does, quirks and all;\n"
+                                                "auto is the same as no source")
+                                    ->type_name("SOURCE")
+                                    ->check(knownTo(isSourceOrAutomatic, sourceNames,
+                                                    "rellinor sources lists the sources"));
+    command.add_option("--layout", words.layout, "Read as this layout instead of finding out")
+        ->type_name("LAYOUT")
+        ->excludes(source)
+        ->check(knownTo(isLayout, layoutNames, "rellinor layouts lists the layouts"));
 }
 
 void addPaths(CLI::App& command, std::vector<std::string>& paths) {
@@ -72,7 +84,7 @@ void addPaths(CLI::App& command, std::vector<std::string>& paths) {
 void addImport(CLI::App& app, ImportRequest& request, Words& words) {
     ImportOptions& options = request.options;
     CLI::App& command = *app.add_subcommand("import", "Import files and show what they hold");
-    addSource(command, words)->required();
+    addKind(command, words);
     command
         .add_option("--format", words.format,
                     "summary: counts for each path;\n"
@@ -84,7 +96,7 @@ void addImport(CLI::App& app, ImportRequest& request, Words& words) {
         ->check(knownTo([](std::string_view word) { return formatNamed(word).has_value(); },
                         formatNames, "the formats are summary, table, json and tirel"));
     command.add_flag("--reveal", options.reveal,
-                     "Show passwords, card numbers, CVV and PIN instead of\n"
+                     "Show passwords and all other secrets instead of\n"
                      "masking them, and allow a Tirel export on a terminal");
     CLI::Option* const file =
         command
@@ -94,27 +106,32 @@ void addImport(CLI::App& app, ImportRequest& request, Words& words) {
             ->type_name("FILE");
     command.add_flag("--force", request.force, "Replace the output file if it exists")->needs(file);
     command.add_flag("--keep-importer", options.keepImporter,
-                     "Use one importer for all paths instead of a fresh\n"
-                     "one for each");
+                     "Use one importer of the source for all paths\n"
+                     "instead of a fresh one for each");
     addPaths(command, options.paths);
 }
 
 void addDetect(CLI::App& app, DetectRequest& request) {
-    addPaths(*app.add_subcommand("detect", "Tell which source files come from, and why"),
-             request.paths);
+    addPaths(*app.add_subcommand("detect", "Tell what files are, and why"), request.paths);
 }
 
 void addCheck(CLI::App& app, CheckRequest& request, Words& words) {
     CLI::App& command =
         *app.add_subcommand("check", "Tell what an import would bring, what it would\n"
-                                     "leave out and what looks wrong");
-    addSource(command, words);
+                                     "leave out and what is worth a look");
+    addKind(command, words);
     addPaths(command, request.paths);
 }
 
-/// The source of a word that has been checked; absent for "auto" and for no word.
-std::optional<ImportSource> sourceOf(const std::string& word) {
-    return sourceNamed(word);
+/// How the words, which have been checked, ask to read.
+ReadAs readAs(const Words& words) {
+    if (const auto source = sourceNamed(words.source)) {
+        return *source;
+    }
+    if (const auto layout = layoutWithIdentifier(words.layout)) {
+        return *layout;
+    }
+    return {};
 }
 
 /// The command that was given; null if there is none.
@@ -199,9 +216,10 @@ std::expected<Request, int> readCommandLine(int argc, char* argv[]) {
     Words importWords;
     Words checkWords;
     addImport(app, import, importWords);
-    addDetect(app, detect);
     addCheck(app, check, checkWords);
+    addDetect(app, detect);
     app.add_subcommand("sources", "List the sources");
+    app.add_subcommand("layouts", "List the layouts");
     app.failure_message([](const CLI::App* given, const CLI::Error& error) {
         return "rellinor: " + complaint(error, *given) + " (" + helpFor(*given) + " tells more)\n";
     });
@@ -213,7 +231,7 @@ std::expected<Request, int> readCommandLine(int argc, char* argv[]) {
     }
 
     if (app.got_subcommand("import")) {
-        import.options.source = sourceOf(importWords.source);
+        import.options.as = readAs(importWords);
         import.options.format = *formatNamed(importWords.format);
         return import;
     }
@@ -221,8 +239,11 @@ std::expected<Request, int> readCommandLine(int argc, char* argv[]) {
         return detect;
     }
     if (app.got_subcommand("check")) {
-        check.source = sourceOf(checkWords.source);
+        check.as = readAs(checkWords);
         return check;
+    }
+    if (app.got_subcommand("layouts")) {
+        return LayoutsRequest();
     }
     return SourcesRequest();
 }

@@ -6,7 +6,7 @@
 #include <variant>
 #include <vector>
 
-#include <Rellinor/Models/ImportSource.hpp>
+#include <Rellinor/ExportReader.hpp>
 
 #include "Host/ImportCommand.hpp"
 
@@ -26,14 +26,18 @@ struct DetectRequest {
 
 /// `rellinor check`.
 struct CheckRequest {
-    std::optional<ImportSource> source; ///< absent to find out for each path
+    ReadAs as;
     std::vector<std::string> paths;
 };
 
 /// `rellinor sources`.
 struct SourcesRequest {};
 
-using Request = std::variant<ImportRequest, DetectRequest, CheckRequest, SourcesRequest>;
+/// `rellinor layouts`.
+struct LayoutsRequest {};
+
+using Request =
+    std::variant<ImportRequest, DetectRequest, CheckRequest, SourcesRequest, LayoutsRequest>;
 
 /// What the command line asks for. If that is the version or help, or nothing that makes sense,
 /// then that is answered, and the exit status returned instead.

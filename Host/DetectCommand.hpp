@@ -7,7 +7,7 @@
 namespace Rellinor::Host {
 
 /// Shows on `out`, one line for each path, what it most likely is and why. Returns the exit status:
-/// success only if an import can read every one.
+/// success only if every one can be imported as what it is.
 [[nodiscard]] int runDetect(const std::vector<std::string>& paths, std::ostream& out);
 
 } // namespace Rellinor::Host

@@ -144,19 +144,6 @@ std::size_t displayWidth(std::string_view text) {
     return columns.count();
 }
 
-bool isBlank(std::string_view text) {
-    while (!text.empty()) {
-        if (text.front() > ' ' && text.front() <= '~') {
-            return false;
-        }
-        const utf8proc_int32_t codePoint = takeCodePoint(text);
-        if (codePoint != '\t' && ::utf8proc_category(codePoint) != UTF8PROC_CATEGORY_ZS) {
-            return false;
-        }
-    }
-    return true;
-}
-
 std::string shortened(std::string_view text, std::size_t width) {
     constexpr std::string_view ellipsis = "…";
     const std::size_t longest = width * bytesPerColumn;

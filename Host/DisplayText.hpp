@@ -17,9 +17,6 @@ namespace Rellinor::Host {
 /// with the color of its skin, those of one character.
 [[nodiscard]] std::size_t displayWidth(std::string_view text);
 
-/// Whether a text is empty or consists only of space separators and tabs.
-[[nodiscard]] bool isBlank(std::string_view text);
-
 /// How long a text may be for each of its columns, however many marks its letters bear.
 inline constexpr std::size_t bytesPerColumn = 64;
 

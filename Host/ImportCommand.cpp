@@ -3,20 +3,21 @@
 #include <algorithm>
 #include <array>
 #include <memory>
+#include <new>
 #include <optional>
 #include <ostream>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <variant>
 
 #include <Rellinor/Rellinor.hpp>
 
 #include "Host/Advice.hpp"
-#include "Host/Detection/Detection.hpp"
-#include "Host/Detection/Wording.hpp"
+#include "Host/DetectionWords.hpp"
 #include "Host/DisplayText.hpp"
 #include "Host/ExitStatus.hpp"
 #include "Host/JSONFormat.hpp"
-#include "Host/Obstacle.hpp"
 #include "Host/Source.hpp"
 #include "Host/SummaryFormat.hpp"
 #include "Host/TableFormat.hpp"
@@ -36,27 +37,53 @@ std::unique_ptr<RecordsFormat> makeFormat(const ImportOptions& options, const Te
     case Format::table:
         return std::make_unique<TableFormat>(secrets, terminal);
     case Format::json:
-        return std::make_unique<JSONFormat>(secrets);
+        return std::make_unique<JSONFormat>(
+            secrets, std::holds_alternative<ImportSource>(options.as) ? Door::first : Door::second);
     case Format::tirel:
         return std::make_unique<TirelFormat>();
     }
     return nullptr;
 }
 
-/// What the outcome of a path is that no source reads, in the place of an import's own error.
-constexpr NSError unknownFile = {"Rellinor.UnknownFileError", 1};
+/// Reads one path after the other.
+class Reader {
+public:
+    explicit Reader(const ImportOptions& options) noexcept : _options(options) {}
 
-/// The source that reads a path, if one is found; in any case `say` is told what was found.
-std::optional<ImportSource> found(const std::string& path, const auto& say) {
-    const Detection detection = detect(path);
-    if (detection.source) {
-        say("read as " + described(detection));
-    } else if (detection.layout.empty()) {
-        say("not imported: " + described(detection));
-    } else {
-        say("not imported: " + proposal(detection));
+    [[nodiscard]] ImportedExport read(const std::string& path) {
+        const auto* const source = std::get_if<ImportSource>(&_options.as);
+        if (source == nullptr || !_options.keepImporter) {
+            return readExport(ExportFile::atPath(path), {.as = _options.as});
+        }
+        ImportedExport imported; // no report: only an importer that stays has a state
+        _importer.records(URL::fileURLWithPath(path), *source,
+                          [&](RecordsResult result) { imported.records = std::move(result); });
+        return imported;
     }
-    return detection.source;
+
+private:
+    const ImportOptions& _options;
+    RecordsImporter _importer;
+};
+
+/// The line on an import; empty if there is nothing to say.
+std::string message(const std::string& path, const ReadAs& as, const Detection& detected,
+                    const ImportedExport& imported) {
+    std::string told;
+    try {
+        told = advice(path, as, detected, imported);
+    } catch (const std::bad_alloc&) { // which must not keep the records from arriving
+        told = imported.records ? "" : description(FailureReason::outOfMemory);
+    }
+    if (imported.records) {
+        return told;
+    }
+    const auto* const source = std::get_if<ImportSource>(&as);
+    if (source == nullptr) {
+        return "not imported: " + told;
+    }
+    return "not imported as " + std::string(nameOf(*source)) + ": " +
+           imported.records.error().localizedDescription() + (told.empty() ? "" : " ") + told;
 }
 
 } // namespace
@@ -74,39 +101,25 @@ std::span<const std::string_view> formatNames() {
 int import(const ImportOptions& options, const Terminal& terminal, std::ostream& out,
            std::ostream& errors) {
     const std::unique_ptr<RecordsFormat> format = makeFormat(options, terminal);
-    std::optional<RecordsImporter> importer;
+    const bool isSource = std::holds_alternative<ImportSource>(options.as);
+    Reader reader(options);
     int status = ExitStatus::success;
     for (const std::string& path : options.paths) {
-        const auto say = [&](std::string_view message) {
-            errors << "rellinor: " << displayPath(path) << ": " << displayText(message) << '\n';
-        };
-        const std::optional<ImportSource> source =
-            options.source ? options.source : found(path, say);
-        if (!source) {
+        // A source that is a database makes a file where there is none, so it is looked for before.
+        Detection detected = isSource ? lookAt(path) : Detection();
+        const ImportedExport imported = reader.read(path);
+        if (!isSource && !imported.records) {
+            detected = lookAt(path);
+        }
+        if (imported.records) {
+            format->write(path, imported, out);
+        } else {
             status = ExitStatus::importFailed;
-            format->writeFailure(unknownFile, out);
-            continue;
+            format->writeFailure(imported, out);
         }
-        if (!importer || !options.keepImporter) {
-            importer.emplace();
+        if (const std::string told = message(path, options.as, detected, imported); !told.empty()) {
+            errors << "rellinor: " << displayPath(path) << ": " << displayText(told) << '\n';
         }
-        // Asked before, since a source that is a database makes a file where there is none.
-        const std::string hindrance = obstacle(path);
-        const auto show = [&](const RecordsResult& result) {
-            const std::string told = hindrance.empty() ? advice(path, *source, result) : hindrance;
-            if (!result) {
-                status = ExitStatus::importFailed;
-                format->writeFailure(result.error(), out);
-                say("not imported as " + std::string(nameOf(*source)) + ": " +
-                    result.error().localizedDescription() + (told.empty() ? "" : " " + told));
-                return;
-            }
-            format->write(path, *result, out);
-            if (!told.empty()) {
-                say(told);
-            }
-        };
-        importer->records(URL::fileURLWithPath(path), *source, show);
     }
     format->finish(out);
     return status;

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include <Rellinor/Models/ImportSource.hpp>
+#include <Rellinor/ExportReader.hpp>
 
 #include "Host/Terminal.hpp"
 
@@ -30,16 +30,16 @@ enum class Format : std::uint8_t {
 
 /// What the command line asks of an import.
 struct ImportOptions {
-    std::optional<ImportSource> source; ///< absent to find out for each path
+    ReadAs as;
     Format format = Format::summary;
     bool reveal = false;
-    bool keepImporter = false;
+    bool keepImporter = false; ///< of a source
     std::vector<std::string> paths;
 };
 
 /// Imports every path in order, and shows the records on `out`, which is that terminal. On `errors`
-/// it writes one line for each failure, and one for whatever somebody should know who thinks of
-/// deleting the file. Returns the exit status.
+/// it writes for each path at most one line: why nothing arrives, or what somebody should know who
+/// thinks of deleting the file. Returns the exit status.
 [[nodiscard]] int import(const ImportOptions& options, const Terminal& terminal, std::ostream& out,
                          std::ostream& errors);
 

@@ -1,93 +1,173 @@
 #include "Host/JSONFormat.hpp"
 
-#include <cstdint>
-#include <optional>
+#include <cstddef>
 #include <ostream>
+#include <span>
 
-#include <boost/json/object.hpp>
-#include <boost/json/serialize.hpp>
-#include <boost/json/value.hpp>
+#include "Host/JSONText.hpp"
 
 namespace Rellinor::Host {
 
 namespace {
 
-namespace json = boost::json;
-
-json::value toJSON(std::string_view text) {
-    return json::string(text);
+void writeFields(const ImportedPasswordInfoProviding& password, Secrets secrets, JSONText& json) {
+    json.member("username", password.username());
+    json.member("password", shown(password.password(), secrets));
+    json.member("url", password.url());
+    json.member("service", password.service());
+    json.member("color", password.color());
+    json.member("note", password.note());
+    json.member("pwdChange", password.pwdChange());
 }
 
-json::value toJSON(std::int64_t number) {
-    return number;
+void writeFields(const ImportedNoteInfoProviding& note, Secrets /*secrets*/, JSONText& json) {
+    json.member("color", note.color());
+    json.member("title", note.title());
+    json.member("content", note.content());
 }
 
-template <typename Value>
-json::value toJSON(const std::optional<Value>& optional) {
-    return optional ? toJSON(*optional) : json::value();
+void writeFields(const ImportedCardInfoProviding& card, Secrets secrets, JSONText& json) {
+    json.member("cardNumber", shown(card.cardNumber(), secrets));
+    json.member("custName", card.custName());
+    json.member("holderName", card.holderName());
+    json.member("cvv", shown(card.cvv(), secrets));
+    json.member("pin", shown(card.pin(), secrets));
+    json.member("note", card.note());
+    json.member("expirationDay", card.expirationDay());
+    json.member("expirationMonth", card.expirationMonth());
+    json.member("expirationYear", card.expirationYear());
 }
 
-json::object toJSON(const ImportedPasswordInfoProviding& password, Secrets secrets) {
-    return {
-        {"username", toJSON(password.username())},
-        {"password", toJSON(shown(password.password(), secrets))},
-        {"url", toJSON(password.url())},
-        {"service", toJSON(password.service())},
-        {"color", toJSON(password.color())},
-        {"note", toJSON(password.note())},
-        {"pwdChange", toJSON(password.pwdChange())},
-    };
-}
-
-json::object toJSON(const ImportedNoteInfoProviding& note, Secrets /*secrets*/) {
-    return {
-        {"color", toJSON(note.color())},
-        {"title", toJSON(note.title())},
-        {"content", toJSON(note.content())},
-    };
-}
-
-json::object toJSON(const ImportedCardInfoProviding& card, Secrets secrets) {
-    return {
-        {"cardNumber", toJSON(shown(card.cardNumber(), secrets))},
-        {"custName", toJSON(card.custName())},
-        {"holderName", toJSON(card.holderName())},
-        {"cvv", toJSON(shown(card.cvv(), secrets))},
-        {"pin", toJSON(shown(card.pin(), secrets))},
-        {"note", toJSON(card.note())},
-        {"expirationDay", toJSON(card.expirationDay())},
-        {"expirationMonth", toJSON(card.expirationMonth())},
-        {"expirationYear", toJSON(card.expirationYear())},
-    };
-}
-
-/// Record by record, so that a long list never stands in memory a second time.
-void writeList(std::string_view name, const auto& records, Secrets secrets, std::ostream& out) {
-    out << '"' << name << "\":[";
-    bool first = true;
-    for (const auto& record : records) {
-        out << (first ? "" : ",") << json::serialize(toJSON(*record, secrets));
-        first = false;
+void writeExtras(std::span<const Extra> extras, Secrets secrets, JSONText& json) {
+    json.key("extras");
+    json.beginArray();
+    for (const Extra& extra : extras) {
+        json.beginObject();
+        json.member("kind", identifier(extra.kind));
+        json.member("label", extra.label);
+        json.member("value", isSecret(extra.kind) ? shown(extra.value, secrets) : extra.value);
+        json.endObject();
     }
-    out << ']';
+    json.endArray();
 }
+
+/// What has a code, such as a record left out, or a finding.
+void writePlaces(std::string_view code, std::string_view identifier, std::string_view field,
+                 const Places& places, JSONText& json) {
+    json.beginObject();
+    json.member(code, identifier);
+    json.member("field", field);
+    json.member("count", places.count);
+    json.key("places");
+    json.beginArray();
+    for (const std::uint64_t place : places.first) {
+        json.value(place);
+    }
+    json.endArray();
+    json.endObject();
+}
+
+void writeList(std::string_view name, const auto& entries, JSONText& json, const auto& writeEntry) {
+    json.key(name);
+    json.beginArray();
+    for (const auto& entry : entries) {
+        writeEntry(entry);
+    }
+    json.endArray();
+}
+
+void writeReport(const ImportReport& report, JSONText& json) {
+    json.key("report");
+    json.beginObject();
+    json.member("placeUnit", identifier(report.placeUnit()));
+    json.member("recordCount", report.recordCount());
+    writeList("leftOut", report.leftOut(), json, [&](const LeftOut& left) {
+        writePlaces("reason", identifier(left.reason), left.field, left.places, json);
+    });
+    writeList("findings", report.findings(), json, [&](const Finding& finding) {
+        writePlaces("kind", identifier(finding.kind), finding.field, finding.places, json);
+    });
+    writeList("unread", report.unread(), json, [&](const Unread& unread) {
+        json.beginObject();
+        json.member("part", unread.part);
+        json.member("count", unread.count);
+        json.endObject();
+    });
+    json.member("isComplete", report.isComplete());
+    json.endObject();
+}
+
+/// Writes one import record by record, so that a long list never stands in memory a second time.
+class Line {
+public:
+    Line(Secrets secrets, Door door, std::ostream& out) noexcept
+        : _secrets(secrets), _door(door), _out(out) {}
+
+    void write(const ImportedExport& imported) {
+        const ImportedRecords& records = *imported.records;
+        const Extras& extras = imported.extras;
+        _json.beginObject();
+        if (const auto layout = imported.report.layout(); layout && _door == Door::second) {
+            _json.member("layout", identifier(*layout));
+        }
+        write("passwords", records.passwords, [&](std::size_t i) { return extras.ofPassword(i); });
+        write("notes", records.notes, [&](std::size_t i) { return extras.ofNote(i); });
+        write("cards", records.cards, [&](std::size_t i) { return extras.ofCard(i); });
+        if (_door == Door::second) {
+            writeReport(imported.report, _json);
+        }
+        _json.endObject();
+        flush();
+        _out << '\n';
+    }
+
+private:
+    void write(std::string_view name, const auto& records, const auto& extrasOf) {
+        _json.key(name);
+        _json.beginArray();
+        for (std::size_t i = 0; i < records.size(); ++i) {
+            _json.beginObject();
+            writeFields(*records[i], _secrets, _json);
+            if (_door == Door::second) {
+                writeExtras(extrasOf(i), _secrets, _json);
+            }
+            _json.endObject();
+            flush();
+        }
+        _json.endArray();
+    }
+
+    void flush() {
+        _out << _json.written();
+        _json.clear();
+    }
+
+    Secrets _secrets;
+    Door _door;
+    std::ostream& _out;
+    JSONText _json;
+};
 
 } // namespace
 
-void JSONFormat::write(std::string_view /*path*/, const ImportedRecords& records,
+void JSONFormat::write(std::string_view /*path*/, const ImportedExport& imported,
                        std::ostream& out) {
-    out << '{';
-    writeList("passwords", records.passwords, _secrets, out);
-    out << ',';
-    writeList("notes", records.notes, _secrets, out);
-    out << ',';
-    writeList("cards", records.cards, _secrets, out);
-    out << "}\n";
+    Line(_secrets, _door, out).write(imported);
 }
 
-void JSONFormat::writeFailure(const NSError& error, std::ostream& out) {
-    const json::object details{{"domain", toJSON(error.domain())}, {"code", error.code()}};
-    out << json::serialize(json::object{{"error", details}}) << '\n';
+void JSONFormat::writeFailure(const ImportedExport& failed, std::ostream& out) {
+    JSONText json;
+    json.beginObject();
+    json.key("error");
+    json.beginObject();
+    json.member("domain", failed.records.error().domain());
+    json.member("code", failed.records.error().code());
+    json.endObject();
+    if (_door == Door::second) {
+        json.member("reason", identifier(failed.report.failure().reason));
+    }
+    json.endObject();
+    out << json.written() << '\n';
 }
 
 } // namespace Rellinor::Host

@@ -5,16 +5,18 @@
 namespace Rellinor::Host {
 
 /// One JSON object on one line for each path: its records with all their fields under their own
-/// names, absent values as null, or the error's domain and code.
+/// names, absent values as null, or the error's domain and code. Through the second door also the
+/// layout, what each record holds besides, and the report, or the reason of a failure.
 class JSONFormat final : public RecordsFormat {
 public:
-    explicit JSONFormat(Secrets secrets) noexcept : _secrets(secrets) {}
+    JSONFormat(Secrets secrets, Door door) noexcept : _secrets(secrets), _door(door) {}
 
-    void write(std::string_view path, const ImportedRecords& records, std::ostream& out) override;
-    void writeFailure(const NSError& error, std::ostream& out) override;
+    void write(std::string_view path, const ImportedExport& imported, std::ostream& out) override;
+    void writeFailure(const ImportedExport& failed, std::ostream& out) override;
 
 private:
     Secrets _secrets;
+    Door _door;
 };
 
 } // namespace Rellinor::Host

@@ -14,6 +14,7 @@
 #include "Host/DisplayText.hpp"
 #include "Host/ExitStatus.hpp"
 #include "Host/ImportCommand.hpp"
+#include "Host/Layouts.hpp"
 #include "Host/OutputFile.hpp"
 #include "Host/ProcessState.hpp"
 #include "Host/Source.hpp"
@@ -49,11 +50,16 @@ int answer(const DetectRequest& request) {
 }
 
 int answer(const CheckRequest& request) {
-    return runCheck(request.paths, request.source, std::cout);
+    return runCheck(request.paths, request.as, std::cout);
 }
 
 int answer(const SourcesRequest& /*request*/) {
     listSources(std::cout);
+    return ExitStatus::success;
+}
+
+int answer(const LayoutsRequest& /*request*/) {
+    listLayouts(std::cout);
     return ExitStatus::success;
 }
 

@@ -8,7 +8,13 @@
 
 namespace Rellinor::Host {
 
-/// Whether passwords, card numbers, CVV and PIN are shown.
+/// Which door of the library the records come through.
+enum class Door : std::uint8_t {
+    first,  ///< the import of a source, quirks and all
+    second, ///< the faithful reading
+};
+
+/// Whether passwords, card numbers, CVV, PIN and secrets among the extras are shown.
 enum class Secrets : std::uint8_t {
     masked,
     revealed,
@@ -19,6 +25,11 @@ enum class Secrets : std::uint8_t {
     return secrets == Secrets::revealed || secret.empty() ? secret : "********";
 }
 
+/// Whether an extra is masked like a password.
+[[nodiscard]] constexpr bool isSecret(ExtraKind kind) noexcept {
+    return kind == ExtraKind::oneTimePassword || kind == ExtraKind::customSecret;
+}
+
 /// A way of showing the outcome of imports, one path after the other.
 class RecordsFormat {
 public:
@@ -27,11 +38,15 @@ public:
     virtual ~RecordsFormat() = default;
 
     /// Shows the records that were imported from `path`.
-    virtual void write(std::string_view path, const ImportedRecords& records,
+    ///
+    /// @param imported  has records
+    virtual void write(std::string_view path, const ImportedExport& imported,
                        std::ostream& out) = 0;
 
     /// Shows that nothing was imported, where the format has a place for that.
-    virtual void writeFailure(const NSError& /*error*/, std::ostream& /*out*/) {}
+    ///
+    /// @param failed  has no records
+    virtual void writeFailure(const ImportedExport& /*failed*/, std::ostream& /*out*/) {}
 
     /// Shows what comes after the last path, where the format has something to say there.
     virtual void finish(std::ostream& /*out*/) {}

@@ -90,7 +90,8 @@ void writeTable(std::string_view title, std::span<const Column> columns, const a
 
 } // namespace
 
-void TableFormat::write(std::string_view path, const ImportedRecords& records, std::ostream& out) {
+void TableFormat::write(std::string_view path, const ImportedExport& imported, std::ostream& out) {
+    const ImportedRecords& records = *imported.records;
     out << styled(displayText(path), Style::bold, _terminal) << '\n';
     writeTable("Passwords", passwordColumns, records.passwords, _secrets, _terminal, out);
     writeTable("Notes", noteColumns, records.notes, _secrets, _terminal, out);

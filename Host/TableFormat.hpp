@@ -13,7 +13,7 @@ public:
     TableFormat(Secrets secrets, const Terminal& terminal) noexcept
         : _secrets(secrets), _terminal(terminal) {}
 
-    void write(std::string_view path, const ImportedRecords& records, std::ostream& out) override;
+    void write(std::string_view path, const ImportedExport& imported, std::ostream& out) override;
 
 private:
     Secrets _secrets;

@@ -1,72 +1,110 @@
 #include "Host/TirelFormat.hpp"
 
+#include <cstddef>
 #include <ostream>
+#include <span>
 #include <string>
-#include <utility>
 
-#include <boost/json/serialize.hpp>
-#include <boost/json/value_from.hpp>
+#include <Rellinor/Models/TirelExportData.hpp>
 
-#include <Rellinor/Models/TirelExportDataJSON.hpp>
+#include "Host/JSONText.hpp"
 
 namespace Rellinor::Host {
 
 namespace {
 
-namespace json = boost::json;
-
-TirelExportData::Password exported(const ImportedPasswordInfoProviding& password) {
-    return {
-        password.color().value_or(0),
-        password.service().transform([](std::string_view name) { return std::string(name); }),
-        std::string(password.username()),
-        std::string(password.note().value_or("")),
-        std::string(password.password()),
-        password.pwdChange(),
-        std::string(password.url()),
-    };
+/// A note, and below it what else the record holds.
+std::string noteWith(std::string_view note, std::span<const Extra> extras) {
+    std::string text(note);
+    for (const Extra& extra : extras) {
+        text += text.empty() ? "" : "\n";
+        text += extra.label.empty() ? identifier(extra.kind) : extra.label;
+        text += ": ";
+        text += extra.value;
+    }
+    return text;
 }
 
-TirelExportData::Note exported(const ImportedNoteInfoProviding& note) {
-    return {
-        note.color().value_or(0),
-        std::string(note.title()),
-        std::string(note.content()),
-    };
+void member(auto key, const auto& value, JSONText& json) {
+    json.member(stringValue(key), value);
 }
 
-TirelExportData::Card exported(const ImportedCardInfoProviding& card) {
-    return {
-        std::string(card.cardNumber()),
-        std::string(card.custName()),
-        std::string(card.holderName()),
-        std::string(card.cvv()),
-        std::string(card.pin()),
-        std::string(card.note()),
-        {card.expirationDay(), card.expirationMonth(), card.expirationYear()},
-    };
+void memberIfPresent(auto key, const auto& value, JSONText& json) {
+    if (value) {
+        member(key, *value, json);
+    }
+}
+
+void writeEntry(const ImportedPasswordInfoProviding& password, std::span<const Extra> extras,
+                JSONText& json) {
+    using enum TirelExportData::Password::CodingKeys;
+    member(color, password.color().value_or(0), json);
+    memberIfPresent(custName, password.service(), json);
+    member(loginName, password.username(), json);
+    member(note, noteWith(password.note().value_or(""), extras), json);
+    member(pwd, password.password(), json);
+    memberIfPresent(pwdChange, password.pwdChange(), json);
+    member(url, password.url(), json);
+}
+
+void writeEntry(const ImportedNoteInfoProviding& entry, std::span<const Extra> extras,
+                JSONText& json) {
+    using enum TirelExportData::Note::CodingKeys;
+    member(color, entry.color().value_or(0), json);
+    member(label, entry.title(), json);
+    member(text, noteWith(entry.content(), extras), json);
+}
+
+void writeEntry(const ImportedCardInfoProviding& card, std::span<const Extra> extras,
+                JSONText& json) {
+    using enum TirelExportData::Card::CodingKeys;
+    member(cardNumber, card.cardNumber(), json);
+    member(custName, card.custName(), json);
+    member(holderName, card.holderName(), json);
+    member(cvv, card.cvv(), json);
+    member(pin, card.pin(), json);
+    member(note, noteWith(card.note(), extras), json);
+    json.key(stringValue(expirationDate));
+    json.beginObject();
+    using Date = TirelExportData::Card::ExpirationDate::CodingKeys;
+    member(Date::day, card.expirationDay(), json);
+    member(Date::month, card.expirationMonth(), json);
+    member(Date::year, card.expirationYear(), json);
+    json.endObject();
 }
 
 } // namespace
 
-void TirelFormat::write(std::string_view /*path*/, const ImportedRecords& records,
+void TirelFormat::write(std::string_view /*path*/, const ImportedExport& imported,
                         std::ostream& /*out*/) {
-    for (const auto& password : records.passwords) {
-        _data.logins.push_back(exported(*password));
-    }
-    for (const auto& note : records.notes) {
-        _data.notes.push_back(exported(*note));
-    }
-    for (const auto& card : records.cards) {
-        _data.cards.push_back(exported(*card));
-    }
+    _imports.push_back(imported);
 }
 
 void TirelFormat::finish(std::ostream& out) {
-    // Not by `encode`: that escapes characters which stand as they are in exports of this tool.
-    // The data goes before the text comes, and the text is written as it arises.
-    const json::value document = json::value_from(std::exchange(_data, {}));
-    out << document << '\n';
+    using enum TirelExportData::CodingKeys;
+
+    JSONText json;
+    const auto writeList = [&](auto name, auto recordsOf, auto extrasOf) {
+        json.key(stringValue(name));
+        json.beginArray();
+        for (const ImportedExport& imported : _imports) {
+            const auto& records = (*imported.records).*recordsOf;
+            for (std::size_t i = 0; i < records.size(); ++i) {
+                json.beginObject();
+                writeEntry(*records[i], (imported.extras.*extrasOf)(i), json);
+                json.endObject();
+                out << json.written(); // so that the text never stands in memory as a whole
+                json.clear();
+            }
+        }
+        json.endArray();
+    };
+    json.beginObject();
+    writeList(logins, &ImportedRecords::passwords, &Extras::ofPassword);
+    writeList(notes, &ImportedRecords::notes, &Extras::ofNote);
+    writeList(cards, &ImportedRecords::cards, &Extras::ofCard);
+    json.endObject();
+    out << json.written() << '\n';
 }
 
 } // namespace Rellinor::Host

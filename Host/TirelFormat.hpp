@@ -1,20 +1,21 @@
 #pragma once
 
-#include <Rellinor/Models/TirelExportData.hpp>
+#include <vector>
 
 #include "Host/RecordsFormat.hpp"
 
 namespace Rellinor::Host {
 
 /// One Tirel export with the records of all paths, in order, on one line. Secrets are as they are:
-/// a masked export would lose them without a word.
+/// a masked export would lose them without a word. What a Tirel record has no place for stands at
+/// the end of its note, one `label: value` a line.
 class TirelFormat final : public RecordsFormat {
 public:
-    void write(std::string_view path, const ImportedRecords& records, std::ostream& out) override;
+    void write(std::string_view path, const ImportedExport& imported, std::ostream& out) override;
     void finish(std::ostream& out) override;
 
 private:
-    TirelExportData _data;
+    std::vector<ImportedExport> _imports; ///< which share the memory of the library
 };
 
 } // namespace Rellinor::Host

@@ -13,16 +13,17 @@ _rellinor() {
     --source/*)
         words='auto chrome lastPass dashlane onePassword tirel keePass keePassXC firefox'
         ;;
+    --layout/*) words=$(rellinor layouts 2>/dev/null | cut -d ' ' -f 1) ;;
     --format/*) words='summary table json tirel' ;;
     --output/*) ;;
     *//-*) words='--help --version' ;;
-    *//*) words='import detect check sources' ;;
+    *//*) words='import check detect sources layouts' ;;
     */import/-*)
-        words='--source --format --reveal --output --force --keep-importer --help'
+        words='--source --layout --format --reveal --output --force --keep-importer --help'
         ;;
-    */check/-*) words='--source --help' ;;
+    */check/-*) words='--source --layout --help' ;;
     */-*) words='--help' ;;
-    */sources/*) return ;;
+    */sources/* | */layouts/*) return ;;
     esac
     if [ -n "$words" ]; then
         mapfile -t COMPREPLY < <(compgen -W "$words" -- "$word")

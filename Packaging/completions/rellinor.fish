@@ -1,6 +1,6 @@
 # Completions of rellinor for fish.
 
-set -l commands import detect check sources
+set -l commands import check detect sources layouts
 set -l sources auto chrome lastPass dashlane onePassword tirel keePass keePassXC firefox
 set -l formats summary table json tirel
 
@@ -10,14 +10,17 @@ complete -c rellinor -s h -l help -d 'Show how to use it'
 set -l none "not __fish_seen_subcommand_from $commands"
 complete -c rellinor -n $none -l version -d 'Show the version'
 complete -c rellinor -n $none -a import -d 'Import files and show what they hold'
-complete -c rellinor -n $none -a detect -d 'Tell which source files come from'
+complete -c rellinor -n $none -a detect -d 'Tell what files are'
 complete -c rellinor -n $none -a check -d 'Tell what an import would leave out'
 complete -c rellinor -n $none -a sources -d 'List the sources'
+complete -c rellinor -n $none -a layouts -d 'List the layouts'
 
 set -l paths '__fish_seen_subcommand_from import detect check'
 complete -c rellinor -n $paths -F
-set -l source '__fish_seen_subcommand_from import check'
-complete -c rellinor -n $source -l source -x -a "$sources" -d 'The product that wrote the files'
+set -l kind '__fish_seen_subcommand_from import check'
+complete -c rellinor -n $kind -l source -x -a "$sources" -d 'Import as this source does'
+complete -c rellinor -n $kind -l layout -x -a "(rellinor layouts | string replace -r ' .*' '')" \
+    -d 'Read as this layout'
 set -l import '__fish_seen_subcommand_from import'
 complete -c rellinor -n $import -l format -x -a "$formats" -d 'How the records are shown'
 complete -c rellinor -n $import -l reveal -d 'Show secrets instead of masking them'

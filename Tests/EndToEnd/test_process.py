@@ -317,14 +317,14 @@ class Environments(Case):
     def test_an_unreadable_file_fails(self):
         path = self.export()
         os.chmod(path, 0)
-        reason = "it may not be read: look at its permissions\n"
+        reason = "The file may not be read by this user.\n"
         ended = self.as_somebody_else("import", "--source", "lastPass", "--format", "json", path)
         self.assertEqual((ended.returncode, ended.stdout),
                          (1, '{"error":{"domain":"Rellinor.TextError","code":1}}\n'))
         self.assertEqual(len(ended.stderr.splitlines()), 1)
         self.assertTrue(ended.stderr.endswith(" " + reason), ended.stderr)
-        for command, told in (("detect", "unknown; " + reason),
-                              ("check", "not checked: " + reason)):
+        for command, told in (("detect", "unknown: " + reason),
+                              ("check", "nothing would arrive: " + reason)):
             ended = self.as_somebody_else(command, path)
             self.assertEqual((ended.returncode, ended.stdout, ended.stderr),
                              (1, f"{path}: {told}", ""))

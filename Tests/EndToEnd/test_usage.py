@@ -53,6 +53,10 @@ def sources():
     return [line.split()[0] for line in output_of(*TOOL, "sources").splitlines()]
 
 
+def layouts():
+    return [line.split()[0] for line in output_of(*TOOL, "layouts").splitlines()]
+
+
 def formats():
     described = re.search(r"--format FORMAT=(\w+) +(.*?)\n  -", help_of("import"), re.DOTALL)
     names = re.findall(r"(\w+): ", described[2])
@@ -64,8 +68,9 @@ def synopsis_of(command):
     """The line that a manual has for a command, made of its help."""
     parts = ["rellinor", command]
     for name, (value, required) in options_of(command).items():
-        if name not in ("--help", "--force"):  # the latter stands with --output
-            part = f"{name} {value}".strip() + (" [--force]" if name == "--output" else "")
+        if name not in ("--help", "--force", "--layout"):  # the latter two stand with others
+            part = f"{name} {value}".strip() + {"--output": " [--force]",
+                                                "--source": " | --layout LAYOUT"}.get(name, "")
             parts.append(part if required else f"[{part}]")
     return " ".join([*parts, *["PATH..."] * takes_paths(command)])
 
@@ -111,7 +116,7 @@ class Manual(unittest.TestCase):
     def test_it_names_every_source(self):
         text = one_line(re.search(r"--source SOURCE\n(.*?)\n     -", section("OPTIONS"),
                                   re.DOTALL)[1])
-        named = re.search(r"case of letters: (.*?); or auto ", text)[1]
+        named = re.search(r"case of letters: (.*?); or auto which ", text)[1]
         self.assertEqual(sorted(re.split(r", | or ", named)), sorted(sources()))
 
     def test_it_describes_every_format(self):
@@ -156,6 +161,8 @@ def cases():
     words = {"": commands(),
              "import --source ": ["auto", *sources()],
              "check --source ": ["auto", *sources()],
+             "import --layout ": layouts(),
+             "check --layout ": layouts(),
              "import --format ": formats()}
     for command in commands():
         words[command + " --"] = list(options_of(command))
@@ -247,4 +254,6 @@ if __name__ == "__main__":
     if len(sys.argv) < 2:
         sys.exit(__doc__)
     TOOL = [sys.argv.pop(1)]
+    # The completions ask the tool for the layouts.
+    os.environ["PATH"] = os.path.dirname(os.path.abspath(TOOL[0])) + ":" + os.environ["PATH"]
     unittest.main()

@@ -13,211 +13,128 @@ namespace Rellinor::Tests {
 
 namespace {
 
-constexpr std::string_view lastPassFound =
-    "lastPass (certain): LastPass export; the columns url, username, password, extra, name, "
-    "grouping and fav";
+constexpr std::string_view tirelPath = RELLINOR_EXAMPLES "/Tirel/export.json";
+constexpr std::string_view tirelCounts = ": 6 passwords, 3 notes, 2 cards\n";
 
 class DetectCommandTest : public testing::Test {
 protected:
     [[nodiscard]] const TemporaryFolder& folder() const { return _folder; }
 
-    [[nodiscard]] std::string lastPass(std::string_view name = "export.csv") const {
-        return _folder.file(name, lastPassRows("https://a.example,ann,one,,Mail,,0\n"));
-    }
-
 private:
     TemporaryFolder _folder;
 };
 
-// detect
-
 TEST_F(DetectCommandTest, showsOneLineForEachPathInOrder) {
-    const std::string one = lastPass("one.csv");
-    const std::string profile = RELLINOR_EXAMPLES "/Firefox/current.profile";
-    const Ended ended = rellinor({"detect", one, profile});
-    EXPECT_EQ(ended.status, 0);
-    EXPECT_EQ(ended.out, one + ": " + std::string(lastPassFound) + "\n" + profile +
-                             ": firefox (certain): Firefox profile; the file logins.json\n");
+    const std::string missing = folder() / "a\nb";
+    const std::string tirel(tirelPath);
+    const Ended ended = rellinor({"detect", missing, tirel, ""});
+    EXPECT_EQ(ended.status, 1);
     EXPECT_EQ(ended.errors, "");
+    EXPECT_EQ(linesIn(ended.out), 3);
+    EXPECT_TRUE(ended.out.contains("a␊b: unknown: There is no such file.")) << ended.out;
+    EXPECT_TRUE(ended.out.contains('\n' + tirel + ": tirel-json (certain): ")) << ended.out;
+    EXPECT_TRUE(ended.out.contains("\n\"\": unknown: ")) << ended.out;
 }
 
 TEST_F(DetectCommandTest, succeedsOnlyIfEveryPathCanBeRead) {
-    const std::string known = lastPass();
-    const std::string eight =
-        folder().file("eight.csv", "url,username,password,totp,extra,name,grouping,fav\n");
-    EXPECT_EQ(rellinor({"detect", known}).status, 0);
-    EXPECT_EQ(rellinor({"detect", eight}).status, 1);
-    EXPECT_EQ(rellinor({"detect", folder() / "missing"}).status, 1);
-    const Ended ended = rellinor({"detect", folder() / "missing", known});
-    EXPECT_EQ(ended.status, 1);
-    EXPECT_EQ(ended.out, (folder() / "missing") + ": unknown; there is no such file or folder\n" +
-                             known + ": " + std::string(lastPassFound) + "\n");
-}
-
-TEST_F(DetectCommandTest, goesOnAfterADatabaseThatClaimsMoreMemoryThanThereIs) {
-    const std::string huge = RELLINOR_FIXTURES "/huge-cell.sqlite";
-    const std::string known = lastPass();
-    const Ended ended = rellinor({"detect", huge, known});
-    EXPECT_EQ(ended.status, 1);
-    EXPECT_EQ(ended.out, huge + ": unknown; there is not enough memory to look at it\n" + known +
-                             ": " + std::string(lastPassFound) + "\n");
-}
-
-TEST_F(DetectCommandTest, showsAnOddPathOnOneLine) {
-    const std::string path = lastPass("a\nb.csv");
-    const Ended ended = rellinor({"detect", path});
-    EXPECT_EQ(ended.status, 0);
-    EXPECT_EQ(linesIn(ended.out), 1);
-    EXPECT_TRUE(ended.out.contains("a␊b.csv: lastPass (certain)")) << ended.out;
-}
-
-TEST_F(DetectCommandTest, showsAnEmptyPath) {
-    EXPECT_EQ(rellinor({"detect", ""}).out, "\"\": unknown; there is no such file or folder\n");
+    EXPECT_EQ(rellinor({"detect", std::string(tirelPath)}).status, 0);
+    EXPECT_EQ(rellinor({"detect", std::string(tirelPath), folder().file("text", "text\n")}).status,
+              1);
 }
 
 TEST_F(DetectCommandTest, needsAPath) {
     EXPECT_EQ(rellinor({"detect"}).status, 2);
 }
 
-// import --source auto
+// import without a source
 
-TEST_F(DetectCommandTest, importsTheSameAsWithTheSourceNamed) {
+TEST_F(DetectCommandTest, importsTheSameAsWithTheLayoutNamed) {
     const std::vector<std::vector<std::string>> samples = {
-        {"chrome", "/Chrome/Login Data"},        {"dashlane", "/Dashlane/export.csv"},
-        {"firefox", "/Firefox/current.profile"}, {"firefox", "/Firefox/old.profile"},
-        {"keePass", "/KeePass/export.csv"},      {"keePassXC", "/KeePassXC/export.csv"},
-        {"lastPass", "/LastPass/export.csv"},    {"onePassword", "/OnePassword/export.1pif"},
-        {"tirel", "/Tirel/export.json"}};
-    for (const std::string root : {RELLINOR_EXAMPLES, RELLINOR_VAULT}) {
-        for (const auto& sample : samples) {
-            const std::string path = root + sample[1];
-            const auto imported = [&](const std::string& source) {
-                return rellinor(
-                    {"import", "--source", source, "--format", "json", "--reveal", path});
-            };
-            const Ended automatic = imported("auto");
-            EXPECT_EQ(automatic.status, 0) << path;
-            EXPECT_EQ(automatic.out, imported(sample[0]).out) << path;
-            EXPECT_TRUE(
-                automatic.errors.starts_with("rellinor: " + path + ": read as " + sample[0] + " ("))
-                << automatic.errors;
-        }
+        {"chromium-logins", "/Chrome/Login Data"},
+        {"firefox-profile", "/Firefox/current.profile"},
+        {"firefox-profile", "/Firefox/old.profile"},
+        {"1password-1pif", "/OnePassword/export.1pif"},
+        {"tirel-json", "/Tirel/export.json"}};
+    for (const auto& sample : samples) {
+        const std::string path = RELLINOR_VAULT + sample[1];
+        const auto imported = [&](const std::vector<std::string>& kind) {
+            std::vector<std::string> arguments = {"import", "--format", "json", "--reveal", path};
+            arguments.insert(arguments.end(), kind.begin(), kind.end());
+            return rellinor(std::move(arguments));
+        };
+        const Ended found = imported({});
+        EXPECT_EQ(found.status, 0) << path;
+        EXPECT_TRUE(found.out.starts_with("{\"layout\":\"" + sample[0] + "\",\"passwords\":[{"));
+        EXPECT_EQ(found.out, imported({"--layout", sample[0]}).out) << path;
+        EXPECT_EQ(found.out, imported({"--source", "auto"}).out) << path;
+        EXPECT_TRUE(found.errors.starts_with("rellinor: " + path + ": read as " + sample[0]))
+            << found.errors;
     }
 }
 
-TEST_F(DetectCommandTest, saysWhatAnImportFound) {
-    const std::string path = lastPass();
-    const Ended ended = rellinor({"import", "--source", "auto", path});
-    EXPECT_EQ(ended.status, 0);
-    EXPECT_EQ(ended.out, path + ": 1 password, 0 notes, 0 cards\n");
-    EXPECT_EQ(ended.errors, "rellinor: " + path + ": read as " + std::string(lastPassFound) + "\n");
-}
-
-TEST_F(DetectCommandTest, importsSeveralKindsAtOnce) {
-    const std::string tirel = RELLINOR_EXAMPLES "/Tirel/export.json";
-    const std::string path = lastPass();
-    for (const bool keep : {false, true}) {
-        std::vector<std::string> arguments = {"import", "--source", "auto", tirel, path};
-        if (keep) {
-            arguments.insert(arguments.begin() + 1, "--keep-importer");
-        }
-        const Ended ended = rellinor(arguments);
-        EXPECT_EQ(ended.status, 0);
-        EXPECT_EQ(ended.out, tirel + ": 6 passwords, 3 notes, 2 cards\n" + path +
-                                 ": 1 password, 0 notes, 0 cards\n");
-    }
-}
-
-TEST_F(DetectCommandTest, failsForAFileThatItDoesNotKnow) {
-    const std::string path = folder().file("text", "some text\n");
-    const Ended ended = rellinor({"import", "--source", "auto", "--format", "json", path});
+TEST_F(DetectCommandTest, goesOnAfterAFileThatIsNotKnown) {
+    const std::string path = folder().file("text", "s3cret text\n");
+    const std::string tirel(tirelPath);
+    const Ended ended = rellinor({"import", path, tirel});
     EXPECT_EQ(ended.status, 1);
-    EXPECT_EQ(ended.out, "{\"error\":{\"domain\":\"Rellinor.UnknownFileError\",\"code\":1}}\n");
-    EXPECT_EQ(ended.errors,
-              "rellinor: " + path + ": not imported: unknown; nothing in it tells the source\n");
-}
-
-TEST_F(DetectCommandTest, failsWithAdviceForAFileThatItKnowsButCannotRead) {
-    const std::string path =
-        folder().file("eight.csv", "url,username,password,totp,extra,name,grouping,fav\n");
-    const Ended ended = rellinor({"import", "--source", "auto", path});
-    EXPECT_EQ(ended.status, 1);
-    EXPECT_EQ(ended.out, "");
+    EXPECT_EQ(ended.out, tirel + std::string(tirelCounts));
     EXPECT_EQ(ended.errors, "rellinor: " + path +
-                                ": not imported: this looks like a LastPass export with 8 columns "
-                                "instead of 7: take the column totp out\n");
+                                ": not imported: It is no export or store that is known.\n"
+                                "rellinor: " +
+                                tirel + ": read as tirel-json\n");
+    EXPECT_EQ(rellinor({"import", "--format", "json", path}).out,
+              R"({"error":{"domain":"Rellinor.ReadError","code":19},"reason":"unknown"})"
+              "\n");
 }
 
-TEST_F(DetectCommandTest, goesOnAfterAFileThatItDoesNotKnow) {
-    const std::string path = lastPass();
-    const Ended ended = rellinor({"import", "--source", "auto", folder() / "missing", path});
+TEST_F(DetectCommandTest, readsAFileAsTheLayoutThatIsNamedOrNotAtAll) {
+    const Ended ended = rellinor(
+        {"import", "--layout", "tirel-json", "--format", "json", folder().file("cut", "{")});
     EXPECT_EQ(ended.status, 1);
-    EXPECT_EQ(ended.out, path + ": 1 password, 0 notes, 0 cards\n");
-    EXPECT_EQ(linesIn(ended.errors), 2);
+    EXPECT_TRUE(ended.out.ends_with(",\"reason\":\"cutShort\"}\n")) << ended.out;
+    EXPECT_TRUE(ended.errors.contains(": line 1: The file ends before it is complete."))
+        << ended.errors;
 }
 
-// Advice
+// What a record holds besides its fields
 
-TEST_F(DetectCommandTest, proposesTheSourceOfAFileThatFailsAsAnother) {
-    const std::string path = lastPass();
-    const Ended ended = rellinor({"import", "--source", "tirel", path});
-    EXPECT_EQ(ended.status, 1);
-    EXPECT_EQ(linesIn(ended.errors), 1);
+TEST_F(DetectCommandTest, showsExtrasAndMasksTheSecretOnes) {
+    const std::string path = folder().file(
+        "export.1pif",
+        R"({"typeName":"webforms.WebForm","title":"Mail","location":"https://a.example",)"
+        R"("secureContents":{"fields":[{"designation":"username","value":"ann"},)"
+        R"({"designation":"password","value":"one"}],"sections":[{"fields":[)"
+        R"({"k":"concealed","n":"x","t":"PUK","v":"s3cret"},)"
+        R"({"k":"string","n":"y","t":"branch","v":"north"}]}]}})"
+        "\n***5642bee8-a5ff-11dc-8314-0800200c9a66***\n");
+    const std::string masked =
+        rellinor({"import", "--layout", "1password-1pif", "--format", "json", path}).out;
     EXPECT_TRUE(
-        ended.errors.ends_with(") this looks like a LastPass export: try --source lastPass\n"))
-        << ended.errors;
+        masked.contains(R"("extras":[{"kind":"customSecret","label":"PUK","value":"********"},)"
+                        R"({"kind":"customText","label":"branch","value":"north"}]}])"))
+        << masked;
+    EXPECT_FALSE(masked.contains("s3cret"));
+    EXPECT_TRUE(masked.contains(R"("report":{"placeUnit":"line","recordCount":1,"leftOut":[],)"))
+        << masked;
+    EXPECT_TRUE(
+        rellinor({"import", "--layout", "1password-1pif", "--reveal", "--format", "json", path})
+            .out.contains("s3cret"));
+    const std::string tirel =
+        rellinor({"import", "--layout", "1password-1pif", "--format", "tirel", path}).out;
+    EXPECT_TRUE(tirel.contains(R"("note":"PUK: s3cret\nbranch: north")")) << tirel;
 }
 
-TEST_F(DetectCommandTest, warnsOfAFileThatLooksLikeAnotherThoughItIsImported) {
-    const std::string path =
-        folder().file("credentials.csv",
-                      "username,username2,username3,title,password,note,url,category,otpSecret\n"
-                      "ann,,,Mail,s3cret,,https://a.example,Work,\n");
-    const Ended ended = rellinor({"import", "--source", "dashlane", path});
-    EXPECT_EQ(ended.status, 0);
-    EXPECT_EQ(ended.out, path + ": 2 passwords, 0 notes, 0 cards\n");
-    EXPECT_EQ(
-        ended.errors,
-        "rellinor: " + path +
-            ": this looks like a Dashlane export of logins (credentials.csv): to import it, "
-            "keep only the columns title, username, password, url and note, rename them to "
-            "Account, Login Name, Password, Web Site and Comments, and use --source keePass\n");
-}
+// What a source is not meant for
 
-TEST_F(DetectCommandTest, tellsToGiveTheFolderOfAProfile) {
-    const std::string path = RELLINOR_EXAMPLES "/Firefox/current.profile/logins.json";
-    const Ended ended = rellinor({"import", "--source", "firefox", path});
-    EXPECT_EQ(ended.status, 1);
-    EXPECT_TRUE(ended.errors.ends_with(
-        ") this looks like a Firefox login store (logins.json): give the folder that it is in, "
-        "with --source firefox\n"))
-        << ended.errors;
-}
-
-TEST_F(DetectCommandTest, isSilentWhereAFileMightBeAnother) {
-    // Without names of columns it might be a LastPass export, but is read by position as well.
-    const std::string path = folder().file("seven.csv", "https://a.example,b,c,d,e,f,g\n");
-    const Ended ended = rellinor({"import", "--source", "dashlane", path});
-    EXPECT_EQ(ended.status, 0);
-    EXPECT_FALSE(ended.errors.contains("this looks like")) << ended.errors;
-}
-
-TEST_F(DetectCommandTest, takesBothForksOfKeePassForOne) {
-    const std::string path = RELLINOR_EXAMPLES "/KeePassXC/export.csv";
-    EXPECT_FALSE(
-        rellinor({"import", "--source", "keePass", path}).errors.contains("this looks like"));
-}
-
-/// Where the advice to rename columns leads.
-TEST_F(DetectCommandTest, givesAdviceThatHelps) {
-    const std::string path =
-        folder().file("renamed.csv", "Account,Web Site,Login Name,Password,Comments\n"
-                                     "Mail,https://a.example,ann,one,\n");
-    EXPECT_EQ(
-        rellinor({"import", "--source", "keePass", "--format", "json", "--reveal", path}).out,
-        R"({"passwords":[{"username":"ann","password":"one","url":"https://a.example",)"
-        R"("service":"Mail","color":null,"note":null,"pwdChange":null}],"notes":[],"cards":[]})"
-        "\n");
+TEST_F(DetectCommandTest, objectsToASourceThatIsNotMeantForTheFile) {
+    const std::string path(tirelPath);
+    const std::string objection =
+        "this looks like tirel-json (Tirel export): try without --source\n";
+    const Ended failed = rellinor({"import", "--source", "lastPass", path});
+    EXPECT_EQ(failed.status, 1);
+    EXPECT_EQ(linesIn(failed.errors), 1);
+    EXPECT_TRUE(failed.errors.ends_with(") " + objection)) << failed.errors;
+    EXPECT_TRUE(rellinor({"check", "--source", "lastPass", path}).out.ends_with("  " + objection));
 }
 
 } // namespace
