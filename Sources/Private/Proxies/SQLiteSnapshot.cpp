@@ -1,8 +1,10 @@
 #include "Private/Proxies/SQLiteSnapshot.hpp"
 
+#include <algorithm>
 #include <array>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "Private/Proxies/ExportContents.hpp"
@@ -43,30 +45,77 @@ std::expected<std::optional<FileContents>, FailureReason> contentsBeside(const s
     }
 }
 
+/// How many bytes of a file SQLite would read: none but its beginning if the file is no database,
+/// and nothing behind its pages. The file's size if the header does not tell.
+std::uint64_t usedSizeOf(std::string_view header, std::uint64_t size) noexcept {
+    using namespace std::string_view_literals;
+    constexpr std::uint64_t largestPage = 65536;
+
+    if (!header.starts_with("SQLite format 3\0"sv)) {
+        return header.size();
+    }
+    const auto numberAt = [&](std::size_t place, std::size_t digits) {
+        std::uint64_t number = 0;
+        for (const char byte : header.substr(place, digits)) {
+            number = number << 8U | static_cast<unsigned char>(byte);
+        }
+        return number;
+    };
+    const std::uint64_t pageSize = numberAt(16, 2) == 1 ? largestPage : numberAt(16, 2);
+    const std::uint64_t pages = numberAt(28, 4);
+    const bool isTold = pages > 0 && numberAt(24, 4) == numberAt(92, 4);
+    return isTold ? std::min(size, pages * pageSize) : size;
+}
+
+/// The bytes of a database beside which nothing lies.
+std::expected<FileContents, FailureReason> usedContentsOf(const std::string& path,
+                                                          std::uint64_t mostBytes) {
+    constexpr std::size_t sizeOfHeader = 100;
+
+    const auto file = OpenFile::at(path);
+    if (!file) {
+        return std::unexpected(reasonOf(file.error()));
+    }
+    std::array<char, sizeOfHeader> header{};
+    const auto read = file->read(0, header);
+    const std::uint64_t used = usedSizeOf({header.data(), read.value_or(0)}, file->size());
+    if (used > mostBytes) {
+        return std::unexpected(FailureReason::tooLarge);
+    }
+    FileContents contents{.buffer = WipedBuffer(used)};
+    const auto size = read ? file->read(0, contents.buffer.bytes()) : std::nullopt;
+    if (!size) {
+        return std::unexpected(FailureReason::unreadable);
+    }
+    contents.size = *size;
+    return contents;
+}
+
 std::expected<Files, FailureReason> readOnce(const ExportFile& file, const std::string& path,
                                              std::uint64_t mostBytes) {
-    Files files;
-    auto database = contentsOf(file, {}, mostBytes);
+    Files files{.database = {}, .journal = FileContents(), .log = FileContents()};
+    if (file.url()) {
+        auto log = contentsBeside(path + "-wal", mostBytes);
+        auto journal = contentsBeside(path + "-journal", mostBytes);
+        if (!log || !journal) {
+            return std::unexpected(FailureReason::tooLarge);
+        }
+        files.log = *std::move(log);
+        files.journal = *std::move(journal);
+    }
+    // What lies beside a database may tell of pages that its header does not tell of.
+    const auto isNothing = [](const auto& beside) { return beside && beside->size == 0; };
+    const bool isAlone = isNothing(files.log) && isNothing(files.journal);
+    auto database =
+        file.url() && isAlone ? usedContentsOf(path, mostBytes) : contentsOf(file, {}, mostBytes);
     if (!database) {
         return std::unexpected(database.error());
     }
     files.database = *std::move(database);
-    if (!file.url()) {
-        files.journal.emplace();
-        files.log.emplace();
-        return files;
-    }
-    auto log = contentsBeside(path + "-wal", mostBytes);
-    auto journal = contentsBeside(path + "-journal", mostBytes);
-    if (!log || !journal) {
-        return std::unexpected(FailureReason::tooLarge);
-    }
-    files.log = *std::move(log);
-    files.journal = *std::move(journal);
     return files;
 }
 
-std::array<FileStamp, 3> stampsOf(const std::string& path) noexcept {
+std::array<FileStamp, 3> stampsOf(const std::string& path) {
     return {stampOf(path), stampOf(path + "-journal"), stampOf(path + "-wal")};
 }
 

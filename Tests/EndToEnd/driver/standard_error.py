@@ -3,7 +3,7 @@ import re
 
 # Behind the path. A failure may be told apart from what is worth knowing of a success.
 FAILURE = re.compile(r"not imported as \w+: \S.*")
-GIST = re.compile(r"(\S.* \(rellinor check\b.* tells more\)|this looks like \S.*)")
+GIST = re.compile(r"(\S.* \(rellinor check\b.* tells more\)|this looks like \S.*|There is no row in the file\.)")
 
 
 def complaints(errors, paths, failed):

@@ -17,16 +17,6 @@ using Key = TirelRecordKey;
 /// The file's shape keeps every record from lacking a field.
 constexpr Dropped missingFields{.reason = LeftOutReason::missingField, .field = {}};
 
-std::optional<std::string_view> textOf(const TirelRecord& record, Key key) noexcept {
-    const auto value = record[key];
-    return value ? value->text() : std::nullopt;
-}
-
-std::optional<std::int64_t> integerOf(const TirelRecord& record, Key key) noexcept {
-    const auto value = record[key];
-    return value ? value->integer() : std::nullopt;
-}
-
 } // namespace
 
 TirelExportFile TirelImporter::read(const ExportFile& file, ImportMemory& memory,
@@ -53,9 +43,9 @@ bool TirelImporter::isCard(const RawRecord& record) noexcept {
 }
 
 Built<ImportedPassword> TirelImporter::buildPassword(const RawRecord& record) noexcept {
-    const auto url = textOf(record, Key::url);
-    const auto password = textOf(record, Key::password);
-    const auto username = textOf(record, Key::username);
+    const auto url = record.text(Key::url);
+    const auto password = record.text(Key::password);
+    const auto username = record.text(Key::username);
     if (!url || !password || !username) {
         return std::unexpected(missingFields);
     }
@@ -63,36 +53,36 @@ Built<ImportedPassword> TirelImporter::buildPassword(const RawRecord& record) no
         *username,
         *password,
         *url,
-        textOf(record, Key::custName), // service
-        integerOf(record, Key::color),
-        textOf(record, Key::note),
-        integerOf(record, Key::pwdChange),
+        record.text(Key::custName), // service
+        record.integer(Key::color),
+        record.text(Key::note),
+        record.integer(Key::pwdChange),
     };
 }
 
 Built<ImportedNote> TirelImporter::buildNote(const RawRecord& record) noexcept {
-    const auto title = textOf(record, Key::label);
-    const auto content = textOf(record, Key::text);
+    const auto title = record.text(Key::label);
+    const auto content = record.text(Key::text);
     if (!title || !content) {
         return std::unexpected(missingFields);
     }
     return ImportedNote{
-        integerOf(record, Key::color),
+        record.integer(Key::color),
         *title,
         *content,
     };
 }
 
 Built<ImportedCard> TirelImporter::buildCard(const RawRecord& record) noexcept {
-    const auto cardNumber = textOf(record, Key::cardNumber);
-    const auto holderName = textOf(record, Key::holderName);
-    const auto custName = textOf(record, Key::custName);
-    const auto cvv = textOf(record, Key::cvv);
-    const auto pin = textOf(record, Key::pin);
-    const auto note = textOf(record, Key::note);
-    const auto day = integerOf(record, Key::expirationDay);
-    const auto month = integerOf(record, Key::expirationMonth);
-    const auto year = integerOf(record, Key::expirationYear);
+    const auto cardNumber = record.text(Key::cardNumber);
+    const auto holderName = record.text(Key::holderName);
+    const auto custName = record.text(Key::custName);
+    const auto cvv = record.text(Key::cvv);
+    const auto pin = record.text(Key::pin);
+    const auto note = record.text(Key::note);
+    const auto day = record.integer(Key::expirationDay);
+    const auto month = record.integer(Key::expirationMonth);
+    const auto year = record.integer(Key::expirationYear);
     if (!cardNumber || !holderName || !custName || !cvv || !pin || !note || !day || !month ||
         !year) {
         return std::unexpected(missingFields);

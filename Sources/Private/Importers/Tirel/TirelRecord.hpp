@@ -88,6 +88,16 @@ public:
         return value.isNull() ? std::nullopt : std::optional(value);
     }
 
+    // The value of a key, absent too if it is of another type.
+
+    [[nodiscard]] std::optional<std::string_view> text(TirelRecordKey key) const noexcept {
+        return _values[indexOf(key)].text();
+    }
+
+    [[nodiscard]] std::optional<std::int64_t> integer(TirelRecordKey key) const noexcept {
+        return _values[indexOf(key)].integer();
+    }
+
 private:
     // Those that the entry has not are nowhere.
     std::array<JSONValue, namesOfTirelRecordKeys.size()> _values;
