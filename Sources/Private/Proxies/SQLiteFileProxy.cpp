@@ -95,7 +95,7 @@ SQLiteValue valueOf(::sqlite3_stmt* statement, int column, SQLiteFaithfulness fa
     case SQLITE_FLOAT: {
         const double number = ::sqlite3_column_double(statement, column);
         // Quirk: a floating-point number is narrowed to 32 bits.
-        return SQLiteValue(isNarrowed ? double{static_cast<float>(number)} : number);
+        return SQLiteValue(isNarrowed ? static_cast<double>(static_cast<float>(number)) : number);
     }
     case SQLITE_TEXT:
         return SQLiteValue(textOf(statement, column, faithfulness, memory));

@@ -244,7 +244,7 @@ TEST(ChromeImporterTest, saysWhyARecordIsDropped) {
     EXPECT_EQ(reason({text, blob, blob}), "origin_url");
     EXPECT_EQ(reason({text, text, text}), "password_value");
     EXPECT_EQ(reason({SQLiteValue(std::int64_t{1}), text, blob}), "username_value");
-    EXPECT_EQ(reason({text, SQLiteValue(1.0F), blob}), "origin_url");
+    EXPECT_EQ(reason({text, SQLiteValue(1.0), blob}), "origin_url");
 }
 
 TEST(ChromeImporterTest, takesEveryRecordForAPassword) {
