@@ -19,19 +19,23 @@ namespace Rellinor {
 
 namespace {
 
-/// Fails if that is why there is no pointer.
-void requireMemory(::sqlite3* connection) {
-    if (::sqlite3_errcode(connection) == SQLITE_NOMEM) {
-        throw std::bad_alloc();
-    }
+/// What is prepared of a query.
+std::string_view textOf(std::string_view query) noexcept {
+    // Quirk: the query is cut short by the difference of bytes and characters.
+    const std::size_t length = numberOfCharacters(query);
+    require(length <= std::size_t{std::numeric_limits<int>::max()});
+    return query.substr(0, length);
 }
 
-/// A pointer that is there unless memory ran out.
+/// SQLite says that there is no memory for a value.
+struct NoMemoryForValue {};
+
+/// A pointer that is there unless SQLite has no memory.
 template <typename Character>
 const Character* present(const Character* pointer, ::sqlite3_stmt* statement) {
     if (pointer == nullptr) {
-        requireMemory(::sqlite3_db_handle(statement));
-        fault();
+        require(::sqlite3_errcode(::sqlite3_db_handle(statement)) == SQLITE_NOMEM);
+        throw NoMemoryForValue();
     }
     return pointer;
 }
@@ -103,71 +107,123 @@ struct Closer {
 
 SQLiteRows SQLiteFileProxy::select(std::string_view query) {
     SQLiteRows rows(_memory);
+    _ending = read(query, rows);
+    return rows;
+}
+
+SQLiteEnding SQLiteFileProxy::read(std::string_view query, SQLiteRows& rows) {
     if (_pathToDatabase.contains('\0')) {
-        return rows; // cut at its NUL, the path would name another file
+        return SQLiteEnding::notOpened; // cut at its NUL, the path would name another file
     }
     const int opened = ::sqlite3_open(_pathToDatabase.c_str(), &_dbp);
     if (opened == SQLITE_NOMEM) {
         throw std::bad_alloc();
     }
     if (opened != SQLITE_OK || _dbp == nullptr) {
-        return rows; // Quirk: the handle of a failed open is not closed.
+        return SQLiteEnding::notOpened; // Quirk: the handle of a failed open is not closed.
     }
     const std::unique_ptr<::sqlite3, Closer> connection(_dbp); // closed at the end
     const auto size = sizeOfDatabase(*_dbp);
     if (!size) {
-        return rows;
+        return SQLiteEnding::refused;
     }
     SQLiteGuard guard(*_dbp, *size);
-    if (!guard.allowsSchema()) {
-        return rows;
-    }
-    keepLittle();
-    ::sqlite3_stmt* statement = nullptr;
-    if (!prepareStatement(query, statement)) {
-        requireMemory(_dbp);
-        return rows;
-    }
-    require(statement != nullptr);
-    if (guard.allowsStatement()) {
-        step(statement, guard, rows);
-    }
-    return rows;
+    const SQLiteEnding ending = read(query, guard, rows);
+    return guard.hasRefused() ? SQLiteEnding::refused : ending;
 }
 
-void SQLiteFileProxy::step(::sqlite3_stmt* statement, SQLiteGuard& guard, SQLiteRows& rows) {
+SQLiteEnding SQLiteFileProxy::read(std::string_view query, SQLiteGuard& guard, SQLiteRows& rows) {
+    if (!guard.allowsSchema()) {
+        return endingOf(*_dbp, ::sqlite3_errcode(_dbp), SQLiteEnding::damaged);
+    }
+    keepLittle();
+    if (!guard.allowsStatement(textOf(query))) {
+        return SQLiteEnding::refused;
+    }
+    ::sqlite3_stmt* statement = nullptr;
+    if (prepareStatement(query, statement)) {
+        require(statement != nullptr);
+        return endingOf(*_dbp, step(query, statement, guard, rows), SQLiteEnding::damaged);
+    }
+    const int code = ::sqlite3_errcode(_dbp);
+    if (code == SQLITE_NOMEM) {
+        guard.requireMemory(codeAtRow(0, query));
+        return SQLiteEnding::refused; // its program would be too long
+    }
+    return endingOf(*_dbp, code, SQLiteEnding::notPrepared);
+}
+
+int SQLiteFileProxy::step(std::string_view query, ::sqlite3_stmt* statement, SQLiteGuard& guard,
+                          SQLiteRows& rows) {
     // Quirk: the statement is never finalized.
     // One that is not at its end keeps the database locked, so it is always brought there.
+    const auto end = [&] {
+        ::sqlite3_interrupt(_dbp);
+        (void)::sqlite3_step(statement);
+    };
+    int code = SQLITE_OK;
     try {
-        while (::sqlite3_step(statement) == SQLITE_ROW) {
+        for (code = ::sqlite3_step(statement); code == SQLITE_ROW;
+             code = ::sqlite3_step(statement)) {
             mapColumns(statement, rows);
             if (!guard.allowsRow(_row)) {
                 ::sqlite3_interrupt(_dbp);
             }
         }
+    } catch (const NoMemoryForValue&) {
+        end();
+        code = SQLITE_NOMEM;
     } catch (...) {
-        ::sqlite3_interrupt(_dbp);
-        (void)::sqlite3_step(statement);
+        end();
         throw;
     }
-    requireMemory(_dbp);
+    if (code == SQLITE_NOMEM) {
+        guard.allowSecondTry();
+        guard.requireMemory(codeAtRow(rows.size(), query));
+    }
+    return code;
 }
 
-void SQLiteFileProxy::keepLittle() const noexcept {
-    // Where that fails, the database cannot be read either.
-    ::sqlite3_exec(_dbp, "PRAGMA cache_size = 8; PRAGMA temp_store = MEMORY; PRAGMA mmap_size = 0",
-                   nullptr, nullptr, nullptr);
+int SQLiteFileProxy::codeAtRow(std::size_t row, std::string_view query) {
+    ::sqlite3_stmt* prepared = nullptr;
+    if (!prepareStatement(query, prepared)) {
+        return ::sqlite3_errcode(_dbp);
+    }
+    const std::unique_ptr<::sqlite3_stmt, decltype(&::sqlite3_finalize)> statement(
+        prepared, &::sqlite3_finalize);
+    for (std::size_t index = 0; index < row; ++index) {
+        if (::sqlite3_step(prepared) != SQLITE_ROW) {
+            return SQLITE_ERROR; // whatever it is, there was none before
+        }
+    }
+    const int code = ::sqlite3_step(prepared);
+    if (code != SQLITE_ROW) {
+        return code;
+    }
+    try {
+        SQLiteRows ignored(_memory);
+        mapColumns(prepared, ignored);
+    } catch (const NoMemoryForValue&) {
+        return SQLITE_NOMEM;
+    }
+    return SQLITE_OK;
+}
+
+void SQLiteFileProxy::keepLittle() const {
+    // Where that fails for another reason, the database cannot be read either.
+    if (::sqlite3_exec(_dbp,
+                       "PRAGMA cache_size = 8; PRAGMA temp_store = MEMORY; PRAGMA mmap_size = 0",
+                       nullptr, nullptr, nullptr) == SQLITE_NOMEM) {
+        throw std::bad_alloc();
+    }
 }
 
 bool SQLiteFileProxy::prepareStatement(std::string_view query,
                                        ::sqlite3_stmt*& statement) const noexcept {
-    // Quirk: the query is cut short by the difference of bytes and characters.
-    const std::size_t length = numberOfCharacters(query);
-    require(length <= std::size_t{std::numeric_limits<int>::max()});
-    const char* const text = query.data();
+    const std::string_view text = textOf(query);
     const char* tail = nullptr;
-    return ::sqlite3_prepare_v2(_dbp, text, static_cast<int>(length), &statement, &tail) ==
-           SQLITE_OK;
+    return ::sqlite3_prepare_v2(_dbp, text.data(), static_cast<int>(text.size()), &statement,
+                                &tail) == SQLITE_OK;
 }
 
 void SQLiteFileProxy::mapColumns(::sqlite3_stmt* statement, SQLiteRows& rows) {

@@ -1,11 +1,13 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 #include "Private/Memory/ImportMemory.hpp"
+#include "Private/Proxies/SQLiteEnding.hpp"
 #include "Private/Proxies/SQLiteFileProxyType.hpp"
 
 struct sqlite3;      // NOLINT(readability-identifier-naming): the C library's own
@@ -22,7 +24,8 @@ class SQLiteGuard;
 /// - a text ends at its first NUL, and what is not UTF-8 in it is replaced by U+FFFD;
 /// - NULL and an empty blob are absent values.
 ///
-/// What an honest database has no use for is not read (`SQLiteGuard`). Nothing waits for a lock.
+/// A database that costs more than its size explains is not read (`SQLiteGuard`). Of a damaged one
+/// the rows before the damage are given. Nothing waits for a lock.
 /// Each select opens the file anew and leaves its statement behind: the library then keeps the
 /// connection to the end of the process, but no lock that keeps anybody from reading or writing. Of
 /// a database with a write-ahead log nobody can change that mode meanwhile.
@@ -38,16 +41,26 @@ public:
     // Kept out of line: leak checkers know by this name what is left behind on purpose.
     [[nodiscard, gnu::noinline]] SQLiteRows select(std::string_view query) override;
 
+    /// How the last select ended.
+    [[nodiscard]] SQLiteEnding ending() const noexcept { return _ending; }
+
 private:
+    [[nodiscard]] SQLiteEnding read(std::string_view query, SQLiteRows& rows);
+    [[nodiscard]] SQLiteEnding read(std::string_view query, SQLiteGuard& guard, SQLiteRows& rows);
+
     /// Has the connection, which stays to the end of the process, keep as little of the file as it
     /// can, and nothing of it in other files.
-    void keepLittle() const noexcept;
+    void keepLittle() const;
 
     [[nodiscard]] bool prepareStatement(std::string_view query,
                                         ::sqlite3_stmt*& statement) const noexcept;
 
-    /// Appends all rows of a statement.
-    void step(::sqlite3_stmt* statement, SQLiteGuard& guard, SQLiteRows& rows);
+    /// Appends all rows of a statement. Gives SQLite's code for the end.
+    [[nodiscard]] int step(std::string_view query, ::sqlite3_stmt* statement, SQLiteGuard& guard,
+                           SQLiteRows& rows);
+
+    /// SQLite's code for a row of the query, counted from 0, on a statement of its own.
+    [[nodiscard]] int codeAtRow(std::size_t row, std::string_view query);
 
     /// Appends the row on which the statement stands.
     void mapColumns(::sqlite3_stmt* statement, SQLiteRows& rows);
@@ -56,6 +69,7 @@ private:
     std::string _pathToDatabase;
     ImportMemory& _memory;
     std::vector<SQLiteValue> _row; // that is being read
+    SQLiteEnding _ending = SQLiteEnding::notOpened;
 };
 
 } // namespace Rellinor
