@@ -3,7 +3,6 @@
 
 #include <filesystem>
 #include <fstream>
-#include <new>
 #include <string>
 
 #include "Fuzzers/Driver/Fuzzer.hpp"
@@ -24,15 +23,10 @@ std::size_t byteAt(std::string_view input, std::size_t place) {
 void select(const std::string& path) {
     ImportMemory memory;
     SQLiteFileProxy proxy(path, memory);
-    try {
-        for (const SQLiteRow& row : proxy.select("SELECT a, b FROM t")) {
-            for (const std::string_view name : row.names()) {
-                expect(row[name].has_value());
-            }
+    for (const SQLiteRow& row : proxy.select("SELECT a, b FROM t")) {
+        for (const std::string_view name : row.names()) {
+            expect(row[name].has_value());
         }
-    } catch (const std::bad_alloc&) {
-        // SQLite says so of a damaged cell that claims nearly 4 GiB.
-        return;
     }
 }
 

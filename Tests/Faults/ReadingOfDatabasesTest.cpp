@@ -298,7 +298,7 @@ TEST_F(ReadingOfDatabasesTest, arePlayedBackIfTheirJournalsComeInSmallPieces) {
                                 : systemReadAt(descriptor, target, std::min(size, 1UZ), place);
     };
     EXPECT_EQ(Reading(database).whole(), whole);
-    EXPECT_EQ(reads, 2 * (8U + 28U)); // the end and the header
+    EXPECT_EQ(reads, 2 * (16U + 28U)); // the end and the header
 }
 
 TEST_F(ReadingOfDatabasesTest, areLeftAloneIfTheirJournalsCannotBeRead) {

@@ -107,6 +107,56 @@ TEST_P(StackOfDatabasesTest, needsNoMoreForDeepSchemas) {
     }
 }
 
+TEST_P(StackOfDatabasesTest, needsNoMoreForDeepViewsAndColumns) {
+    const bool isChrome = GetParam().source == ImportSource::chrome;
+    const std::string name = isChrome ? "logins" : "moz_logins";
+    const std::string columns = isChrome ? "origin_url, username_value, blacklisted_by_user, "
+                                           "password_value"
+                                         : "hostname, encryptedUsername, encryptedPassword";
+    const std::string stored = "CREATE TABLE stored (" + columns + ")";
+    const auto viewsOf = [&](int count, const std::string& select) {
+        std::vector<std::string> statements = {stored, "CREATE VIEW v0 AS SELECT * FROM stored"};
+        for (int level = 1; level <= count; ++level) {
+            std::string text = "CREATE VIEW v" + std::to_string(level) + " AS ";
+            text += select;
+            text += std::to_string(level - 1);
+            statements.push_back(text);
+        }
+        statements.push_back("CREATE VIEW " + name + " AS SELECT * FROM v" + std::to_string(count));
+        return statements;
+    };
+    const std::string sum = repeated(" || ''", 90);
+    std::string chain = "stat0 AS (tbl" + repeated(" + 1", 900) + ")";
+    for (int column = 1; column < 50; ++column) {
+        chain += ", stat" + std::to_string(column) + " AS (stat" + std::to_string(column - 1) +
+                 repeated(" + 1", 900) + ")";
+    }
+    for (const std::vector<std::string>& statements :
+         {viewsOf(90, "SELECT * FROM v"), viewsOf(1000, "SELECT * FROM v"),
+          viewsOf(4, "SELECT " + columns + sum + " AS " + columns.substr(columns.rfind(' ')) +
+                         " FROM v"),
+          std::vector<std::string>{stored, "CREATE VIEW " + name + " AS SELECT * FROM stored" +
+                                               repeated(" UNION SELECT * FROM stored", 90)},
+          std::vector<std::string>{stored, "CREATE VIEW " + name + " AS SELECT * FROM stored" +
+                                               repeated(" UNION SELECT * FROM stored", 490)},
+          std::vector<std::string>{"CREATE TABLE " + name + " (" + columns + " AS ('x'" +
+                                   repeated(" || 'x'", 280) + "))"},
+          std::vector<std::string>{"CREATE TABLE " + name + " (" + columns + " AS ('x'" +
+                                   repeated(" || 'x'", 900) + "))"},
+          std::vector<std::string>{
+              "CREATE TABLE " + name + " (" + columns + ")", "CREATE TABLE u (tbl)",
+              "INSERT INTO u VALUES (1)", "PRAGMA writable_schema = ON",
+              "UPDATE sqlite_master SET name = 'sqlite_stat1', tbl_name = 'sqlite_stat1', sql = "
+              "'CREATE TABLE sqlite_stat1 (tbl, idx, " +
+                  chain + ", stat AS (stat49))' WHERE name = 'u'"}}) {
+        const TemporaryFolder folder;
+        Connection(GetParam().fileIn(folder)).execute(statements);
+        onSmallStack(smallStack, [&] {
+            EXPECT_EQ(outcomeOf(GetParam().source, GetParam().importedIn(folder)), Outcome{});
+        });
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Importers, StackTest, testing::ValuesIn(allExports()), nameOf);
 INSTANTIATE_TEST_SUITE_P(Importers, StackOfDatabasesTest, testing::ValuesIn(allDatabases()),
                          nameOf);

@@ -163,13 +163,13 @@ TEST(ReferencesTest, databasesAreReadOnAConnectionOfTheirOwn) {
                  "CREATE TABLE moz_logins (hostname, encryptedUsername, encryptedPassword)",
                  "INSERT INTO moz_logins VALUES ('h', 'u', 'p'), ('h', 'u', NULL)"});
     EXPECT_EQ(referenceSelect(path, "SELECT a, b FROM t"),
-              (std::vector<DatabaseRow>{{{"a", 1}, {"b", {}}}, {{"a", "a"}, {"b", 0.1F}}}));
+              (std::vector<Values>{{{"a", 1}, {"b", {}}}, {{"a", "a"}, {"b", 0.1F}}}));
     EXPECT_TRUE(referenceSelect(path, "SELECT c FROM t").empty());
     EXPECT_EQ(referenceSignonsImport(path),
               (Outcome{.passwords = {{.username = "u", .password = "p", .url = "h"}}}));
-    EXPECT_EQ(referenceBase64({'v', '1', '0'}), "djEw");
-    EXPECT_EQ(referenceBase64({'v', '1'}), "djE=");
-    EXPECT_EQ(referenceBase64({'v'}), "dg==");
+    EXPECT_EQ(referenceBase64("v10"), "djEw");
+    EXPECT_EQ(referenceBase64("v1"), "djE=");
+    EXPECT_EQ(referenceBase64("v"), "dg==");
 }
 
 } // namespace

@@ -37,6 +37,18 @@ std::string database(const TemporaryFolder& folder, const Statements& statements
     return path;
 }
 
+void claimMemory(const std::string& path) {
+    // A cell with a payload of 2^32 - 1 bytes, a key, and a head that goes beyond the page.
+    constexpr std::size_t page = 512;
+    constexpr std::size_t place = 96;
+    constexpr std::size_t placeOfThird = 12;
+
+    std::string bytes = contentsOf(path);
+    bytes.replace(page + place, 7, "\x8f\xff\xff\xff\x7f\x03\x63");
+    bytes.replace(page + placeOfThird, 2, std::string{'\0', char{place}});
+    std::ofstream(path, std::ios::binary) << bytes;
+}
+
 void damageLongTexts(const std::string& path) {
     constexpr std::size_t pageSize = 4096;
 

@@ -35,6 +35,10 @@ private:
 /// An SQL expression for a text of so many zeros that it takes pages of its own.
 inline const std::string longText = "hex(zeroblob(9000))";
 
+/// Damages the third row of the first table of a database with pages of 512 bytes: it claims 4 GiB,
+/// which SQLite takes for a lack of memory.
+void claimMemory(const std::string& path);
+
 /// Damages the pages that the long texts of a database take, so that reading one is an error.
 void damageLongTexts(const std::string& path);
 

@@ -13,8 +13,9 @@ namespace {
 bool isRefusal(::sqlite3& connection) noexcept {
     const std::string_view message = ::sqlite3_errmsg(&connection);
     return message.ends_with(::sqlite3_errstr(SQLITE_TOOBIG)) ||
-           message.starts_with("no such module: ") ||
-           message.starts_with("Expression tree is too large");
+           message.starts_with("no such module: ") || message.starts_with("unsafe use of ") ||
+           message.starts_with("Expression tree is too large") ||
+           message == "LIKE or GLOB pattern too complex";
 }
 
 } // namespace
@@ -38,6 +39,7 @@ SQLiteEnding endingOf(::sqlite3& connection, int code, SQLiteEnding otherwise) n
     case SQLITE_PROTOCOL:
         return SQLiteEnding::locked;
     case SQLITE_INTERRUPT:
+    case SQLITE_TOOBIG:
         return SQLiteEnding::refused;
     case SQLITE_CORRUPT:
     case SQLITE_ERROR:

@@ -20,19 +20,15 @@ namespace Rellinor {
 
 namespace {
 
-/// Fails if that is why there is no pointer.
-void requireMemory(::sqlite3* connection) {
-    if (::sqlite3_errcode(connection) == SQLITE_NOMEM) {
-        throw std::bad_alloc();
-    }
-}
+/// SQLite says that there is no memory for a value.
+struct NoMemoryForValue {};
 
-/// A pointer that is there unless memory ran out.
+/// A pointer that is there unless SQLite has no memory.
 template <typename Character>
 const Character* present(const Character* pointer, ::sqlite3_stmt* statement) {
     if (pointer == nullptr) {
-        requireMemory(::sqlite3_db_handle(statement));
-        fault();
+        require(::sqlite3_errcode(::sqlite3_db_handle(statement)) == SQLITE_NOMEM);
+        throw NoMemoryForValue();
     }
     return pointer;
 }
@@ -153,61 +149,113 @@ SQLiteEnding SQLiteFileProxy::readSnapshot(std::string_view query, SQLiteRows& r
 
 SQLiteEnding SQLiteFileProxy::read(std::string_view query, std::int64_t size, SQLiteRows& rows) {
     SQLiteGuard guard(*_dbp, size);
-    if (!guard.allowsSchema()) {
-        return endingOf(*_dbp, ::sqlite3_errcode(_dbp), SQLiteEnding::refused);
-    }
-    keepLittle();
-    ::sqlite3_stmt* prepared = nullptr;
-    if (!prepareStatement(query, prepared)) {
-        requireMemory(_dbp);
-        return SQLiteEnding::notPrepared;
-    }
-    require(prepared != nullptr);
-    // Quirk: the statement is never finalized.
-    const Statement statement(_snapshot != nullptr ? prepared : nullptr, &::sqlite3_finalize);
-    return guard.allowsStatement() ? step(prepared, guard, rows) : SQLiteEnding::refused;
+    const SQLiteEnding ending = read(preparedPartOf(query), guard, rows);
+    return guard.hasRefused() ? SQLiteEnding::refused : ending;
 }
 
-SQLiteEnding SQLiteFileProxy::step(::sqlite3_stmt* statement, SQLiteGuard& guard,
-                                   SQLiteRows& rows) {
+SQLiteEnding SQLiteFileProxy::read(std::string_view query, SQLiteGuard& guard, SQLiteRows& rows) {
+    if (!guard.allowsSchema()) {
+        return endingOf(*_dbp, ::sqlite3_errcode(_dbp), SQLiteEnding::damaged);
+    }
+    keepLittle();
+    if (!guard.allowsStatement(query)) {
+        return SQLiteEnding::refused;
+    }
+    ::sqlite3_stmt* statement = nullptr;
+    if (prepareStatement(query, statement)) {
+        require(statement != nullptr);
+        // Quirk: the statement is never finalized.
+        const Statement ofSnapshot(_snapshot != nullptr ? statement : nullptr, &::sqlite3_finalize);
+        return endingOf(*_dbp, step(query, statement, guard, rows), SQLiteEnding::damaged);
+    }
+    const int code = ::sqlite3_errcode(_dbp);
+    if (code == SQLITE_NOMEM) {
+        guard.requireMemory(codeAtRow(0, query));
+        return SQLiteEnding::refused; // its program would be too long
+    }
+    return endingOf(*_dbp, code, SQLiteEnding::notPrepared);
+}
+
+int SQLiteFileProxy::step(std::string_view query, ::sqlite3_stmt* statement, SQLiteGuard& guard,
+                          SQLiteRows& rows) {
     // A statement that is not at its end keeps the database locked, so it is always brought there.
+    const auto end = [&] {
+        ::sqlite3_interrupt(_dbp);
+        (void)::sqlite3_step(statement);
+    };
     int code = SQLITE_OK;
     try {
-        while ((code = ::sqlite3_step(statement)) == SQLITE_ROW) {
+        for (code = ::sqlite3_step(statement); code == SQLITE_ROW;
+             code = ::sqlite3_step(statement)) {
             mapColumns(statement, rows);
             if (!guard.allowsRow(_row)) {
                 ::sqlite3_interrupt(_dbp);
             }
         }
+    } catch (const NoMemoryForValue&) {
+        end();
+        code = SQLITE_NOMEM;
     } catch (...) {
-        ::sqlite3_interrupt(_dbp);
-        (void)::sqlite3_step(statement);
+        end();
         throw;
     }
-    requireMemory(_dbp);
-    return endingOf(*_dbp, code, SQLiteEnding::damaged);
+    if (code == SQLITE_NOMEM) {
+        guard.allowSecondTry();
+        guard.requireMemory(codeAtRow(rows.size(), query));
+    }
+    return code;
 }
 
-void SQLiteFileProxy::keepLittle() const noexcept {
-    // Where that fails, the database cannot be read either.
-    ::sqlite3_exec(_dbp, "PRAGMA cache_size = 8; PRAGMA temp_store = MEMORY", nullptr, nullptr,
-                   nullptr);
+int SQLiteFileProxy::codeAtRow(std::size_t row, std::string_view query) {
+    ::sqlite3_stmt* prepared = nullptr;
+    if (!prepareStatement(query, prepared)) {
+        return ::sqlite3_errcode(_dbp);
+    }
+    const Statement statement(prepared, &::sqlite3_finalize);
+    for (std::size_t index = 0; index < row; ++index) {
+        if (::sqlite3_step(prepared) != SQLITE_ROW) {
+            return SQLITE_ERROR; // whatever it is, there was none before
+        }
+    }
+    const int code = ::sqlite3_step(prepared);
+    if (code != SQLITE_ROW) {
+        return code;
+    }
+    try {
+        SQLiteRows ignored(_memory);
+        mapColumns(prepared, ignored);
+    } catch (const NoMemoryForValue&) {
+        return SQLITE_NOMEM;
+    }
+    return SQLITE_OK;
+}
+
+void SQLiteFileProxy::keepLittle() const {
     // The pages of a snapshot are read where they stand.
-    ::sqlite3_exec(
-        _dbp, _snapshot != nullptr ? "PRAGMA mmap_size = 281474976710656" : "PRAGMA mmap_size = 0",
-        nullptr, nullptr, nullptr);
+    const char* const pragmas =
+        _snapshot != nullptr
+            ? "PRAGMA cache_size = 8; PRAGMA temp_store = MEMORY; PRAGMA mmap_size = "
+              "281474976710656"
+            : "PRAGMA cache_size = 8; PRAGMA temp_store = MEMORY; PRAGMA mmap_size = 0";
+    // Where that fails for another reason, the database cannot be read either.
+    if (::sqlite3_exec(_dbp, pragmas, nullptr, nullptr, nullptr) == SQLITE_NOMEM) {
+        throw std::bad_alloc();
+    }
+}
+
+std::string_view SQLiteFileProxy::preparedPartOf(std::string_view query) const noexcept {
+    // Quirk: the query is cut short by the difference of bytes and characters.
+    const bool isCut = _faithfulness == SQLiteFaithfulness::narrowed;
+    const std::string_view part = query.substr(0, isCut ? numberOfCharacters(query) : query.size());
+    require(part.size() <= std::size_t{std::numeric_limits<int>::max()});
+    return part;
 }
 
 bool SQLiteFileProxy::prepareStatement(std::string_view query,
                                        ::sqlite3_stmt*& statement) const noexcept {
-    // Quirk: the query is cut short by the difference of bytes and characters.
-    const bool isCut = _faithfulness == SQLiteFaithfulness::narrowed;
-    const std::size_t length = isCut ? numberOfCharacters(query) : query.size();
-    require(length <= std::size_t{std::numeric_limits<int>::max()});
-    const char* const text = query.data();
     const char* tail = nullptr;
-    return ::sqlite3_prepare_v2(_dbp, text, static_cast<int>(length), &statement, &tail) ==
-           SQLITE_OK;
+    return ::sqlite3_prepare_v2(_dbp, query.data(), static_cast<int>(query.size()), &statement,
+                                &tail) == SQLITE_OK;
 }
 
 void SQLiteFileProxy::mapColumns(::sqlite3_stmt* statement, SQLiteRows& rows) {

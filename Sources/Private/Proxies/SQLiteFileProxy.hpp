@@ -27,7 +27,8 @@ enum class SQLiteFaithfulness : std::uint8_t {
     whole,
 };
 
-/// Reads SQLite databases. What an honest database has no use for is not read (`SQLiteGuard`).
+/// Reads SQLite databases. A database that costs more than its size explains is not read
+/// (`SQLiteGuard`). Of a damaged one the rows before the damage are given.
 ///
 /// A database in its place is read through the C library's plain calls: the file is opened for
 /// reading and writing, and created empty if there is none. Nothing waits for a lock. Each select
@@ -60,17 +61,24 @@ private:
     [[nodiscard]] SQLiteEnding readInPlace(std::string_view query, SQLiteRows& rows);
     [[nodiscard]] SQLiteEnding readSnapshot(std::string_view query, SQLiteRows& rows);
     [[nodiscard]] SQLiteEnding read(std::string_view query, std::int64_t size, SQLiteRows& rows);
+    [[nodiscard]] SQLiteEnding read(std::string_view query, SQLiteGuard& guard, SQLiteRows& rows);
 
-    /// Has the connection, which stays to the end of the process, keep as little of the file as it
-    /// can, and nothing of it in other files.
-    void keepLittle() const noexcept;
+    /// Has the connection, which may stay to the end of the process, keep as little of the file as
+    /// it can, and nothing of it in other files.
+    void keepLittle() const;
+
+    /// What is prepared of a query.
+    [[nodiscard]] std::string_view preparedPartOf(std::string_view query) const noexcept;
 
     [[nodiscard]] bool prepareStatement(std::string_view query,
                                         ::sqlite3_stmt*& statement) const noexcept;
 
-    /// Appends all rows of a statement.
-    [[nodiscard]] SQLiteEnding step(::sqlite3_stmt* statement, SQLiteGuard& guard,
-                                    SQLiteRows& rows);
+    /// Appends all rows of a statement. Gives SQLite's code for the end.
+    [[nodiscard]] int step(std::string_view query, ::sqlite3_stmt* statement, SQLiteGuard& guard,
+                           SQLiteRows& rows);
+
+    /// SQLite's code for a row of the query, counted from 0, on a statement of its own.
+    [[nodiscard]] int codeAtRow(std::size_t row, std::string_view query);
 
     /// Appends the row on which the statement stands.
     void mapColumns(::sqlite3_stmt* statement, SQLiteRows& rows);

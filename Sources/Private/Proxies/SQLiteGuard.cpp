@@ -1,187 +1,297 @@
 #include "Private/Proxies/SQLiteGuard.hpp"
 
 #include <algorithm>
+#include <array>
+#include <memory>
 #include <new>
-#include <string_view>
 
 #include <sqlite3.h>
+
+#include "Private/Proxies/SQLiteExpansion.hpp"
+#include "Private/Proxies/SQLiteProgram.hpp"
 
 namespace Rellinor {
 
 namespace {
 
-// A schema is parsed before anybody can ask what is in it. That takes no steps but a time that may
-// grow with the square of a statement. A browser's has some twenty objects, of less than 2 KB each.
-constexpr std::int64_t stepsForSchema = 1 << 12; // six or seven for an object
-constexpr std::int64_t pagesForSchema = 1 << 14;
-constexpr std::int64_t longestObject = 1 << 14;
-constexpr int mostInstructions = 1 << 16;
-
-// An honest row takes about 20 steps and 14 bytes at least, and looks into few pages besides its
-// own. Looking into a page takes the longer the larger it is.
-constexpr std::int64_t stepsForByte = 16;
-constexpr std::int64_t stepsOnCredit = 1 << 20;
-constexpr std::int64_t pageBytesForByte = 1 << 10;
-constexpr std::int64_t pageBytesOnCredit = std::int64_t{1} << 32U;
-constexpr int stepsBetweenChecks = 1 << 9;
-
-constexpr int largestPage = 1 << 16;
 constexpr std::int64_t largestSize = std::int64_t{1} << 48U; // so that nothing overflows
 
-// A byte that is not UTF-8 is repaired to three. What comes of a value is shorter than 4 GiB.
-constexpr std::int64_t bytesForByte = 3;
-constexpr std::int64_t longestValue = 1'000'000'000; // as SQLite has it by default
+// How long a value may be. In a table, only damage makes one longer than all of the database.
+constexpr std::int64_t leastLimit = 1 << 20;
+constexpr std::int64_t mostLimit = 1'000'000'000; // as SQLite has it by default
 
-/// A text as a literal of SQL.
-std::string literal(std::string_view text) {
-    std::string quoted = "'";
-    for (const char character : text) {
-        quoted.append(character == '\'' ? 2 : 1, character);
+// The text that makes a table, view, index or trigger. SQLite takes up to two seconds to read this.
+constexpr int longestObject = 1 << 18;
+
+// What rows may hold. A byte that is not UTF-8 is repaired to three.
+constexpr std::int64_t bytesOnCredit = 1 << 24;
+constexpr std::int64_t bytesForByte = 3;
+constexpr std::int64_t computedBytesForByte = 16;
+
+// What a query that computes may do. SQLite does not ask whether to go on before a jump, so the
+// length of the program limits the length of the values that it works on.
+constexpr int mostInstructions = 1 << 16;
+constexpr int longestPattern = 128;
+constexpr std::int64_t workOnCredit = 1 << 28; // bytes
+constexpr std::int64_t workForByte = 64;
+
+// A row of a schema takes seven steps. Each may take as long as its text.
+constexpr int stepsBetweenObjects = 4;
+constexpr int stepsBetweenChecks = 64;
+
+// What SQLite may need at most, before the lack of it is a lack of memory.
+constexpr std::int64_t plainMemory = 1 << 24;
+constexpr std::int64_t computingMemory = 1 << 29;
+constexpr std::int64_t memoryForByte = 4;
+constexpr std::int64_t mostMemory = 1 << 30;
+
+/// Limits, for a scope, within which no schema computes: all that an expression may be is a column,
+/// a value, or a function without arguments. They leave room for columns that are computed of each
+/// other in 256 KiB of stack.
+class PlainSchemaLimits {
+public:
+    explicit PlainSchemaLimits(::sqlite3& connection) noexcept : _connection(connection) {
+        exchange();
     }
-    return quoted += '\'';
+
+    ~PlainSchemaLimits() { exchange(); }
+
+    PlainSchemaLimits(const PlainSchemaLimits&) = delete;
+    PlainSchemaLimits& operator=(const PlainSchemaLimits&) = delete;
+
+private:
+    struct Limit {
+        int name;
+        int value;
+    };
+
+    void exchange() noexcept {
+        for (Limit& limit : _limits) {
+            limit.value = ::sqlite3_limit(&_connection, limit.name, limit.value);
+        }
+    }
+
+    ::sqlite3& _connection;
+    std::array<Limit, 3> _limits = {{{.name = SQLITE_LIMIT_FUNCTION_ARG, .value = 0},
+                                     {.name = SQLITE_LIMIT_EXPR_DEPTH, .value = 1},
+                                     {.name = SQLITE_LIMIT_COLUMN, .value = 100}}};
+};
+
+void configure(::sqlite3& connection, int option, int value) noexcept {
+    (void)::sqlite3_db_config(&connection, option, value, nullptr); // NOLINT(*-vararg)
 }
 
-/// Whether a query comes to its end and all of its rows are such.
+/// Calls `use` with each row of a query. Gives SQLite's code.
 ///
 /// @throws std::bad_alloc
-bool areAll(::sqlite3& connection, const std::string& query, auto isSuch) {
-    ::sqlite3_stmt* statement = nullptr;
-    int code = ::sqlite3_prepare_v2(&connection, query.c_str(), -1, &statement, nullptr);
-    bool areSuch = true;
-    if (code == SQLITE_OK) {
-        while (::sqlite3_step(statement) == SQLITE_ROW) {
-            areSuch = areSuch && isSuch(statement);
+int forEachRow(::sqlite3& connection, const char* query, auto use) {
+    ::sqlite3_stmt* prepared = nullptr;
+    int code = ::sqlite3_prepare_v2(&connection, query, -1, &prepared, nullptr);
+    const std::unique_ptr<::sqlite3_stmt, decltype(&::sqlite3_finalize)> statement(
+        prepared, &::sqlite3_finalize);
+    while (code == SQLITE_OK || code == SQLITE_ROW) {
+        code = ::sqlite3_step(prepared);
+        if (code == SQLITE_ROW) {
+            use(prepared);
         }
-        code = ::sqlite3_finalize(statement); // what the last step gave
     }
     if (code == SQLITE_NOMEM) {
         throw std::bad_alloc();
     }
-    return code == SQLITE_OK && areSuch;
+    return code == SQLITE_DONE ? SQLITE_OK : code;
 }
 
-/// Whether columns of a table stand in it, and are not computed when they are read.
-bool areStored(::sqlite3& connection, const std::string& table,
-               const std::vector<std::string>& columns) {
-    constexpr int name = 1;
-    constexpr int kind = 6;
-    constexpr int computed = 2;
+/// Whether a program calls a function that is not SQLite's own and may do harm.
+///
+/// @throws std::bad_alloc
+bool callsUnsafe(::sqlite3& connection, const SQLiteProgram& program) {
+    constexpr int name = 0;
+    constexpr int isOwn = 1;
+    constexpr int flags = 5;
 
-    return areAll(
-        connection, "PRAGMA main.table_xinfo(" + literal(table) + ")", [&](::sqlite3_stmt* column) {
-            const void* const text = ::sqlite3_column_text(column, name);
-            return ::sqlite3_column_int(column, kind) != computed ||
-                   (text != nullptr &&
-                    std::ranges::find(columns, static_cast<const char*>(text)) == columns.end());
-        });
-}
-
-/// How many pages were looked into since this was last asked.
-std::int64_t pagesReadOf(::sqlite3& connection) noexcept {
-    std::int64_t count = 0;
-    for (const int status : {SQLITE_DBSTATUS_CACHE_HIT, SQLITE_DBSTATUS_CACHE_MISS}) {
-        int pages = 0;
-        int ignored = 0;
-        (void)::sqlite3_db_status(&connection, status, &pages, &ignored, 1);
-        count += pages;
-    }
-    return count;
+    bool isUnsafe = false;
+    const auto look = [&](::sqlite3_stmt* function) {
+        const void* const text = ::sqlite3_column_text(function, name);
+        isUnsafe = isUnsafe ||
+                   (::sqlite3_column_int(function, isOwn) == 0 &&
+                    (::sqlite3_column_int(function, flags) & SQLITE_INNOCUOUS) == 0 &&
+                    text != nullptr && program.functions.contains(static_cast<const char*>(text)));
+    };
+    return forEachRow(connection, "PRAGMA function_list", look) != SQLITE_OK || isUnsafe;
 }
 
 } // namespace
 
 SQLiteGuard::SQLiteGuard(::sqlite3& connection, std::int64_t size) noexcept
-    : _connection(connection), _size(std::min(size, largestSize)), _stepsLeft(stepsForSchema),
-      _pagesLeft(pagesForSchema), _bytesLeft(_size * bytesForByte) {
-    const auto set = [&](int option, int value) {
-        (void)::sqlite3_db_config(&connection, option, value, nullptr); // NOLINT(*-vararg)
-    };
-    set(SQLITE_DBCONFIG_DEFENSIVE, 1);
-    set(SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0);
-    set(SQLITE_DBCONFIG_ENABLE_VIEW, 0);
-    set(SQLITE_DBCONFIG_ENABLE_TRIGGER, 0);
+    : _connection(connection), _size(std::min(size, largestSize)),
+      _longestValue(std::clamp(_size, leastLimit, mostLimit)),
+      _bytesLeft(bytesOnCredit + _size * bytesForByte), _meter(connection, _size) {
+    configure(connection, SQLITE_DBCONFIG_DEFENSIVE, 1);
+    configure(connection, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0);
+    configure(connection, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0);
     // Nothing is to be written, not even what stands in a write-ahead log.
-    set(SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1);
-    // No virtual table: making a connection to one runs code that believes what the database says.
+    configure(connection, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1);
+    // Virtual tables are code that believes what the database says.
     (void)::sqlite3_drop_modules(&connection, nullptr);
+    (void)::sqlite3_limit(&connection, SQLITE_LIMIT_LENGTH, static_cast<int>(_longestValue));
+    (void)::sqlite3_limit(&connection, SQLITE_LIMIT_SQL_LENGTH, longestObject);
     (void)::sqlite3_limit(&connection, SQLITE_LIMIT_VDBE_OP, mostInstructions);
-    ::sqlite3_progress_handler(&connection, stepsBetweenChecks, &takesSteps, this);
-}
-
-SQLiteGuard::~SQLiteGuard() {
-    (void)::sqlite3_set_authorizer(&_connection, nullptr, nullptr);
-    ::sqlite3_progress_handler(&_connection, 0, nullptr, nullptr);
+    _meter.measureTime(stepsBetweenObjects);
 }
 
 bool SQLiteGuard::allowsSchema() {
-    // One call of a function may take hours, which nothing can interrupt, and statistics that are
-    // computed by calling it are read with the schema.
-    const int mostArguments = ::sqlite3_limit(&_connection, SQLITE_LIMIT_FUNCTION_ARG, 0);
-    (void)::sqlite3_limit(&_connection, SQLITE_LIMIT_LENGTH, int{longestObject});
-    if (!areAll(_connection, "SELECT rootpage FROM main.sqlite_master LIMIT 1",
-                [](::sqlite3_stmt* /*row*/) { return true; })) {
+    int code = SQLITE_OK;
+    {
+        const PlainSchemaLimits limits(_connection);
+        code = readSchema();
+    }
+    if (code == SQLITE_OK && !hasViews()) {
+        return true;
+    }
+    // A schema that is not plain has the code of a damaged one.
+    if ((code != SQLITE_OK && code != SQLITE_CORRUPT) || !allowsTexts()) {
         return false;
     }
-    (void)::sqlite3_limit(&_connection, SQLITE_LIMIT_FUNCTION_ARG, mostArguments);
-    // Only damage makes a value longer than all of the database.
-    const auto length = static_cast<int>(std::clamp(_size, longestObject, longestValue));
-    (void)::sqlite3_limit(&_connection, SQLITE_LIMIT_LENGTH, length);
-    (void)::sqlite3_set_authorizer(&_connection, &readsTable, this);
-    return true;
+    // Functions are only looked up here, those too that nothing in a schema may call.
+    configure(_connection, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 1);
+    code = readSchema();
+    configure(_connection, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0);
+    return code == SQLITE_OK;
 }
 
-bool SQLiteGuard::allowsStatement() {
-    if (_lacksMemory) {
-        throw std::bad_alloc();
+bool SQLiteGuard::allowsTexts() {
+    // What is not plain is left out now, and with it statistics that are computed.
+    configure(_connection, SQLITE_DBCONFIG_WRITABLE_SCHEMA, 1);
+    {
+        const PlainSchemaLimits limits(_connection);
+        if (readSchema() != SQLITE_OK) {
+            return false;
+        }
     }
-    allowRows();
-    return std::ranges::all_of(_columnsRead, [&](const auto& read) {
-        return areStored(_connection, read.first, read.second);
-    });
+    _schema.emplace();
+    std::int64_t bytesLeft = _bytesLeft;
+    const auto add = [&](::sqlite3_stmt* row) {
+        const void* const text = ::sqlite3_column_text(row, 0);
+        bytesLeft -= ::sqlite3_column_bytes(row, 0);
+        if (text != nullptr && bytesLeft >= 0) {
+            _schema->add(static_cast<const char*>(text));
+        }
+    };
+    if (forEachRow(_connection, "SELECT sql FROM main.sqlite_master", add) != SQLITE_OK) {
+        return false;
+    }
+    if (bytesLeft < 0 || _schema->computesStatistics()) {
+        return refuse();
+    }
+    // Now SQLite forgets what it has read.
+    return forEachRow(_connection, "PRAGMA writable_schema = RESET", [](::sqlite3_stmt*) {}) ==
+           SQLITE_OK;
 }
 
-void SQLiteGuard::allowRows() {
-    int pageSize = largestPage;
-    (void)areAll(_connection, "PRAGMA main.page_size", [&](::sqlite3_stmt* row) {
-        pageSize = ::sqlite3_column_int(row, 0);
+int SQLiteGuard::readSchema() const {
+    const auto read = [&] {
+        return ::sqlite3_table_column_metadata(&_connection, "main", "sqlite_master", nullptr,
+                                               nullptr, nullptr, nullptr, nullptr, nullptr);
+    };
+    const int code = read();
+    if (code == SQLITE_NOMEM) {
+        requireMemory(read());
+    }
+    return code;
+}
+
+bool SQLiteGuard::hasViews() const {
+    bool hasOne = false;
+    const int code =
+        forEachRow(_connection, "SELECT 1 FROM main.sqlite_master WHERE sql LIKE '%view%' LIMIT 1",
+                   [&](::sqlite3_stmt* /*row*/) { hasOne = true; });
+    return hasOne || code != SQLITE_OK;
+}
+
+bool SQLiteGuard::allowsStatement(std::string_view query) {
+    if (!_schema) {
+        _meter.countSteps();
         return true;
-    });
-    _stepsLeft = stepsOnCredit + _size * stepsForByte;
-    _pagesLeft = (pageBytesOnCredit + _size * pageBytesForByte) / pageSize;
+    }
+    if (!_schema->isBounded(query)) {
+        return refuse();
+    }
+    (void)::sqlite3_limit(&_connection, SQLITE_LIMIT_EXPR_DEPTH,
+                          int{SQLiteExpansion::deepestExpression});
+    (void)::sqlite3_limit(&_connection, SQLITE_LIMIT_LIKE_PATTERN_LENGTH, longestPattern);
+    _dearFunctions.emplace(_connection, workOnCredit + _size * workForByte);
+    SQLiteProgram program;
+    int code = readProgram(_connection, query, program);
+    if (code == SQLITE_ERROR && trustsFunctions(query)) {
+        code = readProgram(_connection, query, program);
+    }
+    if (code == SQLITE_NOMEM) {
+        requireMemory(readProgram(_connection, query, program));
+        return refuse(); // it is too long
+    }
+    if (code == SQLITE_OK) {
+        limit(program);
+    }
+    return true; // if it cannot be prepared, SQLite says why
+}
+
+bool SQLiteGuard::trustsFunctions(std::string_view query) {
+    // SQLite 3.38 to 3.40 holds its own functions of JSON for unsafe.
+    if (!std::string_view(::sqlite3_errmsg(&_connection)).starts_with("unsafe use of ")) {
+        return false;
+    }
+    configure(_connection, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 1);
+    SQLiteProgram program;
+    const bool isSafe = readProgram(_connection, query, program) != SQLITE_OK ||
+                        (!program.readsVirtualTable && !callsUnsafe(_connection, program));
+    configure(_connection, SQLITE_DBCONFIG_TRUSTED_SCHEMA, isSafe ? 1 : 0);
+    return isSafe;
+}
+
+void SQLiteGuard::limit(const SQLiteProgram& program) noexcept {
+    if (program.isPlain) {
+        _meter.countSteps();
+        return;
+    }
+    const std::int64_t longestValue = (workOnCredit + _size * workForByte) / program.weight;
+    (void)::sqlite3_limit(&_connection, SQLITE_LIMIT_LENGTH,
+                          static_cast<int>(std::min(longestValue, _longestValue)));
+    _bytesLeft = bytesOnCredit + _size * computedBytesForByte;
+    _bytesForValue = sizeof(SQLiteValue); // rows that nothing is stored for have no end
+    _meter.measureTime(stepsBetweenChecks);
 }
 
 bool SQLiteGuard::allowsRow(std::span<const SQLiteValue> values) noexcept {
     constexpr std::span<const char> noBytes;
 
+    _bytesLeft -= static_cast<std::int64_t>(values.size()) * _bytesForValue;
     for (const SQLiteValue& value : values) {
         _bytesLeft -= static_cast<std::int64_t>(value.text().value_or("").size());
         _bytesLeft -= static_cast<std::int64_t>(value.blob().value_or(noBytes).size());
     }
-    return _bytesLeft >= 0;
+    return _bytesLeft >= 0 || refuse();
 }
 
-int SQLiteGuard::readsTable(void* guard, int action, const char* table, const char* column,
-                            const char* /*schema*/, const char* view) noexcept {
-    if (view != nullptr) {
-        return SQLITE_DENY;
-    }
-    if (action != SQLITE_READ || table == nullptr || column == nullptr) {
-        return SQLITE_OK;
-    }
-    auto& self = *static_cast<SQLiteGuard*>(guard);
-    try {
-        self._columnsRead[table].emplace_back(column);
-    } catch (const std::bad_alloc&) {
-        self._lacksMemory = true;
-    }
-    return SQLITE_OK;
+bool SQLiteGuard::refuse() noexcept {
+    _hasRefused = true;
+    return false;
 }
 
-int SQLiteGuard::takesSteps(void* guard) noexcept {
-    auto& self = *static_cast<SQLiteGuard*>(guard);
-    self._stepsLeft -= stepsBetweenChecks;
-    self._pagesLeft -= pagesReadOf(self._connection);
-    return self._stepsLeft < 0 || self._pagesLeft < 0 ? 1 : 0;
+bool SQLiteGuard::hasRefused() const noexcept {
+    return _hasRefused || _meter.isUsedUp() || (_dearFunctions && _dearFunctions->isUsedUp());
+}
+
+void SQLiteGuard::requireMemory(int codeOfSecondTry) const {
+    const std::int64_t most =
+        (_schema ? computingMemory : plainMemory) + _longestValue * memoryForByte;
+    void* const memory =
+        codeOfSecondTry == SQLITE_NOMEM
+            ? ::sqlite3_malloc64(static_cast<std::uint64_t>(std::min(most, mostMemory)))
+            : nullptr;
+    if (memory == nullptr) {
+        throw std::bad_alloc();
+    }
+    ::sqlite3_free(memory);
 }
 
 } // namespace Rellinor

@@ -1,67 +1,94 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
+#include <optional>
 #include <span>
-#include <string>
-#include <vector>
+#include <string_view>
 
+#include "Private/Proxies/SQLiteDearFunctions.hpp"
+#include "Private/Proxies/SQLiteMeter.hpp"
+#include "Private/Proxies/SQLiteProgram.hpp"
+#include "Private/Proxies/SQLiteSchema.hpp"
 #include "Private/Proxies/SQLiteValue.hpp"
 
 struct sqlite3; // NOLINT(readability-identifier-naming): the C library's own
 
 namespace Rellinor {
 
-/// Watches over a connection to a database that anybody may have made, so that reading it costs no
-/// more than its size:
+/// Watches over a connection to a database that anybody may have made. A database is read if
+/// SQLite needs no more time, memory and stack than its size explains, whatever is in it:
 ///
-/// - views, virtual tables and columns that are computed as they are read are not read, triggers
-///   do not fire, and nothing that the schema says is trusted;
-/// - a schema that calls functions with arguments, or is far larger than any browser's, is not
-///   read;
-/// - a query that takes more steps, looks into more pages or gives more bytes than an honest file
-///   of the size could make it is broken off: tables may be knotted so that their rows never end.
+/// - A schema is plain if nothing in it computes, as in those of browsers. Then only knotted pages
+///   can do harm, so that rows never end: steps, pages and bytes are counted.
+/// - Any other schema is looked through before SQLite does what it says. A query that computes,
+///   since it reads a view or a computed column, has a limited time; the longer its program, the
+///   shorter are the values that it may work on.
+///
+/// Virtual tables are not read, since they are code that believes what the database says. Triggers
+/// do not fire, and nothing that the schema says is trusted.
 class SQLiteGuard {
 public:
     /// Begins to watch over an open connection, which lives longer.
     ///
     /// @param size  how many bytes the database has, with what lies beside it
     SQLiteGuard(::sqlite3& connection, std::int64_t size) noexcept;
-    ~SQLiteGuard();
+    ~SQLiteGuard() = default;
     SQLiteGuard(const SQLiteGuard&) = delete;
     SQLiteGuard& operator=(const SQLiteGuard&) = delete;
 
-    /// Reads the schema; whether it is such as a browser may have made. If not, no statement may be
-    /// prepared.
+    /// Reads the schema. If that fails or is refused, no statement may be prepared.
     ///
     /// @throws std::bad_alloc
     [[nodiscard]] bool allowsSchema();
 
-    /// Whether the statement that was prepared since reads plain tables alone. From now on the size
-    /// of the file limits what it may cost.
+    /// Whether a query may be prepared. Then it may be run too, up to what it may cost.
     ///
     /// @throws std::bad_alloc
-    [[nodiscard]] bool allowsStatement();
+    [[nodiscard]] bool allowsStatement(std::string_view query);
 
-    /// Whether the file has room for another row with these values.
+    /// Whether the database has room for another row with these values.
     [[nodiscard]] bool allowsRow(std::span<const SQLiteValue> values) noexcept;
 
-private:
-    /// From now on it is rows that are read, as many as the size of the database has room for.
-    void allowRows();
+    /// Whether something was not allowed, or was broken off.
+    [[nodiscard]] bool hasRefused() const noexcept;
 
-    // What SQLite calls.
-    static int readsTable(void* guard, int action, const char* table, const char* column,
-                          const char* schema, const char* view) noexcept;
-    static int takesSteps(void* guard) noexcept;
+    /// Lets the statement be run once more.
+    void allowSecondTry() noexcept { _meter.restart(); }
+
+    /// Fails if it was for lack of memory that SQLite said there is none. It also says so of a
+    /// damaged cell that claims 4 GiB, and of a program with more instructions than it may have.
+    ///
+    /// @param codeOfSecondTry  SQLite's, of the same done again
+    /// @throws std::bad_alloc  it does not say so again, or there is not what it needs
+    void requireMemory(int codeOfSecondTry) const;
+
+private:
+    /// Reads the schema, unless that is done, within the limits of the connection. Gives SQLite's
+    /// code.
+    [[nodiscard]] int readSchema() const;
+    [[nodiscard]] bool hasViews() const;
+
+    /// Looks through the texts of a schema that is not plain.
+    [[nodiscard]] bool allowsTexts();
+
+    /// Whether a query can be prepared once SQLite's own functions are trusted. Then they are.
+    [[nodiscard]] bool trustsFunctions(std::string_view query);
+
+    /// Limits what a query may cost.
+    void limit(const SQLiteProgram& program) noexcept;
+
+    /// Is false.
+    bool refuse() noexcept;
 
     ::sqlite3& _connection;
     std::int64_t _size;
-    std::map<std::string, std::vector<std::string>> _columnsRead; // of each table
-    bool _lacksMemory = false;                                    // for their names
-    std::int64_t _stepsLeft;
-    std::int64_t _pagesLeft;
+    std::int64_t _longestValue;
     std::int64_t _bytesLeft;
+    std::int64_t _bytesForValue = 0; // besides those of a text or blob
+    SQLiteMeter _meter;
+    std::optional<SQLiteSchema> _schema; // if it is not plain
+    std::optional<SQLiteDearFunctions> _dearFunctions;
+    bool _hasRefused = false;
 };
 
 } // namespace Rellinor

@@ -16,9 +16,11 @@ namespace {
 
 // The format is that of https://www.sqlite.org/fileformat2.html#the_rollback_journal. A journal
 // that belongs to several databases ends with the name of a file that lists them, the length of
-// that name, a checksum of it, and the magic.
+// that name, the sum of its bytes, and the magic.
 constexpr std::string_view magic = "\xD9\xD5\x05\xF9\x20\xA1\x63\xD7";
 constexpr std::size_t sizeBehindName = 16;
+constexpr std::size_t placeOfSum = 4;
+constexpr std::size_t placeOfMagic = 8;
 constexpr std::size_t placeOfPageCount = 16;
 constexpr std::size_t placeOfPageSize = 24;
 constexpr std::size_t sizeOfHeader = 28;
@@ -47,16 +49,46 @@ std::uint64_t sizeAfterPlayback(std::string_view header) noexcept {
     return numberAt(header, placeOfPageCount) * (pageSize == 0 ? largestPage : pageSize);
 }
 
-/// Whether a journal names no other file, and makes its database no larger than so many bytes.
-bool isHarmless(const std::string& journal, std::uint64_t size, std::uint64_t mostBytes) noexcept {
-    std::array<char, sizeOfHeader> header{};
-    std::array<char, magic.size()> end{};
-    if (size > sizeBehindName && (!readBytes(journal, size - end.size(), end) ||
-                                  std::string_view(end.data(), end.size()) == magic)) {
+/// Whether a name has this sum. SQLite adds characters, whose sign depends on the machine; a file
+/// may come from another.
+bool hasSum(std::string_view name, std::uint64_t expected) noexcept {
+    std::uint32_t withSign = 0;
+    std::uint32_t without = 0;
+    for (const char character : name) {
+        withSign += static_cast<std::uint32_t>(static_cast<signed char>(character));
+        without += static_cast<unsigned char>(character);
+    }
+    return withSign == expected || without == expected;
+}
+
+/// Whether a journal names another file, as far as SQLite believes it, or cannot be read.
+bool namesFile(const std::string& journal, std::uint64_t size) {
+    std::array<char, sizeBehindName> end{};
+    if (size <= end.size()) {
         return false;
     }
-    return size < header.size() || (readBytes(journal, 0, header) &&
-                                    sizeAfterPlayback({header.data(), header.size()}) <= mostBytes);
+    if (!readBytes(journal, size - end.size(), end)) {
+        return true;
+    }
+    const std::string_view bytes(end.data(), end.size());
+    const std::uint64_t length = numberAt(bytes, 0);
+    const auto longest = static_cast<std::uint64_t>(::sqlite3_vfs_find(nullptr)->mxPathname);
+    if (bytes.substr(placeOfMagic) != magic || length == 0 || length > longest ||
+        length > size - end.size()) {
+        return false;
+    }
+    std::string name(length, '\0');
+    return !readBytes(journal, size - end.size() - length, name) ||
+           (name.front() != '\0' && hasSum(name, numberAt(bytes, placeOfSum)));
+}
+
+/// Whether a journal names no other file, and makes its database no larger than so many bytes.
+bool isHarmless(const std::string& journal, std::uint64_t size, std::uint64_t mostBytes) {
+    std::array<char, sizeOfHeader> header{};
+    return !namesFile(journal, size) &&
+           (size < header.size() ||
+            (readBytes(journal, 0, header) &&
+             sizeAfterPlayback({header.data(), header.size()}) <= mostBytes));
 }
 
 } // namespace

@@ -114,6 +114,25 @@ TEST_F(SQLiteSideFilesTest, doesNotMindWhatIsNoJournal) {
     }
 }
 
+TEST_F(SQLiteSideFilesTest, playsAJournalBackWhoseEndCanNameNoFile) {
+    const std::string name = folder().file("victim", "somebody's");
+    const std::string longName = std::string(513, 'x'); // SQLite takes no path as long
+    std::string wrongSum = journalEndNaming(name);
+    wrongSum[name.size() + 7] ^= 1;
+    std::string wrongLength = journalEndNaming(name);
+    wrongLength[name.size() + 0] = '\x7F';
+    std::string changed = bytes();
+    changed.replace(2 * pageSize, pageSize, pageSize, 'x');
+    for (const std::string& end : {journalEndNaming(""), journalEndNaming(longName), wrongSum,
+                                   wrongLength, journalEndNaming('\0' + name)}) {
+        (void)folder().file("database", changed);
+        (void)folder().file("database-journal", wholeJournal(bytes()) + end);
+        EXPECT_EQ(rows(), allRows) << end.size();
+        EXPECT_EQ(contentsOf(path()), bytes());
+        EXPECT_EQ(contentsOf(name), "somebody's");
+    }
+}
+
 // Those that are not
 
 TEST_F(SQLiteSideFilesTest, deletesNoFileThatAJournalNames) {
@@ -121,8 +140,13 @@ TEST_F(SQLiteSideFilesTest, deletesNoFileThatAJournalNames) {
     const std::string pageOfLocks = sqliteNumber((std::size_t{1} << 30U) / pageSize + 1);
     const std::string name = journalEndNaming(victim);
     const std::string beginning = header(0, bytes().size() / pageSize) + pageOfLocks;
+    // The sum of a name with signed characters, as SQLite has it on most machines, and without
+    std::string sumWithSigns = journalEndNaming("\xE9");
+    sumWithSigns.replace(5, 4, "\xFF\xFF\xFF\xE9");
     // SQLite takes any of these.
-    for (const std::string& journal : {beginning + name, name, journalEndNaming("x")}) {
+    for (const std::string& journal :
+         {beginning + name, name, journalEndNaming("x"), journalEndNaming(std::string(512, 'x')),
+          sumWithSigns, journalEndNaming("\xE9")}) {
         (void)folder().file("database-journal", journal);
         EXPECT_EQ(rows(), 0U);
         EXPECT_EQ(contentsOf(victim), "somebody's");

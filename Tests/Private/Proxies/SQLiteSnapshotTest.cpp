@@ -145,7 +145,7 @@ TEST_F(SQLiteSnapshotTest, keepsValuesWhole) {
                                     {{"a", Blob{""}}},
                                     {{"a", absent}}}));
     EXPECT_EQ(rowsAt(path(), SQLiteFaithfulness::narrowed), (Rows{{{"a", std::int64_t{-1}}},
-                                                                  {{"a", double{0.1F}}},
+                                                                  {{"a", static_cast<double>(0.1F)}},
                                                                   {{"a", "a"}},
                                                                   {{"a", absent}},
                                                                   {{"a", absent}}}));
