@@ -87,7 +87,8 @@ std::string advice(const std::string& path, const ReadAs& as, const Detection& d
     const ImportReport& report = imported.report;
     const bool isExplained =
         !imported.records && report.failure().reason == detected.obstacle; // by the detection
-    if (const auto* const source = std::get_if<ImportSource>(&as); source && !isExplained) {
+    if (const auto* const source = std::get_if<ImportSource>(&as);
+        source != nullptr && !isExplained) {
         if (std::string other = objection(detected, *source); !other.empty()) {
             return other;
         }

@@ -22,8 +22,8 @@ enum class Confidence : std::uint8_t {
 
 /// What a file is taken for.
 struct Detection {
-    std::optional<Layout> layout; ///< absent if nothing is recognised
-    Confidence confidence = Confidence::none;
+    std::optional<Layout> layout;             ///< absent if nothing is recognised
+    Confidence confidence = Confidence::none; ///< how sure that is
     std::optional<ImportSource> source; ///< the source that `RecordsImporter` reads it as, if any
     FailureReason obstacle = FailureReason::none; ///< what keeps the file from being read
     std::string_view product;  ///< who wrote the file, a literal; empty if nothing is recognised

@@ -38,19 +38,20 @@ struct ReadLimits {
 /// result then is the same as that of `RecordsImporter`.
 using ReadAs = std::variant<std::monostate, Layout, ImportSource>;
 
+/// What is asked of a read.
 struct ReadOptions {
-    ReadAs as = {};
+    ReadAs as = {}; ///< how the file is read
     /// Called on the calling thread, at most a hundred times and not for each record. What it
     /// throws passes through to the caller.
     ProgressHandler onProgress = {};
-    ReadLimits limits = {};
+    ReadLimits limits = {}; ///< what is more is not read
 };
 
 /// What became of a file.
 struct ImportedExport {
     RecordsResult records; ///< all of them, or an error and none
     Extras extras;         ///< empty for a source
-    ImportReport report;
+    ImportReport report;   ///< what did not arrive, and what looks wrong
 };
 
 /// Reads a file or folder, faithfully unless a source is asked for: every text that is

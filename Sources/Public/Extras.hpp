@@ -35,9 +35,9 @@ enum class ExtraKind : std::uint16_t {
 
 /// What a record holds besides its fields. Both texts are UTF-8 and may hold secrets.
 struct Extra {
-    ExtraKind kind = ExtraKind::other;
-    std::string_view label; ///< as the product names it
-    std::string_view value;
+    ExtraKind kind = ExtraKind::other; ///< what the extra is
+    std::string_view label;            ///< as the product names it
+    std::string_view value;            ///< as it stands in the file
 };
 
 /// The extras of all records of an import, in the order of the file. Their texts stand in the block
@@ -47,10 +47,11 @@ public:
     /// None at all.
     Extras() = default;
 
-    // The extras of a record, by its place in its list; none for a place that is no record's.
-
+    /// The extras of a login by its place in the list; none for a place that is no login's.
     [[nodiscard]] std::span<const Extra> ofPassword(std::size_t index) const noexcept;
+    /// The same for a note.
     [[nodiscard]] std::span<const Extra> ofNote(std::size_t index) const noexcept;
+    /// The same for a card.
     [[nodiscard]] std::span<const Extra> ofCard(std::size_t index) const noexcept;
 
 private:

@@ -68,27 +68,27 @@ enum class FindingKind : std::uint16_t {
 
 /// Raw records that were left out for one reason.
 struct LeftOut {
-    LeftOutReason reason = LeftOutReason::missingField;
+    LeftOutReason reason = LeftOutReason::missingField; ///< why
     std::string_view field; ///< which one, or which kind; a literal, or empty
-    Places places;
+    Places places;          ///< where
 };
 
 /// Something that arrives but looks wrong.
 struct Finding {
-    FindingKind kind = FindingKind::arrivedAsNote;
-    std::string_view field; ///< a literal, or empty
-    Places places;
+    FindingKind kind = FindingKind::arrivedAsNote; ///< what looks wrong
+    std::string_view field;                        ///< a literal, or empty
+    Places places;                                 ///< where
 };
 
 /// A part of the layout that never arrives, and how many records or files have it.
 struct Unread {
-    std::string_view part; ///< a literal
-    std::uint64_t count = 0;
+    std::string_view part;   ///< a literal
+    std::uint64_t count = 0; ///< how many records or files have it
 };
 
 /// Why there is nothing.
 struct Failure {
-    FailureReason reason = FailureReason::none;
+    FailureReason reason = FailureReason::none; ///< none if there are records
     std::uint64_t place = 0; ///< where, in the unit of the report; 0 if that is not known
     std::string_view field;  ///< which column or member; a literal, or empty
 };
@@ -119,12 +119,16 @@ public:
     /// How many raw records were seen.
     [[nodiscard]] std::uint64_t recordCount() const noexcept { return _recordCount; }
 
+    /// What is left out, an entry for each reason and field.
     [[nodiscard]] std::span<const LeftOut> leftOut() const noexcept { return _leftOut; }
 
+    /// What arrives but looks wrong, an entry for each kind and field.
     [[nodiscard]] std::span<const Finding> findings() const noexcept { return _findings; }
 
+    /// What never arrives.
     [[nodiscard]] std::span<const Unread> unread() const noexcept { return _unread; }
 
+    /// Why there is nothing, or what kept a store from being read.
     [[nodiscard]] const Failure& failure() const noexcept { return _failure; }
 
     /// False if memory ran out while the report was written. The records are whole all the same.

@@ -344,8 +344,9 @@ rellinor_detect(const char* path);
 
 /// Says what the contents of a single file are.
 ///
-/// @param bytes  of the file, not needed after the call; may be null if there are none
-/// @param name   of the file, ended by a zero; may be empty
+/// @param bytes   of the file, not needed after the call; may be null if there are none
+/// @param length  how many bytes there are
+/// @param name    of the file, ended by a zero; may be empty
 RELLINOR_VISIBLE RELLINOR_OWNED rellinor_detection* RELLINOR_NULLABLE
 rellinor_detect_memory(const void* RELLINOR_NULLABLE bytes, size_t length, const char* name);
 
@@ -372,8 +373,11 @@ rellinor_detection_obstacle(const rellinor_detection* detection);
 // Texts of the program, empty if there is nothing to tell: who wrote the file, what tells, and what
 // to do in the product if there is an obstacle.
 
+/// Who wrote the file.
 RELLINOR_VISIBLE rellinor_text rellinor_detection_product(const rellinor_detection* detection);
+/// What tells: the names of columns, members or tables.
 RELLINOR_VISIBLE rellinor_text rellinor_detection_evidence(const rellinor_detection* detection);
+/// What to do in the product if there is an obstacle.
 RELLINOR_VISIBLE rellinor_text rellinor_detection_advice(const rellinor_detection* detection);
 
 // Reading.
@@ -393,13 +397,13 @@ typedef bool (*rellinor_progress_handler)(uint64_t done, uint64_t total,
 /// What is asked of a read. A later version may add members at the end; a member beyond `size`, or
 /// 0, stands for its default.
 typedef struct rellinor_read_options {
-    size_t size; ///< `sizeof(rellinor_read_options)`
-    rellinor_read_as as;
+    size_t size;            ///< `sizeof(rellinor_read_options)`
+    rellinor_read_as as;    ///< how the file is read
     rellinor_layout layout; ///< counts with RELLINOR_READ_AS_LAYOUT
     rellinor_source source; ///< counts with RELLINOR_READ_AS_SOURCE
-    rellinor_progress_handler RELLINOR_NULLABLE on_progress;
-    void* RELLINOR_NULLABLE progress_context; ///< for `on_progress`
-    uint64_t largest_file;                    ///< how many bytes a file may have; 0 for any number
+    rellinor_progress_handler RELLINOR_NULLABLE on_progress; ///< may be null
+    void* RELLINOR_NULLABLE progress_context;                ///< for `on_progress`
+    uint64_t largest_file;      ///< how many bytes a file may have; 0 for any number
     uint64_t largest_expansion; ///< the same for the members of an archive; 0 for 1 GiB
     uint64_t most_records;      ///< how many raw records a file may have; 0 for any number
 } rellinor_read_options;
@@ -419,8 +423,10 @@ rellinor_export_read(const char* path, const rellinor_read_options* RELLINOR_NUL
 
 /// Reads the contents of a single file. No database and no folder can be read so.
 ///
-/// @param bytes  of the file, not needed after the call; may be null if there are none
-/// @param name   of the file, ended by a zero; may be empty
+/// @param bytes   of the file, not needed after the call; may be null if there are none
+/// @param length  how many bytes there are
+/// @param name    of the file, ended by a zero; may be empty
+/// @param options  null for the defaults
 RELLINOR_VISIBLE RELLINOR_OWNED rellinor_result* RELLINOR_NULLABLE
 rellinor_export_read_memory(const void* RELLINOR_NULLABLE bytes, size_t length, const char* name,
                             const rellinor_read_options* RELLINOR_NULLABLE options);
@@ -452,21 +458,27 @@ RELLINOR_VISIBLE rellinor_text rellinor_extra_kind_identifier(rellinor_extra_kin
 
 /// An extra. Its texts may hold secrets, and are wiped when the result is freed.
 typedef struct rellinor_extra {
-    rellinor_extra_kind kind;
-    rellinor_text label; ///< as the product names it
-    rellinor_text value;
+    rellinor_extra_kind kind; ///< what the extra is
+    rellinor_text label;      ///< as the product names it
+    rellinor_text value;      ///< as it stands in the file
 } rellinor_extra;
 
 // How many extras a record has, and one of them by its place from 0 on: none, with absent texts,
 // for a place or record that is not there.
 
+/// How many extras a login has.
 RELLINOR_VISIBLE size_t rellinor_login_extra_count(const rellinor_result* result, size_t index);
+/// An extra of a login.
 RELLINOR_VISIBLE rellinor_extra rellinor_login_extra(const rellinor_result* result, size_t index,
                                                      size_t extra);
+/// How many extras a note has.
 RELLINOR_VISIBLE size_t rellinor_note_extra_count(const rellinor_result* result, size_t index);
+/// An extra of a note.
 RELLINOR_VISIBLE rellinor_extra rellinor_note_extra(const rellinor_result* result, size_t index,
                                                     size_t extra);
+/// How many extras a card has.
 RELLINOR_VISIBLE size_t rellinor_card_extra_count(const rellinor_result* result, size_t index);
+/// An extra of a card.
 RELLINOR_VISIBLE rellinor_extra rellinor_card_extra(const rellinor_result* result, size_t index,
                                                     size_t extra);
 
@@ -526,9 +538,9 @@ rellinor_left_out_reason_description(rellinor_left_out_reason reason);
 
 /// Raw records that were left out for one reason.
 typedef struct rellinor_left_out {
-    rellinor_left_out_reason reason;
-    rellinor_text field; ///< which one, or which kind; may be empty
-    rellinor_places places;
+    rellinor_left_out_reason reason; ///< why
+    rellinor_text field;             ///< which one, or which kind; may be empty
+    rellinor_places places;          ///< where
 } rellinor_left_out;
 
 /// How many such entries the report has.
@@ -576,9 +588,9 @@ RELLINOR_VISIBLE rellinor_text rellinor_finding_kind_description(rellinor_findin
 
 /// Something that arrives but looks wrong.
 typedef struct rellinor_finding {
-    rellinor_finding_kind kind;
-    rellinor_text field; ///< may be empty
-    rellinor_places places;
+    rellinor_finding_kind kind; ///< what looks wrong
+    rellinor_text field;        ///< may be empty
+    rellinor_places places;     ///< where
 } rellinor_finding;
 
 /// How many findings the report has.
@@ -590,8 +602,8 @@ RELLINOR_VISIBLE rellinor_finding rellinor_report_finding(const rellinor_result*
 
 /// A part of the layout that never arrives, and how many records or files have it.
 typedef struct rellinor_unread {
-    rellinor_text part;
-    uint64_t count;
+    rellinor_text part; ///< a name of the program's
+    uint64_t count;     ///< how many records or files have it
 } rellinor_unread;
 
 /// How many such parts the report has.
@@ -603,9 +615,9 @@ RELLINOR_VISIBLE rellinor_unread rellinor_report_unread(const rellinor_result* r
 
 /// Why there is nothing.
 typedef struct rellinor_failure {
-    rellinor_failure_reason reason;
-    uint64_t place;      ///< where, in the unit of the report; 0 if that is not known
-    rellinor_text field; ///< which column or member; may be empty
+    rellinor_failure_reason reason; ///< none if there are records
+    uint64_t place;                 ///< where, in the unit of the report; 0 if that is not known
+    rellinor_text field;            ///< which column or member; may be empty
 } rellinor_failure;
 
 /// The failure; its reason is RELLINOR_FAILURE_NONE if there is nothing to tell.
