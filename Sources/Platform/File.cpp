@@ -193,7 +193,7 @@ FileStamp stampOf(const std::string& path) noexcept {
 }
 
 std::string withoutLinks(std::string_view path) {
-    std::string given(path);
+    const std::string given(path);
     const std::unique_ptr<char, decltype(&::free)> resolved(::realpath(given.c_str(), nullptr),
                                                             &::free);
     return resolved ? resolved.get() : given;

@@ -27,17 +27,23 @@ public:
     /// @throws std::bad_alloc
     template <JSONDecodable Type>
     [[nodiscard]] std::optional<Type> containerObject() {
-        JSONExtent extent = JSONExtent::listsOfObjects;
-        if constexpr (requires { Type::extent; }) {
-            extent = Type::extent;
-        }
-        auto parsed = document(Type::keys, extent);
+        auto parsed = document(Type::keys, extentOf<Type>());
         return parsed ? Type::decoded(*std::move(parsed)) : std::nullopt;
     }
 
 protected:
     JSONFileProxyType() = default;
     ~JSONFileProxyType() = default;
+
+    /// How much else a type needs.
+    template <typename Type>
+    [[nodiscard]] static constexpr JSONExtent extentOf() noexcept {
+        if constexpr (requires { Type::extent; }) {
+            return Type::extent;
+        } else {
+            return JSONExtent::listsOfObjects;
+        }
+    }
 
     /// The file's document; absent if the file cannot be read or is not JSON.
     [[nodiscard]] virtual std::optional<JSONDocument> document(JSONKeys keys,

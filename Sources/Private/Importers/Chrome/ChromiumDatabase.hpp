@@ -64,7 +64,7 @@ private:
 /// A login as it stands in its database, which outlives it.
 struct ChromiumLogin {
     SQLiteRow row;
-    const ChromiumDatabase* database;
+    const ChromiumDatabase* database = nullptr;
 };
 
 /// The logins of one or more databases, one after the other.

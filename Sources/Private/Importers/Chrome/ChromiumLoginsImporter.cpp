@@ -74,8 +74,11 @@ std::span<const ChromiumNote> notesOf(const ChromiumLogin& login) noexcept {
 /// The note that the browser shows: the one without a key, or the first.
 const ChromiumNote* shownNoteOf(const ChromiumLogin& login) noexcept {
     const auto notes = notesOf(login);
+    if (notes.empty()) {
+        return nullptr;
+    }
     const auto shown = std::ranges::find(notes, std::string_view(), &ChromiumNote::key);
-    return notes.empty() ? nullptr : shown != notes.end() ? &*shown : notes.data();
+    return shown != notes.end() ? &*shown : notes.data();
 }
 
 template <typename Number>
@@ -86,9 +89,14 @@ std::string_view digitsOf(Number number, ImportMemory& memory) {
 }
 
 ExtraKind kindOf(Role role) noexcept {
-    return role == Role::createdAt    ? ExtraKind::createdAt
-           : role == Role::lastUsedAt ? ExtraKind::lastUsedAt
-                                      : ExtraKind::other;
+    switch (role) {
+    case Role::createdAt:
+        return ExtraKind::createdAt;
+    case Role::lastUsedAt:
+        return ExtraKind::lastUsedAt;
+    default:
+        return ExtraKind::other;
+    }
 }
 
 /// What a login may be in: the file itself, or what a profile folder has.
