@@ -4,8 +4,8 @@
 
 namespace Rellinor {
 
-std::string_view description(FailureReason value) noexcept {
-    switch (value) {
+std::string_view description(FailureReason reason) noexcept {
+    switch (reason) {
         using enum FailureReason;
     case none:
         return "Nothing keeps the file from being read.";
@@ -61,8 +61,8 @@ std::string_view description(FailureReason value) noexcept {
     return {};
 }
 
-std::string_view description(LeftOutReason value) noexcept {
-    switch (value) {
+std::string_view description(LeftOutReason reason) noexcept {
+    switch (reason) {
         using enum LeftOutReason;
     case missingField:
         return "A field is missing without which there is no record.";
@@ -86,8 +86,8 @@ std::string_view description(LeftOutReason value) noexcept {
     return {};
 }
 
-std::string_view description(FindingKind value) noexcept {
-    switch (value) {
+std::string_view description(FindingKind kind) noexcept {
+    switch (kind) {
         using enum FindingKind;
     case arrivedAsNote:
         return "A record of a kind without a place of its own arrives as a note.";
@@ -140,8 +140,8 @@ std::string_view description(FindingKind value) noexcept {
     return {};
 }
 
-std::string_view identifier(FailureReason value) noexcept {
-    switch (value) {
+std::string_view identifier(FailureReason reason) noexcept {
+    switch (reason) {
         using enum FailureReason;
     case none:
         return "none";
@@ -197,8 +197,8 @@ std::string_view identifier(FailureReason value) noexcept {
     return {};
 }
 
-std::string_view identifier(LeftOutReason value) noexcept {
-    switch (value) {
+std::string_view identifier(LeftOutReason reason) noexcept {
+    switch (reason) {
         using enum LeftOutReason;
     case missingField:
         return "missingField";
@@ -222,8 +222,8 @@ std::string_view identifier(LeftOutReason value) noexcept {
     return {};
 }
 
-std::string_view identifier(FindingKind value) noexcept {
-    switch (value) {
+std::string_view identifier(FindingKind kind) noexcept {
+    switch (kind) {
         using enum FindingKind;
     case arrivedAsNote:
         return "arrivedAsNote";
@@ -275,8 +275,8 @@ std::string_view identifier(FindingKind value) noexcept {
     return {};
 }
 
-std::string_view identifier(PlaceUnit value) noexcept {
-    switch (value) {
+std::string_view identifier(PlaceUnit unit) noexcept {
+    switch (unit) {
         using enum PlaceUnit;
     case line:
         return "line";

@@ -12,8 +12,8 @@
 namespace Rellinor {
 
 /// What an extra is. A number keeps its meaning for ever.
-enum class ExtraKind : std::uint16_t {
-    oneTimePassword = 1, ///< an "otpauth:" URL or a bare secret, as it stands
+enum class ExtraKind : std::uint16_t { // NOLINT(performance-enum-size): it grows
+    oneTimePassword = 1,               ///< an "otpauth:" URL or a bare secret, as it stands
     furtherURL = 2,
     furtherUserName = 3,
     email = 4,

@@ -8,7 +8,7 @@
 namespace Rellinor {
 
 /// What keeps a file from being read. A number keeps its meaning for ever.
-enum class FailureReason : std::uint16_t {
+enum class FailureReason : std::uint16_t { // NOLINT(performance-enum-size): it grows
     none = 0,
     missing = 1,
     noPermission = 2,

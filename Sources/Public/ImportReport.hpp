@@ -26,10 +26,10 @@ struct Places {
 };
 
 /// Why a raw record is no record of the result. A number keeps its meaning for ever.
-enum class LeftOutReason : std::uint16_t {
-    missingField = 1,     ///< a field without which there is no record
-    empty = 2,            ///< no text in any field that counts
-    otherKind = 3,        ///< a kind of record that the import does not read
+enum class LeftOutReason : std::uint16_t { // NOLINT(performance-enum-size): it grows
+    missingField = 1,                      ///< a field without which there is no record
+    empty = 2,                             ///< no text in any field that counts
+    otherKind = 3,                         ///< a kind of record that the import does not read
     fieldOfOtherType = 4, ///< a field that is no text, or an entry that is no object
     tooFewCells = 5,
     bracedIdentifier = 6, ///< an identifier in braces stands in the row
@@ -40,7 +40,7 @@ enum class LeftOutReason : std::uint16_t {
 
 /// What arrives but looks wrong, or other than a person would expect. A number keeps its meaning
 /// for ever.
-enum class FindingKind : std::uint16_t {
+enum class FindingKind : std::uint16_t { // NOLINT(performance-enum-size): it grows
     arrivedAsNote = 1,  ///< a kind that has no record of its own; `field` is the product's name
     stillEncrypted = 2, ///< a text that the product stores encrypted
     doubledQuote = 3,   ///< two quotes that stand for one

@@ -11,7 +11,7 @@ namespace Rellinor {
 
 /// The files and stores that products write today. A number keeps its meaning for ever; new layouts
 /// get new numbers.
-enum class Layout : std::uint16_t {
+enum class Layout : std::uint16_t { // NOLINT(performance-enum-size): it grows
     lastPassCSV = 1,
     dashlaneCSV = 2, ///< any one of the CSV files with a header that Dashlane writes
     dashlaneZip = 3,

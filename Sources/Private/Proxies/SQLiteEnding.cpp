@@ -43,9 +43,10 @@ SQLiteEnding endingOf(::sqlite3& connection, int code, SQLiteEnding otherwise) n
         return SQLiteEnding::refused;
     case SQLITE_CORRUPT:
     case SQLITE_ERROR:
-        return isRefusal(connection)             ? SQLiteEnding::refused
-               : (code & 0xFF) == SQLITE_CORRUPT ? SQLiteEnding::damaged
-                                                 : otherwise;
+        if (isRefusal(connection)) {
+            return SQLiteEnding::refused;
+        }
+        return (code & 0xFF) == SQLITE_CORRUPT ? SQLiteEnding::damaged : otherwise;
     default:
         return SQLiteEnding::damaged;
     }

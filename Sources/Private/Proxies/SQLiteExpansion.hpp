@@ -45,10 +45,10 @@ public:
 private:
     /// A SELECT whose end was not reached.
     struct Select {
-        std::size_t level;      // among those within each other
-        std::size_t brackets;   // around it
-        std::size_t terms = 0;  // of its own
-        std::size_t tables = 1; // behind FROM
+        std::size_t level = 0;    // among those within each other
+        std::size_t brackets = 0; // around it
+        std::size_t terms = 0;    // of its own
+        std::size_t tables = 1;   // behind FROM
         std::size_t stars = 0;
         std::size_t namedTables = 0;
         std::size_t namedColumns = 0; // by the column that is being read

@@ -111,6 +111,7 @@ SQLiteSchema::relationsOf(std::string_view query) const {
         }
     };
     addNamedIn(query);
+    // NOLINTNEXTLINE(modernize-loop-convert): the list grows meanwhile
     for (std::size_t index = 0; index < relations.size(); ++index) {
         addNamedIn(relations[index]->second.view);
     }
