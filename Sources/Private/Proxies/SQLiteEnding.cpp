@@ -42,11 +42,9 @@ SQLiteEnding endingOf(::sqlite3& connection, int code, SQLiteEnding otherwise) n
     case SQLITE_TOOBIG:
         return SQLiteEnding::refused;
     case SQLITE_CORRUPT:
+        return isRefusal(connection) ? SQLiteEnding::refused : SQLiteEnding::damaged;
     case SQLITE_ERROR:
-        if (isRefusal(connection)) {
-            return SQLiteEnding::refused;
-        }
-        return (code & 0xFF) == SQLITE_CORRUPT ? SQLiteEnding::damaged : otherwise;
+        return isRefusal(connection) ? SQLiteEnding::refused : otherwise;
     default:
         return SQLiteEnding::damaged;
     }

@@ -152,7 +152,7 @@ bool SQLiteGuard::allowsSchema() {
     if ((code != SQLITE_OK && code != SQLITE_CORRUPT) || !allowsTexts()) {
         return false;
     }
-    // Functions are only looked up here, those too that nothing in a schema may call.
+    // Here functions are looked up and not called, those too that no schema may call.
     configure(_connection, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 1);
     code = readSchema();
     configure(_connection, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0);
@@ -160,7 +160,7 @@ bool SQLiteGuard::allowsSchema() {
 }
 
 bool SQLiteGuard::allowsTexts() {
-    // What is not plain is left out now, and with it statistics that are computed.
+    // For now SQLite leaves out what is not plain, and with it statistics that are computed.
     configure(_connection, SQLITE_DBCONFIG_WRITABLE_SCHEMA, 1);
     {
         const PlainSchemaLimits limits(_connection);
@@ -183,7 +183,7 @@ bool SQLiteGuard::allowsTexts() {
     if (bytesLeft < 0 || _schema->computesStatistics()) {
         return refuse();
     }
-    // Now SQLite forgets what it has read.
+    // Now it forgets the rest too, to read all of it.
     return forEachRow(_connection, "PRAGMA writable_schema = RESET", [](::sqlite3_stmt*) {}) ==
            SQLITE_OK;
 }
@@ -221,12 +221,9 @@ bool SQLiteGuard::allowsStatement(std::string_view query) {
     (void)::sqlite3_limit(&_connection, SQLITE_LIMIT_LIKE_PATTERN_LENGTH, longestPattern);
     _dearFunctions.emplace(_connection, workOnCredit + _size * workForByte);
     SQLiteProgram program;
-    int code = readProgram(_connection, query, program);
-    if (code == SQLITE_ERROR && trustsFunctions(query)) {
-        code = readProgram(_connection, query, program);
-    }
+    const int code = readTrustedProgram(query, program);
     if (code == SQLITE_NOMEM) {
-        requireMemory(readProgram(_connection, query, program));
+        requireMemory(readTrustedProgram(query, program));
         return refuse(); // it is too long
     }
     if (code == SQLITE_OK) {
@@ -235,17 +232,20 @@ bool SQLiteGuard::allowsStatement(std::string_view query) {
     return true; // if it cannot be prepared, SQLite says why
 }
 
-bool SQLiteGuard::trustsFunctions(std::string_view query) {
-    // SQLite 3.38 to 3.40 holds its own functions of JSON for unsafe.
-    if (!std::string_view(::sqlite3_errmsg(&_connection)).starts_with("unsafe use of ")) {
-        return false;
+int SQLiteGuard::readTrustedProgram(std::string_view query, SQLiteProgram& program) const {
+    int code = readProgram(_connection, query, program);
+    if (code != SQLITE_ERROR ||
+        !std::string_view(::sqlite3_errmsg(&_connection)).starts_with("unsafe use of ")) {
+        return code;
     }
+    // SQLite 3.38 to 3.40 holds its own functions of JSON for unsafe.
     configure(_connection, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 1);
-    SQLiteProgram program;
-    const bool isSafe = readProgram(_connection, query, program) != SQLITE_OK ||
-                        (!program.readsVirtualTable && !callsUnsafe(_connection, program));
-    configure(_connection, SQLITE_DBCONFIG_TRUSTED_SCHEMA, isSafe ? 1 : 0);
-    return isSafe;
+    code = readProgram(_connection, query, program);
+    if (code == SQLITE_OK && (program.readsVirtualTable || callsUnsafe(_connection, program))) {
+        code = SQLITE_ERROR;
+    }
+    configure(_connection, SQLITE_DBCONFIG_TRUSTED_SCHEMA, code == SQLITE_OK ? 1 : 0);
+    return code;
 }
 
 void SQLiteGuard::limit(const SQLiteProgram& program) noexcept {

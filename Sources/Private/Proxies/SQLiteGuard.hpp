@@ -71,8 +71,9 @@ private:
     /// Looks through the texts of a schema that is not plain.
     [[nodiscard]] bool allowsTexts();
 
-    /// Whether a query can be prepared once SQLite's own functions are trusted. Then they are.
-    [[nodiscard]] bool trustsFunctions(std::string_view query);
+    /// Looks at the program of a query, and trusts SQLite's own functions from now on if the
+    /// program needs that. Gives SQLite's code.
+    [[nodiscard]] int readTrustedProgram(std::string_view query, SQLiteProgram& program) const;
 
     /// Limits what a query may cost.
     void limit(const SQLiteProgram& program) noexcept;

@@ -97,23 +97,20 @@ std::vector<const SQLiteSchema::Relations::value_type*>
 SQLiteSchema::relationsOf(std::string_view query) const {
     std::vector<const Relations::value_type*> relations;
     std::set<std::string, std::less<>> names;
-    const auto addNamedIn = [&](std::string_view sql) {
-        std::string text(sql);
+    std::vector<std::string_view> texts = {query}; // that are still to be looked through
+    while (!texts.empty()) {
+        std::string text(texts.back());
+        texts.pop_back();
         for (const SQLiteToken& token : sqliteTokens(text)) {
             if (!token.isName() || names.contains(token.content)) {
                 continue;
             }
-            const std::string& name = *names.emplace(token.content).first;
-            const auto [first, last] = _relations.equal_range(name);
+            const auto [first, last] = _relations.equal_range(*names.emplace(token.content).first);
             for (auto relation = first; relation != last; ++relation) {
                 relations.push_back(&*relation);
+                texts.push_back(relation->second.view);
             }
         }
-    };
-    addNamedIn(query);
-    // NOLINTNEXTLINE(modernize-loop-convert): the list grows meanwhile
-    for (std::size_t index = 0; index < relations.size(); ++index) {
-        addNamedIn(relations[index]->second.view);
     }
     return relations;
 }
