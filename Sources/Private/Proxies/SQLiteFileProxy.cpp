@@ -18,10 +18,11 @@
 
 namespace Rellinor {
 
-namespace {
-
-/// SQLite says that there is no memory for a value.
+/// SQLite says that there is no memory for a value. A type of this file alone would need a variable
+/// to be caught by.
 struct NoMemoryForValue {};
+
+namespace {
 
 /// A pointer that is there unless SQLite has no memory.
 template <typename Character>

@@ -8,6 +8,7 @@
 #include <sqlite3.h>
 
 #include "Private/Proxies/SQLiteExpansion.hpp"
+#include "Private/Proxies/SQLiteMemory.hpp"
 #include "Private/Proxies/SQLiteProgram.hpp"
 
 namespace Rellinor {
@@ -39,11 +40,10 @@ constexpr std::int64_t workForByte = 64;
 constexpr int stepsBetweenObjects = 4;
 constexpr int stepsBetweenChecks = 64;
 
-// What SQLite may need at most, before the lack of it is a lack of memory.
+// What SQLite needs at most. If there is as much, what it lacks is no memory.
 constexpr std::int64_t plainMemory = 1 << 24;
 constexpr std::int64_t computingMemory = 1 << 29;
 constexpr std::int64_t memoryForByte = 4;
-constexpr std::int64_t mostMemory = 1 << 30;
 
 /// Limits, for a scope, within which no schema computes: all that an expression may be is a column,
 /// a value, or a function without arguments. They leave room for columns that are computed of each
@@ -284,14 +284,9 @@ bool SQLiteGuard::hasRefused() const noexcept {
 void SQLiteGuard::requireMemory(int codeOfSecondTry) const {
     const std::int64_t most =
         (_schema ? computingMemory : plainMemory) + _longestValue * memoryForByte;
-    void* const memory =
-        codeOfSecondTry == SQLITE_NOMEM
-            ? ::sqlite3_malloc64(static_cast<std::uint64_t>(std::min(most, mostMemory)))
-            : nullptr;
-    if (memory == nullptr) {
+    if (codeOfSecondTry != SQLITE_NOMEM || !hasMemory(most)) {
         throw std::bad_alloc();
     }
-    ::sqlite3_free(memory);
 }
 
 } // namespace Rellinor
