@@ -16,13 +16,13 @@ class JSONObject;
 class JSONObjects;
 class JSONElements;
 
-// What a value is is told by its kind, which is looked at first.
+// The kind of a node tells which member of its union is set; the kind is looked at first.
 // NOLINTBEGIN(*-union-access)
 
 /// A value of a JSON document, which must outlive it; a view.
 class JSONValue {
 public:
-    /// A null that stands nowhere.
+    /// A null of no document.
     JSONValue() noexcept = default;
 
     explicit JSONValue(const JSONNode& node) noexcept : _node(&node) {}

@@ -6,33 +6,16 @@
 #include <string_view>
 #include <utility>
 
+#include "Private/Proxies/SQLiteJournal.hpp"
+
 namespace Rellinor {
 
 namespace {
 
-// The formats are those of https://www.sqlite.org/fileformat2.html.
-
-/// By how much an honest file may make the database larger than both are. Pages that were free
-/// before a change need not be in a journal.
-constexpr std::uint64_t largestGrowth = 16;
-
-constexpr std::uint32_t largestPage = 65536;
 constexpr std::size_t placeOfPageSize = 16; // in a database
 
-/// Four bytes, the high one first; 0 if they are not all there.
-std::uint32_t numberAt(std::string_view bytes, std::size_t place) noexcept {
-    if (place + 4 > bytes.size()) {
-        return 0;
-    }
-    std::uint32_t number = 0;
-    for (const char byte : bytes.substr(place, 4)) {
-        number = number << 8U | static_cast<unsigned char>(byte);
-    }
-    return number;
-}
-
 bool isPowerOfTwoFrom(std::uint32_t least, std::uint32_t number) noexcept {
-    return number >= least && number <= largestPage && std::has_single_bit(number);
+    return number >= least && number <= largestPageOfDatabase && std::has_single_bit(number);
 }
 
 /// Makes a database so many bytes long, with zeros at its end if it was shorter.
@@ -53,7 +36,7 @@ void resize(FileContents& database, std::size_t size) {
 bool mayHave(std::uint32_t pages, std::uint32_t pageSize, const FileContents& database,
              std::string_view beside) noexcept {
     return std::uint64_t{pages} * pageSize <=
-           (std::uint64_t{database.size} + beside.size()) * largestGrowth;
+           (std::uint64_t{database.size} + beside.size()) * largestGrowthOfDatabase;
 }
 
 /// Puts a page where it belongs; one beyond the end is nothing.
@@ -65,25 +48,6 @@ void put(FileContents& database, std::uint32_t number, std::string_view page) no
 }
 
 // Journals
-
-constexpr std::string_view magicOfJournal = "\xD9\xD5\x05\xF9\x20\xA1\x63\xD7";
-
-/// A part of a journal: a header that takes a sector, and pages as they were.
-struct JournalPart {
-    std::uint32_t pages;    ///< that follow
-    std::uint32_t seed;     ///< of the checksums
-    std::uint32_t allPages; ///< that the database had
-    std::uint32_t sectorSize;
-    std::uint32_t pageSize;
-};
-
-JournalPart journalPartAt(std::string_view journal, std::size_t place) noexcept {
-    return {.pages = numberAt(journal, place + 8),
-            .seed = numberAt(journal, place + 12),
-            .allPages = numberAt(journal, place + 16),
-            .sectorSize = numberAt(journal, place + 20),
-            .pageSize = numberAt(journal, place + 24)};
-}
 
 std::uint32_t sumOfPage(std::string_view page, std::uint32_t seed) noexcept {
     constexpr std::size_t step = 200;
@@ -122,7 +86,7 @@ void playBack(FileContents& database, std::string_view journal, const JournalPar
     std::size_t place = 0;
     while (place + first.sectorSize <= journal.size() &&
            journal.substr(place).starts_with(magicOfJournal)) {
-        const JournalPart part = journalPartAt(journal, place);
+        const JournalPart part = JournalPart::at(journal, place);
         std::uint64_t pages = part.pages;
         if (part.pages == asManyAsThereAre) {
             pages = (journal.size() - first.sectorSize) / sizeOfRecord;
@@ -207,25 +171,24 @@ LogFrames framesOf(std::string_view log, std::size_t sizeOfFrame, LogSum sum) no
 
 std::uint32_t pageSizeOf(std::string_view database) noexcept {
     const std::uint32_t size = numberAt(database, placeOfPageSize) >> 16U;
-    return size == 1 ? largestPage : size;
+    return size == 1 ? largestPageOfDatabase : size;
 }
 
 } // namespace
 
 bool playBackJournal(FileContents& database, std::span<const char> journal) {
-    constexpr std::size_t sizeOfEndBehindName = 16;
     constexpr std::size_t smallest = 512;
 
     const std::string_view bytes(journal.data(), journal.size());
     if (bytes.empty() || bytes.front() == '\0') {
         return true;
     }
-    const bool namesAFile = bytes.size() > sizeOfEndBehindName && bytes.ends_with(magicOfJournal);
+    const std::size_t sizeOfEnd = std::min(bytes.size(), longestEndOfJournal());
     if (database.size == 0 || bytes.size() < smallest || !bytes.starts_with(magicOfJournal) ||
-        namesAFile) {
+        namesOtherFile(bytes.substr(bytes.size() - sizeOfEnd))) {
         return false;
     }
-    const JournalPart first = journalPartAt(bytes, 0);
+    const JournalPart first = JournalPart::at(bytes, 0);
     if (!isPowerOfTwoFrom(32, first.sectorSize) || !isPowerOfTwoFrom(512, first.pageSize) ||
         !mayHave(first.allPages, first.pageSize, database, bytes)) {
         return false;
