@@ -41,8 +41,8 @@ using ReadAs = std::variant<std::monostate, Layout, ImportSource>;
 /// What is asked of a read.
 struct ReadOptions {
     ReadAs as = {}; ///< how the file is read
-    /// Called on the calling thread, at most a hundred times and not for each record. What it
-    /// throws passes through to the caller.
+    /// Called on the calling thread: at most once for each hundredth of the file, or once in 50 ms
+    /// if it is not known how much there is. What it throws passes through to the caller.
     ProgressHandler onProgress = {};
     ReadLimits limits = {}; ///< what is more is not read
 };

@@ -209,6 +209,31 @@ TEST(ExportReaderTest, tellsOfTextsThatAreNotUTF8) {
     }
 }
 
+TEST(ExportReaderTest, readsTextsInUTF16) {
+    using namespace std::string_view_literals;
+    const auto wide = [](std::string_view text) {
+        std::string bytes;
+        for (const char character : text) {
+            bytes += {character, '\0'};
+        }
+        return bytes;
+    };
+    const std::string note = R"({"logins":[],"cards":[],"notes":[{"color":0,"label":"t","text":")";
+    const std::string bytes =
+        "\xFF\xFE" + wide(note) + std::string("\xE9\0\x3D\xD8"sv) + wide("\"}]}");
+    const TemporaryFolder folder;
+
+    for (const ImportedExport& imported :
+         {readText(bytes, {}), readPath(folder.file("export.json", bytes), {})}) {
+        ASSERT_TRUE(imported.records);
+        ASSERT_EQ(imported.records->notes.size(), 1);
+        EXPECT_EQ(imported.records->notes.front()->content(), "\u00E9\uFFFD");
+        ASSERT_EQ(imported.report.findings().size(), 1);
+        EXPECT_EQ(imported.report.findings().front().kind, FindingKind::repairedText);
+        EXPECT_EQ(imported.report.findings().front().places.count, 1);
+    }
+}
+
 TEST(ExportReaderTest, tellsOfCSVThatIsNotAsTheSourceWritesIt) {
     for (const ImportSource source : {lastPass, keePass, keePassXC}) {
         EXPECT_EQ(reasonFor("", source), noRows);

@@ -1,9 +1,8 @@
 #include <algorithm>
 #include <array>
-#include <cstdint>
 
-#include "Platform/Unicode.hpp"
 #include "Private/Detection/Recognisers.hpp"
+#include "Private/Text/UTF16.hpp"
 #include "Private/Text/UTF8.hpp"
 
 namespace Rellinor {
@@ -11,9 +10,6 @@ namespace Rellinor {
 namespace {
 
 using namespace std::string_view_literals;
-
-constexpr std::string_view littleEndianMark = "\xFF\xFE";
-constexpr std::string_view bigEndianMark = "\xFE\xFF";
 
 /// Whether every second byte at the beginning is NUL, as in UTF-16 of plain letters.
 bool isWideText(std::string_view bytes) noexcept {
@@ -29,46 +25,12 @@ bool isWideText(std::string_view bytes) noexcept {
     return half >= fewest && std::ranges::max(nuls) >= half && std::ranges::min(nuls) == 0;
 }
 
-/// A text in UTF-16, without its mark, in UTF-8. What is no character becomes U+FFFD.
-FilePart decodedUTF16(std::string_view bytes, bool isBigEndian) {
-    constexpr std::size_t longest = 3; // bytes for two of UTF-16
-    constexpr std::int32_t replacement = 0xFFFD;
-
-    const auto unitAt = [&](std::size_t place) {
-        const auto high = static_cast<unsigned char>(bytes[place + (isBigEndian ? 0 : 1)]);
-        const auto low = static_cast<unsigned char>(bytes[place + (isBigEndian ? 1 : 0)]);
-        return static_cast<std::int32_t>(high) * 256 + low;
-    };
-    const auto isHigh = [](std::int32_t unit) { return unit >= 0xD800 && unit < 0xDC00; };
-    const auto isLow = [](std::int32_t unit) { return unit >= 0xDC00 && unit < 0xE000; };
-
-    WipedBuffer buffer(bytes.size() / 2 * longest + 1);
-    char* target = buffer.bytes().data();
-    std::size_t place = 0;
-    while (place + 1 < bytes.size()) {
-        std::int32_t character = unitAt(place);
-        place += 2;
-        if (isHigh(character) && place + 1 < bytes.size() && isLow(unitAt(place))) {
-            character = 0x10000 + (character - 0xD800) * 0x400 + (unitAt(place) - 0xDC00);
-            place += 2;
-        } else if (isHigh(character) || isLow(character)) {
-            character = replacement;
-        }
-        target = writeCodePoint(character, target);
-    }
-    const auto size = static_cast<std::size_t>(target - buffer.bytes().data());
-    return {std::move(buffer), size};
-}
-
+/// A text in UTF-16 is read like the same text in UTF-8, but for the sources.
 Detection detectUTF16(Beginning beginning) {
-    const bool isBigEndian = beginning.text.starts_with(bigEndianMark);
-    const FilePart text = decodedUTF16(beginning.text.substr(bigEndianMark.size()), isBigEndian);
-    Detection found = detectText({.text = text.bytes(), .isWhole = beginning.isWhole});
-    if (found.obstacle == FailureReason::encrypted || found.obstacle == FailureReason::noRows) {
-        return found;
-    }
-    return found.layout ? obstructed(found, FailureReason::utf16, saveAsUTF8)
-                        : obstructed(FailureReason::utf16, "the text is in UTF-16", saveAsUTF8);
+    DecodedUTF16 text = decodedUTF16(beginning.text);
+    Detection found = detectText({.text = text.view(), .isWhole = beginning.isWhole});
+    found.source.reset();
+    return found;
 }
 
 /// The text without a character that is cut at its end.
@@ -92,7 +54,7 @@ bool isControl(char character) noexcept {
 } // namespace
 
 Detection detectEncodedText(Beginning beginning) {
-    if (beginning.text.starts_with(littleEndianMark) || beginning.text.starts_with(bigEndianMark)) {
+    if (hasUTF16Mark(beginning.text)) {
         return detectUTF16(beginning);
     }
     if (isWideText(beginning.text)) {

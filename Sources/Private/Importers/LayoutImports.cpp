@@ -1,13 +1,20 @@
 #include "Private/Importers/LayoutImports.hpp"
 
+#include <array>
 #include <expected>
+#include <new>
+#include <span>
+#include <string>
 
+#include "Platform/File.hpp"
 #include "Private/Errors/ReadError.hpp"
 #include "Private/Importers/Chrome/ChromiumLoginsImporter.hpp"
 #include "Private/Importers/Firefox/FirefoxProfileImporter.hpp"
 #include "Private/Importers/Importer.hpp"
 #include "Private/Importers/OnePassword/OnePIFImporter.hpp"
 #include "Private/Importers/Tirel/FaithfulTirelImporter.hpp"
+#include "Private/Proxies/ExportContents.hpp"
+#include "Private/Text/UTF16.hpp"
 
 namespace Rellinor {
 
@@ -19,16 +26,7 @@ Assembled readAs(const ExportFile& file, Reporter& reporter) {
     return readWith(importer, file, &reporter);
 }
 
-} // namespace
-
-Assembled failedImport(FailureReason reason, Reporter& reporter) {
-    reporter.fail(reason);
-    const ReadError error(reason);
-    return {.records = std::unexpected(NSError(error.domain(), error.code())), .extras = {}};
-}
-
-Assembled importLayout(const ExportFile& file, Layout layout, Reporter& reporter) {
-    reporter.setLayout(layout);
+Assembled readUTF8(const ExportFile& file, Layout layout, Reporter& reporter) {
     switch (layout) {
         using enum Layout;
     case chromiumLogins:
@@ -41,6 +39,46 @@ Assembled importLayout(const ExportFile& file, Layout layout, Reporter& reporter
         return readAs<FaithfulTirelImporter>(file, reporter);
     default:
         return failedImport(FailureReason::notRead, reporter);
+    }
+}
+
+/// Whether a file is a text in UTF-16. What cannot be looked at is none.
+bool isUTF16(const ExportFile& file) {
+    std::array<char, 2> mark{};
+    if (!file.url()) {
+        return hasUTF16Mark({file.bytes().data(), file.bytes().size()});
+    }
+    return readBytes(std::string(file.url()->path()), 0, mark) &&
+           hasUTF16Mark({mark.data(), mark.size()});
+}
+
+Assembled readUTF16(const ExportFile& file, Layout layout, Reporter& reporter) {
+    auto contents = contentsOf(file, {}, reporter.limits().largestFile);
+    if (!contents) {
+        return failedImport(contents.error(), reporter);
+    }
+    const std::span<const char> bytes = contents->bytes();
+    DecodedUTF16 text = decodedUTF16({bytes.data(), bytes.size()});
+    if (text.replaced > 0) {
+        reporter.foundMany(FindingKind::repairedText, {}, text.replaced);
+    }
+    return readUTF8(ExportFile::inMemory(text.view(), file.name()), layout, reporter);
+}
+
+} // namespace
+
+Assembled failedImport(FailureReason reason, Reporter& reporter) {
+    reporter.fail(reason);
+    const ReadError error(reason);
+    return {.records = std::unexpected(NSError(error.domain(), error.code())), .extras = {}};
+}
+
+Assembled importLayout(const ExportFile& file, Layout layout, Reporter& reporter) {
+    reporter.setLayout(layout);
+    try {
+        return isUTF16(file) ? readUTF16(file, layout, reporter) : readUTF8(file, layout, reporter);
+    } catch (const std::bad_alloc&) {
+        return failedImport(FailureReason::outOfMemory, reporter);
     }
 }
 

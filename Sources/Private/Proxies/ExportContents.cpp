@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "Platform/Fault.hpp"
+#include "Private/Text/UTF16.hpp"
 
 namespace Rellinor {
 
@@ -51,8 +52,7 @@ std::expected<FileContents, FailureReason> contentsOf(const ExportFile& file, Fi
 }
 
 FailureReason reasonForNoUTF8(std::string_view bytes) noexcept {
-    const bool hasMark = bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF");
-    return hasMark ? FailureReason::utf16 : FailureReason::notUTF8;
+    return hasUTF16Mark(bytes) ? FailureReason::utf16 : FailureReason::notUTF8;
 }
 
 } // namespace Rellinor

@@ -390,7 +390,8 @@ RELLINOR_ENUM(rellinor_read_as) {
 };
 
 /// Told how far a read has come: so much of the total, in any unit; the total is 0 if it is not
-/// known. Called on the calling thread, at most a hundred times. False cancels.
+/// known. Called on the calling thread: at most once for each hundredth of the file, or once in 50
+/// ms if that is not known. False cancels.
 typedef bool (*rellinor_progress_handler)(uint64_t done, uint64_t total,
                                           void* RELLINOR_NULLABLE context);
 

@@ -47,6 +47,7 @@ void ChromiumDatabase::readNotes(SQLiteSnapshot& snapshot, ImportMemory& memory)
     SQLiteFileProxy proxy(snapshot, SQLiteFaithfulness::whole, memory);
     // The notes themselves stay in the import's memory; the rows are let go.
     const SQLiteRows notes = proxy.select("SELECT parent_id, \"key\", value FROM password_notes");
+    _numberOfNotes = notes.size();
     for (const SQLiteRow& note : notes) {
         const auto values = note.values();
         if (const auto login = values[0].integer()) {

@@ -41,6 +41,9 @@ public:
 
     [[nodiscard]] bool hasNotes() const noexcept { return !_notes.empty(); }
 
+    /// How many notes there are, those of no login among them.
+    [[nodiscard]] std::size_t numberOfNotes() const noexcept { return _numberOfNotes; }
+
     /// The notes of the login with that key, in their order.
     [[nodiscard]] std::span<const ChromiumNote> notesOf(std::int64_t login) const noexcept;
 
@@ -57,6 +60,7 @@ private:
     std::vector<ChromiumColumn> _columns;
     std::vector<std::string_view> _unreadColumns;
     std::map<std::int64_t, std::vector<ChromiumNote>> _notes; // by the keys of their logins
+    std::size_t _numberOfNotes = 0;
     SQLiteEnding _endingOfLogins = SQLiteEnding::complete;
     SQLiteEnding _endingOfNotes = SQLiteEnding::complete;
 };

@@ -117,6 +117,20 @@ std::vector<ExportFile> databasesIn(const ExportFile& file) {
     return databases;
 }
 
+/// Tells of notes whose login is not there.
+void reportStrayNotes(const ChromiumLogins& logins, Reporter& reporter) {
+    std::size_t strayNotes = 0;
+    for (const auto& database : logins.databases()) {
+        strayNotes += database->numberOfNotes();
+    }
+    for (const ChromiumLogin& login : logins) {
+        strayNotes -= std::min(strayNotes, notesOf(login).size()); // a view may repeat logins
+    }
+    if (strayNotes > 0) {
+        reporter.unread("note without a login", strayNotes);
+    }
+}
+
 /// Tells what is missing of databases, or fails if all is.
 void reportEndings(const ChromiumLogins& logins, Reporter* reporter) {
     for (const auto& database : logins.databases()) {
@@ -156,6 +170,7 @@ ChromiumLogins ChromiumLoginsImporter::read(const ExportFile& file, ImportMemory
     if (reporter != nullptr) {
         reporter->setPlaces(PlaceUnit::row);
         reporter->expect(logins.size());
+        reportStrayNotes(logins, *reporter);
     }
     reportEndings(logins, reporter);
     return logins;

@@ -114,9 +114,9 @@ TEST_F(ChromiumLoginsImporterTest, accountsForEachRow) {
 TEST_F(ChromiumLoginsImporterTest, readsTheNotesOfALogin) {
     const std::string note = "INSERT INTO password_notes (parent_id, key, value, date_created) "
                              "VALUES ";
-    const ImportedExport read =
-        this->read({login(1, "'a'", "'ann'", "x''"), login(2, "'b'", "'bob'", "x''"),
-                    note + "(1, 'further', x'763130', 0), (1, '', x'76313000', 0)"});
+    const ImportedExport read = this->read(
+        {login(1, "'a'", "'ann'", "x''"), login(2, "'b'", "'bob'", "x''"),
+         note + "(1, 'further', x'763130', 0), (1, '', x'76313000', 0), (7, '', 'x', 0)"});
     EXPECT_EQ(
         copyOf(read.records),
         (Outcome{.passwords = {{.username = "ann", .password = "", .url = "a", .note = "djEwAA=="},
@@ -125,6 +125,7 @@ TEST_F(ChromiumLoginsImporterTest, readsTheNotesOfALogin) {
               (Extras{{ExtraKind::customSecret, "further", "djEw"}}));
     EXPECT_EQ(findingsOf(read.report),
               (Told<FindingKind>{{FindingKind::stillEncrypted, "password_notes", 2}}));
+    EXPECT_EQ(std::ranges::count(read.report.unread(), "note without a login", &Unread::part), 1);
 }
 
 TEST_F(ChromiumLoginsImporterTest, readsWhateverColumnsThereAre) {
