@@ -28,7 +28,7 @@ std::string command(const std::string& path, const ReadAs& as) {
         const std::string_view quote = path.contains(' ') ? "'" : "";
         if (const auto* const source = std::get_if<ImportSource>(&as)) {
             text += " --source ";
-            text += nameOf(*source);
+            text += identifier(*source);
         } else if (const auto* const layout = std::get_if<Layout>(&as)) {
             text += " --layout ";
             text += identifier(*layout);

@@ -107,7 +107,7 @@ bool check(const std::string& path, const ReadAs& as, std::ostream& out) {
     const ImportedExport imported = readExport(file, {.as = as});
     const ImportReport& report = imported.report;
     if (source != nullptr) {
-        out << "read as " << nameOf(*source) << ", ";
+        out << "read as " << identifier(*source) << ", ";
     } else if (report.layout()) {
         out << "read as " << identifier(*report.layout()) << ", ";
     }

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include <CLI/CLI.hpp>
+#include <Rellinor/rellinor.h>
 
 #include "Host/DisplayText.hpp"
 #include "Host/ExitStatus.hpp"
@@ -207,7 +208,7 @@ std::string helpFor(const CLI::App& app) {
 
 std::expected<Request, int> readCommandLine(int argc, char* argv[]) {
     CLI::App app("Imports what other password managers and browsers hold", "rellinor");
-    app.set_version_flag("--version", "rellinor " RELLINOR_VERSION);
+    app.set_version_flag("--version", std::string("rellinor ") + ::rellinor_version());
     app.require_subcommand(1);
     app.get_formatter()->column_width(27);
     ImportRequest import;

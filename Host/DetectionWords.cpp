@@ -36,7 +36,7 @@ std::string kindOf(const Detection& detection) {
 }
 
 std::string optionOf(ImportSource source) {
-    return "--source " + std::string(nameOf(source));
+    return "--source " + std::string(identifier(source));
 }
 
 /// What is wrong with a file and what to do about that.

@@ -82,7 +82,7 @@ std::string message(const std::string& path, const ReadAs& as, const Detection& 
     if (source == nullptr) {
         return "not imported: " + told;
     }
-    return "not imported as " + std::string(nameOf(*source)) + ": " +
+    return "not imported as " + std::string(identifier(*source)) + ": " +
            imported.records.error().localizedDescription() + (told.empty() ? "" : " ") + told;
 }
 
