@@ -5,34 +5,39 @@
 #include <span>
 
 #include "Host/JSONText.hpp"
+#include "Host/ReportJSON.hpp"
 
 namespace Rellinor::Host {
 
 namespace {
 
-void writeFields(const ImportedPasswordInfoProviding& password, Secrets secrets, JSONText& json) {
+void writeFields(const ImportedPasswordInfoProviding& password, Secrets secrets, Door door,
+                 JSONText& json) {
     json.member("username", password.username());
     json.member("password", shown(password.password(), secrets));
     json.member("url", password.url());
     json.member("service", password.service());
     json.member("color", password.color());
-    json.member("note", password.note());
+    json.member("note", password.note().transform(
+                            [&](std::string_view note) { return shownNote(note, secrets, door); }));
     json.member("pwdChange", password.pwdChange());
 }
 
-void writeFields(const ImportedNoteInfoProviding& note, Secrets /*secrets*/, JSONText& json) {
+void writeFields(const ImportedNoteInfoProviding& note, Secrets secrets, Door door,
+                 JSONText& json) {
     json.member("color", note.color());
     json.member("title", note.title());
-    json.member("content", note.content());
+    json.member("content", shownNote(note.content(), secrets, door));
 }
 
-void writeFields(const ImportedCardInfoProviding& card, Secrets secrets, JSONText& json) {
+void writeFields(const ImportedCardInfoProviding& card, Secrets secrets, Door door,
+                 JSONText& json) {
     json.member("cardNumber", shown(card.cardNumber(), secrets));
     json.member("custName", card.custName());
     json.member("holderName", card.holderName());
     json.member("cvv", shown(card.cvv(), secrets));
     json.member("pin", shown(card.pin(), secrets));
-    json.member("note", card.note());
+    json.member("note", shownNote(card.note(), secrets, door));
     json.member("expirationDay", card.expirationDay());
     json.member("expirationMonth", card.expirationMonth());
     json.member("expirationYear", card.expirationYear());
@@ -49,52 +54,6 @@ void writeExtras(std::span<const Extra> extras, Secrets secrets, JSONText& json)
         json.endObject();
     }
     json.endArray();
-}
-
-/// What has a code, such as a record left out, or a finding.
-void writePlaces(std::string_view code, std::string_view identifier, std::string_view field,
-                 const Places& places, JSONText& json) {
-    json.beginObject();
-    json.member(code, identifier);
-    json.member("field", field);
-    json.member("count", places.count);
-    json.key("places");
-    json.beginArray();
-    for (const std::uint64_t place : places.first) {
-        json.value(place);
-    }
-    json.endArray();
-    json.endObject();
-}
-
-void writeList(std::string_view name, const auto& entries, JSONText& json, const auto& writeEntry) {
-    json.key(name);
-    json.beginArray();
-    for (const auto& entry : entries) {
-        writeEntry(entry);
-    }
-    json.endArray();
-}
-
-void writeReport(const ImportReport& report, JSONText& json) {
-    json.key("report");
-    json.beginObject();
-    json.member("placeUnit", identifier(report.placeUnit()));
-    json.member("recordCount", report.recordCount());
-    writeList("leftOut", report.leftOut(), json, [&](const LeftOut& left) {
-        writePlaces("reason", identifier(left.reason), left.field, left.places, json);
-    });
-    writeList("findings", report.findings(), json, [&](const Finding& finding) {
-        writePlaces("kind", identifier(finding.kind), finding.field, finding.places, json);
-    });
-    writeList("unread", report.unread(), json, [&](const Unread& unread) {
-        json.beginObject();
-        json.member("part", unread.part);
-        json.member("count", unread.count);
-        json.endObject();
-    });
-    json.member("isComplete", report.isComplete());
-    json.endObject();
 }
 
 /// Writes one import record by record, so that a long list never stands in memory a second time.
@@ -114,6 +73,7 @@ public:
         write("notes", records.notes, [&](std::size_t i) { return extras.ofNote(i); });
         write("cards", records.cards, [&](std::size_t i) { return extras.ofCard(i); });
         if (_door == Door::second) {
+            _json.key("report");
             writeReport(imported.report, _json);
         }
         _json.endObject();
@@ -127,7 +87,7 @@ private:
         _json.beginArray();
         for (std::size_t i = 0; i < records.size(); ++i) {
             _json.beginObject();
-            writeFields(*records[i], _secrets, _json);
+            writeFields(*records[i], _secrets, _door, _json);
             if (_door == Door::second) {
                 writeExtras(extrasOf(i), _secrets, _json);
             }

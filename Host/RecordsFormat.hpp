@@ -14,7 +14,8 @@ enum class Door : std::uint8_t {
     second, ///< the faithful reading
 };
 
-/// Whether passwords, card numbers, CVV, PIN and secrets among the extras are shown.
+/// Whether passwords, card numbers, CVV, PIN and secrets among the extras are shown; through the
+/// second door also notes, which hold such things too.
 enum class Secrets : std::uint8_t {
     masked,
     revealed,
@@ -23,6 +24,12 @@ enum class Secrets : std::uint8_t {
 /// A secret as it is shown. The mask does not tell its length, only whether there is one.
 [[nodiscard]] constexpr std::string_view shown(std::string_view secret, Secrets secrets) noexcept {
     return secrets == Secrets::revealed || secret.empty() ? secret : "********";
+}
+
+/// A note, or the content of one, as it is shown.
+[[nodiscard]] constexpr std::string_view shownNote(std::string_view note, Secrets secrets,
+                                                   Door door) noexcept {
+    return door == Door::first ? note : shown(note, secrets);
 }
 
 /// Whether an extra is masked like a password.

@@ -28,15 +28,16 @@ constexpr Column cardColumns[] = {{"NAME"},      {"HOLDER"},        {"NUMBER", t
 /// Makes the cells of records.
 class Cells {
 public:
-    Cells(Secrets secrets, std::size_t widest) noexcept : _secrets(secrets), _widest(widest) {}
+    Cells(Secrets secrets, Door door, std::size_t widest) noexcept
+        : _secrets(secrets), _door(door), _widest(widest) {}
 
     [[nodiscard]] Row row(const ImportedPasswordInfoProviding& password) const {
         return {cellOrDash(password.service()), cell(password.username()),
-                secret(password.password()), cell(password.url()), cellOrDash(password.note())};
+                secret(password.password()), cell(password.url()), note(password.note())};
     }
 
     [[nodiscard]] Row row(const ImportedNoteInfoProviding& note) const {
-        return {cell(note.title()), cell(note.content())};
+        return {cell(note.title()), this->note(note.content())};
     }
 
     [[nodiscard]] Row row(const ImportedCardInfoProviding& card) const {
@@ -48,7 +49,7 @@ public:
                 cell(std::to_string(card.expirationDay()) + '.' +
                      std::to_string(card.expirationMonth()) + '.' +
                      std::to_string(card.expirationYear())),
-                cell(card.note())};
+                note(card.note())};
     }
 
 private:
@@ -60,6 +61,10 @@ private:
         return text ? cell(*text) : Cell{.text = "-", .style = Style::dim};
     }
 
+    [[nodiscard]] Cell note(const std::optional<std::string_view>& text) const {
+        return _door == Door::first || !text ? cellOrDash(text) : secret(*text);
+    }
+
     [[nodiscard]] Cell secret(std::string_view text) const {
         Cell made = cell(shown(text, _secrets));
         made.style = _secrets == Secrets::masked ? Style::dim : Style::plain;
@@ -67,16 +72,17 @@ private:
     }
 
     Secrets _secrets;
+    Door _door;
     std::size_t _widest;
 };
 
 void writeTable(std::string_view title, std::span<const Column> columns, const auto& records,
-                Secrets secrets, const Terminal& terminal, std::ostream& out) {
+                Secrets secrets, Door door, const Terminal& terminal, std::ostream& out) {
     if (records.empty()) {
         return;
     }
     TextTable table(columns, terminal);
-    const Cells cells(secrets, table.widest());
+    const Cells cells(secrets, door, table.widest());
     for (const auto& record : records) {
         table.measure(cells.row(*record));
     }
@@ -93,9 +99,9 @@ void writeTable(std::string_view title, std::span<const Column> columns, const a
 void TableFormat::write(std::string_view path, const ImportedExport& imported, std::ostream& out) {
     const ImportedRecords& records = *imported.records;
     out << styled(displayText(path), Style::bold, _terminal) << '\n';
-    writeTable("Passwords", passwordColumns, records.passwords, _secrets, _terminal, out);
-    writeTable("Notes", noteColumns, records.notes, _secrets, _terminal, out);
-    writeTable("Cards", cardColumns, records.cards, _secrets, _terminal, out);
+    writeTable("Passwords", passwordColumns, records.passwords, _secrets, _door, _terminal, out);
+    writeTable("Notes", noteColumns, records.notes, _secrets, _door, _terminal, out);
+    writeTable("Cards", cardColumns, records.cards, _secrets, _door, _terminal, out);
     if (records.passwords.empty() && records.notes.empty() && records.cards.empty()) {
         out << "\nno records\n";
     }

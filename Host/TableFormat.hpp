@@ -10,13 +10,14 @@ namespace Rellinor::Host {
 /// control character of theirs reaches either.
 class TableFormat final : public RecordsFormat {
 public:
-    TableFormat(Secrets secrets, const Terminal& terminal) noexcept
-        : _secrets(secrets), _terminal(terminal) {}
+    TableFormat(Secrets secrets, Door door, const Terminal& terminal) noexcept
+        : _secrets(secrets), _door(door), _terminal(terminal) {}
 
     void write(std::string_view path, const ImportedExport& imported, std::ostream& out) override;
 
 private:
     Secrets _secrets;
+    Door _door;
     Terminal _terminal;
 };
 
