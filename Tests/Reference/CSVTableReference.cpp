@@ -175,6 +175,11 @@ private:
         }
     }
 
+    /// Whether a cell is later in its line than eight quotes that were found to be letters.
+    static bool isBehindEight(std::size_t place, const std::vector<std::size_t>& letters) {
+        return letters.size() >= 8 && place > *std::min_element(letters.begin() + 7, letters.end());
+    }
+
     /// Reads a line while some quotes are known to be letters.
     Line lineAt(std::size_t place, const std::vector<std::size_t>& letters) const {
         Line line;
@@ -182,8 +187,7 @@ private:
         for (;;) {
             const bool isLetter = std::ranges::find(letters, place) != letters.end();
             Cell cell = at(place) == '"' && !isLetter ? quotedCell(place) : plainCell(place);
-            if (cell.isQuoted && !cell.strays.empty() && letters.size() >= 8 &&
-                place > letters.back()) {
+            if (cell.isQuoted && !cell.strays.empty() && isBehindEight(place, letters)) {
                 cell = plainCell(place);
             }
             line.cells.push_back(cell);
