@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "Private/Importers/CSVLayouts.hpp"
+#include "Private/Proxies/CSVHeaderRow.hpp"
 #include "Private/Text/Letters.hpp"
 
 namespace Rellinor {
@@ -97,15 +98,10 @@ std::size_t CSVColumnNames::numberOfOthers(const CSVLayout& layout) const noexce
 }
 
 std::vector<CSVColumnNames> headersOf(Beginning beginning) {
-    constexpr std::string_view announcement = "sep="; // in a line of its own
-    const std::size_t end = announcement.size() + 1;
-
-    if (beginning.text.size() > end &&
-        sameIgnoringCase(beginning.text.substr(0, announcement.size()), announcement) &&
-        (beginning.text[end] == '\n' || beginning.text[end] == '\r')) {
-        const char separator = beginning.text[end - 1];
-        beginning.text.remove_prefix(end);
-        return {headerOf(beginning, separator, true)};
+    if (const auto separator = namedSeparator(beginning.text)) {
+        beginning.text.remove_prefix(
+            std::min(beginning.text.find_first_of("\r\n"), beginning.text.size()));
+        return {headerOf(beginning, *separator, true)};
     }
     std::vector<CSVColumnNames> headers;
     for (const char separator : {',', ';', '\t'}) {

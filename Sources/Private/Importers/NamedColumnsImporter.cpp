@@ -20,17 +20,18 @@ namespace {
 
 constexpr std::string_view unknownKind = "unknown kind";
 
-/// A header of one column, in front of a file without one: no row is then too short.
-constexpr std::string_view placeOfHeader = "x\n";
+/// How much room a header of one column takes, in front of a file without one: no row is then too
+/// short.
+constexpr std::size_t sizeOfHeader = 2;
 
 /// A text that is absent if it is empty.
 std::optional<std::string_view> ifAny(std::string_view text) noexcept {
     return text.empty() ? std::nullopt : std::optional(text);
 }
 
-/// The text of a file, with room for `placeOfHeader` in front.
+/// The text of a file, with room for a header in front.
 std::span<char> textOf(const ExportFile& file, ImportMemory& memory, const Reporter* reporter) {
-    auto contents = contentsOf(file, {.before = placeOfHeader.size()}, largestFileFor(reporter));
+    auto contents = contentsOf(file, {.before = sizeOfHeader}, largestFileFor(reporter));
     if (!contents) {
         throw ReadError(contents.error());
     }
@@ -96,15 +97,14 @@ CSVRows NamedColumnsImporter::read(const ExportFile& file, ImportMemory& memory,
     if (view.find_first_not_of("\r\n") == std::string_view::npos) {
         throw ReadError(FailureReason::noRows);
     }
-    reporter->setPlaces(PlaceUnit::line, LineCounter(view));
     reporter->expect(text.size());
     const auto tables = csvLayoutsWithoutHeader();
     const auto table = std::ranges::find(tables, _layout, &CSVLayout::layout);
-    if (table != tables.end()) {
-        _table = *table;
-        return rowsWithoutHeader(text);
+    if (table == tables.end()) {
+        return rowsWithHeader(text);
     }
-    return rowsWithHeader(text);
+    _table = *table;
+    return rowsWithoutHeader(text);
 }
 
 CSVRows NamedColumnsImporter::rowsWithHeader(std::span<char> text) {
@@ -116,30 +116,38 @@ CSVRows NamedColumnsImporter::rowsWithHeader(std::span<char> text) {
     if (_table == &genericCSV) {
         _reporter->foundMany(FindingKind::lastResort, {}, 1);
     }
-    const CSVDialect dialect{.separator = choice->separator, .quotes = _table->quotes};
-    CSVRows rows(text, 0, dialect, *_memory, damageHandler(0));
+    CSVRows rows = rowsOf(text, 0, choice->separator);
     readHeader(rows.header());
     return rows;
 }
 
 CSVRows NamedColumnsImporter::rowsWithoutHeader(std::span<char> text) {
+    const bool hasLineFeeds = std::ranges::find(text, '\n') != text.end();
     const std::size_t heading = _table->lengthOfHeading != nullptr
                                     ? _table->lengthOfHeading({text.data(), text.size()})
                                     : 0;
     const auto offset =
-        static_cast<std::ptrdiff_t>(heading) - static_cast<std::ptrdiff_t>(placeOfHeader.size());
+        static_cast<std::ptrdiff_t>(heading) - static_cast<std::ptrdiff_t>(sizeOfHeader);
     const std::span<char> rows(text.data() + offset, text.data() + text.size());
-    std::ranges::copy(placeOfHeader, rows.begin());
-    return {rows, offset, CSVDialect{.quotes = _table->quotes}, *_memory, damageHandler(offset)};
+    rows[0] = 'x';
+    rows[1] = hasLineFeeds ? '\n' : '\r';
+    return rowsOf(rows, offset, ',');
 }
 
-CSVTable::DamageHandler NamedColumnsImporter::damageHandler(std::ptrdiff_t offset) const {
+/// @param offset  where `text` begins in the text of the file
+CSVRows NamedColumnsImporter::rowsOf(std::span<char> text, std::ptrdiff_t offset, char separator) {
     const bool mayBeLong = _table->readRow != nullptr || _table->further != nullptr;
-    return [reporter = _reporter, mayBeLong, offset](CSVDamage damage, std::size_t position) {
+    const auto onDamage = [reporter = _reporter, mayBeLong, offset](CSVDamage damage,
+                                                                    std::size_t position) {
         if (damage != CSVDamage::longRow || !mayBeLong) {
             reporter->found(findingOf(damage), {}, position + static_cast<std::size_t>(offset));
         }
     };
+    const CSVDialect dialect{.separator = separator, .quotes = _table->quotes};
+    auto table = std::make_unique<CSVTable>(text, dialect, *_memory, onDamage);
+    const std::string_view whole(text.data() - offset, text.data() + text.size());
+    _reporter->setPlaces(PlaceUnit::line, LineCounter(whole, table->lineEnd()));
+    return {std::move(table), offset};
 }
 
 /// Finds out what each column is. Of columns with one name the first counts, and of those of one

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstddef>
+#include <iterator>
+#include <memory>
 #include <span>
 #include <string_view>
 #include <utility>
@@ -15,23 +17,24 @@ namespace Rellinor {
 /// The rows of a CSV file behind its header.
 class CSVRows {
 public:
-    /// @param offset  of the text in the file, which positions count from
-    CSVRows(std::span<char> text, std::ptrdiff_t offset, const CSVDialect& dialect,
-            ImportMemory& memory, CSVTable::DamageHandler onDamage)
-        : _table(text, dialect, memory, std::move(onDamage)), _offset(offset) {}
+    /// @param offset  of the table's text in the file's, which positions count from
+    CSVRows(std::unique_ptr<CSVTable> table, std::ptrdiff_t offset) noexcept
+        : _table(std::move(table)), _offset(offset) {}
 
-    [[nodiscard]] std::span<const std::string_view> header() const { return _table.header(); }
+    [[nodiscard]] std::span<const std::string_view> header() const noexcept {
+        return _table->header();
+    }
 
-    [[nodiscard]] auto begin() { return _table.begin(); }
+    [[nodiscard]] CSVTable::Iterator begin() const { return _table->begin(); }
 
-    [[nodiscard]] auto end() { return _table.end(); }
+    [[nodiscard]] static std::default_sentinel_t end() noexcept { return {}; }
 
-    [[nodiscard]] std::size_t position() const {
-        return static_cast<std::size_t>(static_cast<std::ptrdiff_t>(_table.position()) + _offset);
+    [[nodiscard]] std::size_t position() const noexcept {
+        return static_cast<std::size_t>(static_cast<std::ptrdiff_t>(_table->position()) + _offset);
     }
 
 private:
-    CSVTable _table;
+    std::unique_ptr<CSVTable> _table;
     std::ptrdiff_t _offset;
 };
 
@@ -73,11 +76,11 @@ public:
 private:
     [[nodiscard]] CSVRows rowsWithHeader(std::span<char> text);
     [[nodiscard]] CSVRows rowsWithoutHeader(std::span<char> text);
+    [[nodiscard]] CSVRows rowsOf(std::span<char> text, std::ptrdiff_t offset, char separator);
     void readHeader(std::span<const std::string_view> header);
     void readRow(std::span<const std::string_view> row);
     void readCell(const CSVOtherColumn& column, std::string_view text);
     void readKind();
-    [[nodiscard]] CSVTable::DamageHandler damageHandler(std::ptrdiff_t offset) const;
     [[nodiscard]] bool isOf(CSVKind kind) const noexcept;
 
     Layout _layout;

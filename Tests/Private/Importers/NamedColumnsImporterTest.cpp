@@ -101,6 +101,24 @@ TEST(NamedColumnsImporterTest, refusesWhatIsNoSuchFile) {
     EXPECT_EQ(nowhere.report.failure().reason, FailureReason::missing);
 }
 
+TEST(NamedColumnsImporterTest, tellsTheLinesOfWhatWasMended) {
+    for (const std::string end : {"\n", "\r\n", "\r"}) {
+        const std::string text = std::string(strongbox.substr(0, strongbox.size() - 1)) + end +
+                                 "A,ann,,one,https://a,,first" + end + "second" + end +
+                                 "B,,,\"a\"b\",,," + end + "C,,,\"x\",,,,more" + end;
+        const Reading reading = readingOf(text);
+        EXPECT_EQ(reading.delivered() + reading.leftOut(LeftOutReason::empty), 4);
+        EXPECT_EQ(reading.records.passwords.back().password, "x");
+        EXPECT_EQ(reading.extras.back(), "other =more\n");
+        for (const auto& [kind, line] :
+             {std::pair(FindingKind::strayQuote, 4), std::pair(FindingKind::longRow, 5)}) {
+            const auto found = std::ranges::find(reading.report.findings(), kind, &Finding::kind);
+            ASSERT_NE(found, reading.report.findings().end());
+            EXPECT_EQ(found->places.first, std::vector<std::uint64_t>(1, line));
+        }
+    }
+}
+
 TEST(NamedColumnsImporterTest, succeedsWithAHeaderAlone) {
     for (const std::string_view text : {std::string_view(strongbox), strongbox.substr(0, 53)}) {
         const Reading reading = readingOf(text);
