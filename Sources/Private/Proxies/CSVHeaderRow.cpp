@@ -22,18 +22,6 @@ constexpr bool maySeparate(char character) noexcept {
     return character == '\t' || (isPrintable && !isLetter && !never.contains(character));
 }
 
-/// The separator that a first line names.
-std::optional<char> namedSeparator(std::string_view text) noexcept {
-    constexpr std::string_view name = "sep=";
-    if (!text.starts_with(name) || text.size() <= name.size()) {
-        return std::nullopt;
-    }
-    const char separator = text[name.size()];
-    const std::string_view behind = text.substr(name.size() + 1);
-    const bool isWholeLine = behind.empty() || isLineEnd(behind.front());
-    return isWholeLine && maySeparate(separator) ? std::optional(separator) : std::nullopt;
-}
-
 /// Where the first line end outside quotes stands; the size of the text if there is none.
 std::size_t firstRowEnd(const CSVGrammar& grammar) noexcept {
     const std::string_view text = grammar.text();
@@ -79,6 +67,17 @@ std::size_t readCell(const CSVGrammar& grammar, std::size_t begin, CSVLine& line
 }
 
 } // namespace
+
+std::optional<char> namedSeparator(std::string_view text) noexcept {
+    constexpr std::string_view name = "sep=";
+    if (!text.starts_with(name) || text.size() <= name.size()) {
+        return std::nullopt;
+    }
+    const char separator = text[name.size()];
+    const std::string_view behind = text.substr(name.size() + 1);
+    const bool isWholeLine = behind.empty() || isLineEnd(behind.front());
+    return isWholeLine && maySeparate(separator) ? std::optional(separator) : std::nullopt;
+}
 
 CSVHeaderRow::CSVHeaderRow(std::string_view text, CSVDialect dialect)
     : grammar(text, dialect, '\n') {

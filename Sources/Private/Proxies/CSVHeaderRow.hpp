@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -10,6 +11,10 @@
 #include "Private/Proxies/CSVLine.hpp"
 
 namespace Rellinor {
+
+/// The separator that a first line such as `sep=;` names, as spreadsheets write it; absent if the
+/// first line is another.
+[[nodiscard]] std::optional<char> namedSeparator(std::string_view text) noexcept;
 
 /// The header of a CSV text: its first row, read without mending. A stray quote inside a quoted
 /// cell is a letter, and a cell that is not closed ends with the text.
