@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string_view>
+#include <unordered_map>
+
+#include "Private/Importers/VaultItemBuilder.hpp"
+#include "Private/Proxies/JSONRecords.hpp"
+
+namespace Rellinor {
+
+/// The 1PIF export of 1Password, entries of every kind.
+class OnePIF final {
+public:
+    using RawRecord = JSONObject;
+
+    static constexpr CardDateNames dateNames{
+        .both = "expiry", .month = "expiry_mm", .year = "expiry_yy"};
+
+    /// @throws PIFParsingError  the file cannot be read or a record is not JSON
+    [[nodiscard]] JSONRecords read(const ExportFile& file, ImportMemory& memory,
+                                   Reporter& reporter);
+
+    void decode(const RawRecord& entry, VaultItemBuilder& builder) const;
+
+private:
+    std::unordered_map<std::string_view, std::string_view> _folders; // titles by identifiers
+};
+
+} // namespace Rellinor
