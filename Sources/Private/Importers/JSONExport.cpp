@@ -27,8 +27,10 @@ JSONDocument parsed(std::span<const char> bytes, ImportMemory& memory, Reporter&
     text.remove_prefix(lengthOfByteOrderMark(text));
     auto document = JSONDocument::parsed(text, {}, memory, JSONExtent::everything);
     if (!document) {
+        const ReadFailure failure = failureOf(document.error(), text);
         reporter.setPlaces(PlaceUnit::line, LineCounter(text));
-        throw ReadError(failureOf(document.error(), text));
+        reporter.fail(failure); // now, as long as there is the text
+        throw ReadError(failure);
     }
     return *std::move(document);
 }

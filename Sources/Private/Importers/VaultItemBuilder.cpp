@@ -16,6 +16,13 @@ std::string_view digits(std::int64_t number, ImportMemory& memory) {
     return memory.copy({buffer.data(), written.ptr});
 }
 
+bool isFieldOf(ItemShape shape, ItemField field) noexcept {
+    if (field <= ItemField::address) {
+        return shape == ItemShape::login;
+    }
+    return field != ItemField::none && shape == ItemShape::card;
+}
+
 } // namespace
 
 std::string_view VaultItemBuilder::text(const JSONValue& value, std::string_view name) {
@@ -56,7 +63,7 @@ void VaultItemBuilder::assign(std::string_view& target, const JSONValue& value,
 
 void VaultItemBuilder::addField(ItemField field, ExtraKind kind, std::string_view label,
                                 std::string_view text) {
-    if (field != ItemField::none && _item[field].empty()) {
+    if (isFieldOf(_item.shape, field) && _item[field].empty()) {
         _item[field] = text;
     } else {
         addValue(kind, label, text);
@@ -84,6 +91,15 @@ void VaultItemBuilder::addAny(ExtraKind kind, std::string_view label, const JSON
     }
 }
 
+void VaultItemBuilder::addCustom(ExtraKind kind, std::string_view label, const JSONValue& value,
+                                 std::string_view name) {
+    const std::size_t before = _item.values.size();
+    addAny(kind, label, value, name);
+    if (_item.values.size() == before && !label.empty()) {
+        tellUnread("names of empty fields");
+    }
+}
+
 void VaultItemBuilder::addFact(ExtraKind kind, std::string_view label, std::string_view text) {
     if (!text.empty()) {
         _item.facts.push_back({.kind = kind, .label = label, .value = text});
@@ -91,9 +107,7 @@ void VaultItemBuilder::addFact(ExtraKind kind, std::string_view label, std::stri
 }
 
 void VaultItemBuilder::addAddress(std::string_view label, std::string_view text) {
-    if (_item.shape != ItemShape::login) {
-        addValue(ExtraKind::furtherURL, label, text);
-    } else if (text != _item[ItemField::address]) {
+    if (text != _item[ItemField::address]) {
         addField(ItemField::address, ExtraKind::furtherURL, label, text);
     }
 }

@@ -148,7 +148,7 @@ public:
     /// Takes a text over; the first of several counts.
     void assign(std::string_view& target, const JSONValue& value, std::string_view name);
 
-    /// A field, or a value if the field is taken or none.
+    /// A field, or a value if the field is taken or no field of the item's shape.
     void addField(ItemField field, ExtraKind kind, std::string_view label, std::string_view text);
 
     void addValue(ExtraKind kind, std::string_view label, std::string_view text);
@@ -156,6 +156,10 @@ public:
     /// A value, or those that an object or list holds, such as the parts of an address.
     void addAny(ExtraKind kind, std::string_view label, const JSONValue& value,
                 std::string_view name, ItemField field = ItemField::none);
+
+    /// A field that a person has named. That there is nothing but the name is told.
+    void addCustom(ExtraKind kind, std::string_view label, const JSONValue& value,
+                   std::string_view name);
 
     void addFact(ExtraKind kind, std::string_view label, std::string_view text);
 

@@ -90,15 +90,12 @@ ExtraKind kindOfField(const JSONValue& type) noexcept {
 }
 
 void decodeField(const JSONObject& field, VaultItemBuilder& builder) {
-    const JSONValue value = memberOf(field, "value");
     const std::string_view label = builder.text(memberOf(field, "name"), "fields");
-    builder.addAny(kindOfField(memberOf(field, "type")), label, value, "fields");
+    builder.addCustom(kindOfField(memberOf(field, "type")), label, memberOf(field, "value"),
+                      "fields");
     builder.takeAll(std::array{ignored("name"), ignored("type"), ignored("value"),
                                unreadIn("linkedId", "linked fields")},
                     field);
-    if (!label.empty() && (value.isNull() || value.text() == "")) {
-        builder.tellUnread("names of empty fields");
-    }
 }
 
 void decodeAddress(const JSONObject& address, VaultItemBuilder& builder) {
@@ -158,7 +155,7 @@ JSONEntries BitwardenJSON::entriesOf(JSONDocument document, Reporter& reporter) 
             const auto id = object ? memberOf(*object, "id").text() : std::nullopt;
             const auto name = object ? memberOf(*object, "name").text() : std::nullopt;
             if (id && name) {
-                _folders.emplace(*id, *name);
+                _folders.add(*id, *name);
             }
         }
     }
@@ -166,9 +163,23 @@ JSONEntries BitwardenJSON::entriesOf(JSONDocument document, Reporter& reporter) 
     if (const auto items = listOfEntriesIn(top, "items", reporter)) {
         for (const JSONValue item : *items) {
             entries.push_back({.value = item});
+            useFolders(item);
         }
     }
+    _folders.tellUnused(reporter);
     return {std::move(document), std::move(entries), reporter};
+}
+
+void BitwardenJSON::useFolders(const JSONValue& element) {
+    const auto item = element.object();
+    if (!item) {
+        return;
+    }
+    _folders.use(memberOf(*item, "folderId"));
+    if (const auto collections = memberOf(*item, "collectionIds").elements()) {
+        std::ranges::for_each(*collections,
+                              [&](const JSONValue& collection) { _folders.use(collection); });
+    }
 }
 
 void BitwardenJSON::decode(const RawRecord& entry, VaultItemBuilder& builder) const {
@@ -185,20 +196,12 @@ void BitwardenJSON::decode(const RawRecord& entry, VaultItemBuilder& builder) co
     builder.item().shape = kind.shape;
     builder.item().kind = kind.name;
 
-    const auto addFolder = [&](const JSONValue& value, std::string_view name) {
-        const auto folder = _folders.find(builder.text(value, name));
-        if (folder != _folders.end()) {
-            builder.addFact(ExtraKind::folder, name, folder->second);
-        } else {
-            builder.passOver(value, "folder that is not in the file");
-        }
-    };
     item->forEachNamed({}, [&](std::string_view name, const JSONValue& value) {
         if (name == "folderId") {
-            addFolder(value, "folderId");
+            _folders.addTo(builder, value, "folderId");
         } else if (name == "collectionIds") {
             builder.withElements(value, "collectionIds", [&](const JSONValue& collection) {
-                addFolder(collection, "collectionIds");
+                _folders.addTo(builder, collection, "collectionIds");
             });
         } else if (name == "archivedDate") {
             builder.addFact(ExtraKind::archived, "archivedDate",

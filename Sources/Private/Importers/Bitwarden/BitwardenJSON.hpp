@@ -1,10 +1,7 @@
 #pragma once
 
-#include <string_view>
-#include <unordered_map>
-
+#include "Private/Importers/FolderNames.hpp"
 #include "Private/Importers/JSONExport.hpp"
-#include "Private/Importers/VaultItemBuilder.hpp"
 
 namespace Rellinor {
 
@@ -25,7 +22,9 @@ protected:
     [[nodiscard]] JSONEntries entriesOf(JSONDocument document, Reporter& reporter);
 
 private:
-    std::unordered_map<std::string_view, std::string_view> _folders; // names by identifiers
+    void useFolders(const JSONValue& element);
+
+    FolderNames _folders;
 };
 
 /// The same in an archive, with attachments.

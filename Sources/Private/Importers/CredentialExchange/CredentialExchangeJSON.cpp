@@ -170,7 +170,7 @@ void decodeNote(const JSONValue& content, VaultItemBuilder& builder) {
 void decodeCustomField(const JSONObject& field, VaultItemBuilder& builder) {
     const std::string_view id = builder.text(memberOf(field, "id"), "id");
     const std::string_view label = builder.text(memberOf(field, "label"), "label");
-    const bool isPin = id == pinIdentifier && builder.item().shape == ItemShape::card;
+    const bool isPin = id == pinIdentifier;
     const auto kind = kindOfField(builder.text(memberOf(field, "fieldType"), "fieldType"));
     builder.addAny(kind, label, memberOf(field, "value"), "value",
                    isPin ? ItemField::pin : ItemField::none);
@@ -348,7 +348,11 @@ void CredentialExchangeJSON::addCollections(const JSONObject& holder, std::strin
         }
         const std::string_view title = memberOf(*collection, "title").text().value_or("");
         const std::string_view inner = pathOf(path, title, memory);
-        if (const auto items = listIn(*collection, "items", reporter)) {
+        const auto items = listIn(*collection, "items", reporter);
+        if (!title.empty() && (!items || items->begin() == items->end())) {
+            reporter.unread("collections without entries of their own");
+        }
+        if (items) {
             for (const JSONValue link : *items) {
                 const auto object = link.object();
                 const auto item = object ? memberOf(*object, "item").text() : link.text();

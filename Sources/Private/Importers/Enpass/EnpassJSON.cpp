@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 
 namespace Rellinor {
 
@@ -64,23 +65,22 @@ constexpr auto fieldRules = std::to_array<MemberRule>({
 /// What a field becomes by its type.
 struct FieldType {
     std::string_view type;
-    ItemShape shape; ///< for which the field holds
     ItemField field;
 };
 
 constexpr auto fieldTypes = std::to_array<FieldType>({
-    {"username", ItemShape::login, ItemField::username},
-    {"password", ItemShape::login, ItemField::password},
-    {"ccName", ItemShape::card, ItemField::cardHolder},
-    {"ccNumber", ItemShape::card, ItemField::cardNumber},
-    {"ccCvc", ItemShape::card, ItemField::cvv},
-    {"ccPin", ItemShape::card, ItemField::pin},
-    {"ccExpiry", ItemShape::card, ItemField::expiry},
+    {"username", ItemField::username},
+    {"password", ItemField::password},
+    {"ccName", ItemField::cardHolder},
+    {"ccNumber", ItemField::cardNumber},
+    {"ccCvc", ItemField::cvv},
+    {"ccPin", ItemField::pin},
+    {"ccExpiry", ItemField::expiry},
 });
 
-ItemField fieldOf(std::string_view type, ItemShape shape) noexcept {
+ItemField fieldOf(std::string_view type) noexcept {
     const auto found = std::ranges::find(fieldTypes, type, &FieldType::type);
-    return found != fieldTypes.end() && found->shape == shape ? found->field : ItemField::none;
+    return found != fieldTypes.end() ? found->field : ItemField::none;
 }
 
 ExtraKind kindOf(std::string_view type, bool isSensitive) noexcept {
@@ -101,6 +101,16 @@ ExtraKind kindOf(std::string_view type, bool isSensitive) noexcept {
     return isSecret ? ExtraKind::customSecret : ExtraKind::customText;
 }
 
+/// Whether a value is 1, which says that something is gone.
+bool isOne(const JSONValue& value, std::string_view name, VaultItemBuilder& builder) {
+    const auto number = value.integer();
+    const bool isTruth = number == std::int64_t{0} || number == std::int64_t{1};
+    if (!isTruth && !value.boolean() && !value.isNull()) {
+        builder.otherType(name);
+    }
+    return number == std::int64_t{1} || value.boolean() == true;
+}
+
 /// Whether a field that counts has this type and some value.
 bool hasField(const JSONValue& fields, std::string_view type) noexcept {
     const auto elements = fields.elements();
@@ -108,13 +118,13 @@ bool hasField(const JSONValue& fields, std::string_view type) noexcept {
                const auto field = element.object();
                return field && memberOf(*field, "type").text() == type &&
                       !memberOf(*field, "value").text().value_or("").empty() &&
-                      memberOf(*field, "deleted").integer().value_or(0) == 0;
+                      memberOf(*field, "deleted").integer() != std::int64_t{1};
            });
 }
 
 void decodeField(const JSONObject& field, VaultItemBuilder& builder) {
     builder.takeAll(fieldRules, field);
-    if (builder.truth(memberOf(field, "deleted"), "deleted")) {
+    if (isOne(memberOf(field, "deleted"), "deleted", builder)) {
         builder.tellUnread("deleted fields");
         return;
     }
@@ -128,8 +138,7 @@ void decodeField(const JSONObject& field, VaultItemBuilder& builder) {
         builder.addAddress(label, builder.text(value, "value"));
     } else {
         const bool isSensitive = builder.truth(memberOf(field, "sensitive"), "sensitive");
-        builder.addAny(kindOf(type, isSensitive), label, value, "value",
-                       fieldOf(type, builder.item().shape));
+        builder.addAny(kindOf(type, isSensitive), label, value, "value", fieldOf(type));
     }
 }
 
@@ -166,15 +175,25 @@ JSONEntries EnpassJSON::read(const ExportFile& file, ImportMemory& memory, Repor
             path = pathOf(around->second.title, path, memory);
             around = folders.find(around->second.parent);
         }
-        _folders.emplace(uuid, path);
+        _folders.add(uuid, path);
     }
     std::vector<JSONEntry> entries;
     if (const auto items = listOfEntriesIn(top, "items", reporter)) {
         for (const JSONValue item : *items) {
             entries.push_back({.value = item});
+            useFolders(item);
         }
     }
+    _folders.tellUnused(reporter);
     return {std::move(document), std::move(entries), reporter};
+}
+
+void EnpassJSON::useFolders(const JSONValue& element) {
+    const auto item = element.object();
+    const auto folders = item ? memberOf(*item, "folders").elements() : std::nullopt;
+    if (folders) {
+        std::ranges::for_each(*folders, [&](const JSONValue& folder) { _folders.use(folder); });
+    }
 }
 
 void EnpassJSON::decode(const RawRecord& entry, VaultItemBuilder& builder) const {
@@ -183,7 +202,7 @@ void EnpassJSON::decode(const RawRecord& entry, VaultItemBuilder& builder) const
         builder.leaveOut(LeftOutReason::fieldOfOtherType);
         return;
     }
-    if (builder.truth(memberOf(*item, "trashed"), "trashed")) {
+    if (isOne(memberOf(*item, "trashed"), "trashed", builder)) {
         builder.leaveOut(LeftOutReason::trashed);
         return;
     }
@@ -202,12 +221,7 @@ void EnpassJSON::decode(const RawRecord& entry, VaultItemBuilder& builder) const
                                 [&](const JSONObject& field) { decodeField(field, builder); });
         } else if (name == "folders") {
             builder.withElements(value, "folders", [&](const JSONValue& element) {
-                const auto folder = _folders.find(builder.text(element, "folders"));
-                if (folder != _folders.end()) {
-                    builder.addFact(ExtraKind::folder, "folders", folder->second);
-                } else {
-                    builder.passOver(element, "folder that is not in the file");
-                }
+                _folders.addTo(builder, element, "folders");
             });
         } else if (!builder.take(itemRules, name, value)) {
             builder.passOver(value, otherMembersPart);

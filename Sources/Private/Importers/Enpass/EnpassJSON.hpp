@@ -1,10 +1,7 @@
 #pragma once
 
-#include <string_view>
-#include <unordered_map>
-
+#include "Private/Importers/FolderNames.hpp"
 #include "Private/Importers/JSONExport.hpp"
-#include "Private/Importers/VaultItemBuilder.hpp"
 
 namespace Rellinor {
 
@@ -22,7 +19,9 @@ public:
     void decode(const RawRecord& entry, VaultItemBuilder& builder) const;
 
 private:
-    std::unordered_map<std::string_view, std::string_view> _folders; // paths by identifiers
+    void useFolders(const JSONValue& element);
+
+    FolderNames _folders;
 };
 
 } // namespace Rellinor

@@ -42,6 +42,9 @@ constexpr Kind unknownKind{"", ItemShape::other, "unknown kind"};
 
 constexpr auto recordRules = std::to_array<MemberRule>({
     titleIn("title"),
+    fieldIn("login", ItemField::username, ExtraKind::furtherUserName),
+    fieldIn("password", ItemField::password, ExtraKind::customSecret),
+    addressIn("login_url"),
     factIn("last_modified", ExtraKind::modifiedAt),
     unreadIn("uid", identifiersPart),
     unreadIn("attachments", attachmentsPart),
@@ -49,18 +52,6 @@ constexpr auto recordRules = std::to_array<MemberRule>({
     unreadIn("schema", settingsPart),
     ignored("$type"),
     ignored("notes"),
-});
-
-constexpr auto loginRules = std::to_array<MemberRule>({
-    fieldIn("login", ItemField::username, ExtraKind::furtherUserName),
-    fieldIn("password", ItemField::password, ExtraKind::customSecret),
-    addressIn("login_url"),
-});
-
-constexpr auto otherRules = std::to_array<MemberRule>({
-    valueIn("login", ExtraKind::furtherUserName),
-    valueIn("password", ExtraKind::customSecret),
-    addressIn("login_url"),
 });
 
 constexpr auto paymentRules = std::to_array<MemberRule>({
@@ -127,10 +118,7 @@ ExtraKind kindOf(std::string_view type) noexcept {
     return found != types.end() ? found->kind : ExtraKind::customText;
 }
 
-ItemField fieldOf(const FieldName& name, ItemShape shape) noexcept {
-    if (shape != ItemShape::card) {
-        return ItemField::none;
-    }
+ItemField fieldOf(const FieldName& name) noexcept {
     if (name.type == "pinCode") {
         return ItemField::pin;
     }
@@ -166,8 +154,7 @@ void decodeCustomField(std::string_view name, const JSONValue& value, VaultItemB
     } else if (field.type == "url" && isText) {
         builder.addAddress(field.label, *value.text());
     } else {
-        builder.addAny(kindOf(field.type), field.label, value, "custom_fields",
-                       fieldOf(field, item.shape));
+        builder.addAny(kindOf(field.type), field.label, value, "custom_fields", fieldOf(field));
     }
 }
 
@@ -219,7 +206,6 @@ void KeeperJSON::decode(const RawRecord& entry, VaultItemBuilder& builder) {
     item.shape = isLogin ? ItemShape::login : kind.shape;
     item.kind = kind.name;
 
-    const MemberRules rules = item.shape == ItemShape::login ? MemberRules(loginRules) : otherRules;
     record->forEachNamed({}, [&](std::string_view name, const JSONValue& value) {
         if (name == "custom_fields") {
             builder.withObject(value, "custom_fields", [&](const JSONObject& fields) {
@@ -231,7 +217,7 @@ void KeeperJSON::decode(const RawRecord& entry, VaultItemBuilder& builder) {
             builder.withObjects(value, "folders", [&](const JSONObject& folder) {
                 builder.takeAll(folderRules, folder);
             });
-        } else if (!builder.take(recordRules, name, value) && !builder.take(rules, name, value)) {
+        } else if (!builder.take(recordRules, name, value)) {
             builder.passOver(value, otherMembersPart);
         }
     });

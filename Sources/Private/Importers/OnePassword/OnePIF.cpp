@@ -53,12 +53,10 @@ constexpr auto unreadRules = std::to_array<MemberRule>({
     unreadIn("icon", icon),
 });
 
-using Folders = std::unordered_map<std::string_view, std::string_view>;
-
 /// Decodes one entry.
 class Decoder {
 public:
-    Decoder(const OnePasswordCategory& category, const Folders& folders,
+    Decoder(const OnePasswordCategory& category, const FolderNames& folders,
             VaultItemBuilder& builder) noexcept
         : _entry(category, builder), _folders(folders), _builder(builder) {}
 
@@ -88,18 +86,9 @@ private:
         } else if (name == "URLs") {
             decodeAddresses(value);
         } else if (name == "folderUuid") {
-            decodeFolder(_builder.text(value, "folderUuid"));
+            _folders.addTo(_builder, value, "folderUuid");
         } else if (!_builder.take(rules, name, value) && !_builder.take(unreadRules, name, value)) {
             _builder.passOver(value, otherMembersPart);
-        }
-    }
-
-    void decodeFolder(std::string_view uuid) {
-        const auto folder = _folders.find(uuid);
-        if (folder != _folders.end()) {
-            _builder.addFact(ExtraKind::folder, "folderUuid", folder->second);
-        } else if (!uuid.empty()) {
-            _builder.tellUnread("folder that is not in the file");
         }
     }
 
@@ -179,7 +168,7 @@ private:
     }
 
     OnePasswordDecoder _entry;
-    const Folders& _folders;
+    const FolderNames& _folders;
     VaultItemBuilder& _builder;
 };
 
@@ -211,7 +200,7 @@ JSONRecords OnePIF::read(const ExportFile& file, ImportMemory& memory, Reporter&
         if (onePasswordCategoryOf(textIn("typeName").value_or("")).shape ==
                 OnePasswordShape::folder &&
             uuid && title) {
-            _folders.emplace(*uuid, *title);
+            _folders.add(*uuid, *title);
         }
     }
     return {std::move(parsed.document), records};

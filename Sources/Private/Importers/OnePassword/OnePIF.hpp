@@ -1,9 +1,6 @@
 #pragma once
 
-#include <string_view>
-#include <unordered_map>
-
-#include "Private/Importers/VaultItemBuilder.hpp"
+#include "Private/Importers/FolderNames.hpp"
 #include "Private/Proxies/JSONRecords.hpp"
 
 namespace Rellinor {
@@ -23,7 +20,7 @@ public:
     void decode(const RawRecord& entry, VaultItemBuilder& builder) const;
 
 private:
-    std::unordered_map<std::string_view, std::string_view> _folders; // titles by identifiers
+    FolderNames _folders;
 };
 
 } // namespace Rellinor

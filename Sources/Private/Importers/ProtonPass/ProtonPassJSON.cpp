@@ -86,11 +86,15 @@ ExtraKind kindOfField(std::string_view type) noexcept {
 void decodeField(const JSONObject& field, VaultItemBuilder& builder) {
     const std::string_view label = builder.text(memberOf(field, "fieldName"), "fieldName");
     const ExtraKind kind = kindOfField(builder.text(memberOf(field, "type"), "type"));
-    builder.withObject(memberOf(field, "data"), "data", [&](const JSONObject& data) {
-        data.forEachNamed({}, [&](std::string_view /*name*/, const JSONValue& value) {
-            builder.addAny(kind, label, value, "data");
+    const JSONValue data = memberOf(field, "data");
+    const auto parts = data.object();
+    if (parts) {
+        parts->forEachNamed({}, [&](std::string_view /*name*/, const JSONValue& value) {
+            builder.addCustom(kind, label, value, "data");
         });
-    });
+    } else {
+        builder.addCustom(kind, label, data, "data");
+    }
     builder.takeAll(std::array{ignored("fieldName"), ignored("type"), ignored("data")}, field);
 }
 
