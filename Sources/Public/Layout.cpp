@@ -23,7 +23,7 @@ constexpr auto names = std::array{
     LayoutName{dashlaneZip, "dashlane-zip", "Dashlane export (ZIP)", false},
     LayoutName{dashlanePositionalCSV, "dashlane-positional-csv", "old Dashlane CSV export", false},
     LayoutName{keePassCSV, "keepass-csv", "KeePass CSV (1.x) export", false},
-    LayoutName{keePassXML, "keepass-xml", "KeePass XML export", false},
+    LayoutName{keePassXML, "keepass-xml", "KeePass XML export", true},
     LayoutName{keePassXCCSV, "keepassxc-csv", "KeePassXC CSV export", false},
     LayoutName{onePassword1PIF, "1password-1pif", "1Password 1PIF export", true},
     LayoutName{onePassword1PUX, "1password-1pux", "1Password 1PUX export", true},

@@ -28,8 +28,7 @@ JSONDocument parsed(std::span<const char> bytes, ImportMemory& memory, Reporter&
     auto document = JSONDocument::parsed(text, {}, memory, JSONExtent::everything);
     if (!document) {
         const ReadFailure failure = failureOf(document.error(), text);
-        reporter.setPlaces(PlaceUnit::line, LineCounter(text));
-        reporter.fail(failure); // now, as long as there is the text
+        reportFailure(failure, text, reporter);
         throw ReadError(failure);
     }
     return *std::move(document);

@@ -9,6 +9,7 @@
 #include "Private/Importers/Enpass/EnpassJSON.hpp"
 #include "Private/Importers/Firefox/FirefoxProfileImporter.hpp"
 #include "Private/Importers/Importer.hpp"
+#include "Private/Importers/KeePass/KeePassXML.hpp"
 #include "Private/Importers/Keeper/KeeperJSON.hpp"
 #include "Private/Importers/OnePassword/OnePIF.hpp"
 #include "Private/Importers/OnePassword/OnePUX.hpp"
@@ -42,6 +43,8 @@ Assembled importLayout(const ExportFile& file, Layout layout, Reporter& reporter
         return readAs<ChromiumLoginsImporter>(file, reporter);
     case firefoxProfile:
         return readAs<FirefoxProfileImporter>(file, reporter);
+    case keePassXML:
+        return readAs<VaultImporter<KeePassXML>>(file, reporter);
     case onePassword1PIF:
         return readAs<VaultImporter<OnePIF>>(file, reporter);
     case onePassword1PUX:

@@ -143,6 +143,11 @@ public:
         _reporter.found(FindingKind::valueOfOtherType, name);
     }
 
+    /// Tells of a value that nobody can read.
+    void stillEncrypted(std::string_view name) noexcept {
+        _reporter.found(FindingKind::stillEncrypted, name);
+    }
+
     // What is built.
 
     /// Takes a text over; the first of several counts.
