@@ -76,30 +76,29 @@ constexpr std::array columnsMac = {
     CSVColumn{.name = "scope", .unread = settings},
 };
 
-CSVField fieldOf(OnePasswordField field) noexcept {
+CSVField fieldOf(ItemField field) noexcept {
     switch (field) {
-        using enum OnePasswordField;
-    case OnePasswordField::username:
+    case ItemField::username:
         return CSVField::username;
-    case OnePasswordField::password:
+    case ItemField::password:
         return CSVField::password;
-    case address:
+    case ItemField::address:
         return url;
-    case OnePasswordField::cardHolder:
+    case ItemField::cardHolder:
         return CSVField::cardHolder;
-    case OnePasswordField::cardNumber:
+    case ItemField::cardNumber:
         return CSVField::cardNumber;
-    case OnePasswordField::cvv:
+    case ItemField::cvv:
         return CSVField::cvv;
-    case OnePasswordField::pin:
+    case ItemField::pin:
         return CSVField::pin;
-    case OnePasswordField::expiry:
+    case ItemField::expiry:
         return CSVField::expiry;
-    case OnePasswordField::expiryMonth:
+    case ItemField::expiryMonth:
         return CSVField::expiryMonth;
-    case OnePasswordField::expiryYear:
+    case ItemField::expiryYear:
         return CSVField::expiryYear;
-    case OnePasswordField::none:
+    case ItemField::none:
         return CSVField::none;
     }
     return CSVField::none;
@@ -115,9 +114,9 @@ std::optional<CSVOtherColumn> columnWithIdentifier(Name name) {
     if (id.empty() || id.contains(' ')) {
         return std::nullopt;
     }
-    const OnePasswordField ofCard = onePasswordFieldOf(OnePasswordShape::card, id);
-    const OnePasswordField ofLogin = onePasswordFieldOf(OnePasswordShape::login, id);
-    const CSVField field = fieldOf(ofCard != OnePasswordField::none ? ofCard : ofLogin);
+    const auto ofCard = onePasswordFieldOf(OnePasswordShape::card, id);
+    const auto ofLogin = onePasswordFieldOf(OnePasswordShape::login, id);
+    const CSVField field = fieldOf(ofCard != ItemField::none ? ofCard : ofLogin);
     ExtraKind kind = isHiddenInOnePassword(id) ? customSecret : customText;
     if (field != none) {
         kind = other;
