@@ -55,7 +55,7 @@ constexpr std::array columns = {
     CSVColumn{.name = "fields", .read = readFields},
     CSVColumn{.name = "reprompt", .unread = "settings of the product"},
     CSVColumn{.name = "archiveddate", .read = readArchivedDate},
-    CSVColumn{.name = "login_uri", .field = url, .read = readAddresses},
+    CSVColumn{.name = "login_uri", .field = url, .read = readAddressesBetween<','>},
     CSVColumn{.name = "login_username", .field = username},
     CSVColumn{.name = "login_password", .field = password},
     CSVColumn{.name = "login_totp", .extra = oneTimePassword},

@@ -141,8 +141,26 @@ void finishNetwork(CSVItem& item) {
     item.kindName = "wifi";
 }
 
-/// Title, address, user names, password, note. An identifier in place of the note marks a document,
-/// whose cells have no names.
+bool isIdentifier(std::string_view cell) noexcept {
+    return firstIdentifier(cell) == cell;
+}
+
+/// A document, whose cells have no names.
+void readOldDocument(CSVItem& item, std::span<const std::string_view> row) {
+    item.kind = CSVKind::other;
+    item.kindName = "document";
+    for (const std::string_view cell : row) {
+        const bool hasTitle = !item.entries().empty();
+        if (isIdentifier(cell)) {
+            item.addUnread("identifier");
+        } else {
+            item.add({.field = hasTitle ? none : title, .extra = customText, .text = cell});
+        }
+    }
+}
+
+/// Title, address, user names, password, note. An identifier in the first or last place marks a
+/// document.
 void readOldRow(CSVItem& item, std::span<const std::string_view> row) {
     constexpr std::size_t fewest = 5;
 
@@ -150,16 +168,11 @@ void readOldRow(CSVItem& item, std::span<const std::string_view> row) {
         item.kind = CSVKind::tooShort;
         return;
     }
-    item.add({.field = title, .text = row[0]});
-    if (firstIdentifier(row.back()) == row.back()) {
-        item.kind = CSVKind::other;
-        item.kindName = "document";
-        item.addUnread("identifier");
-        for (const std::string_view cell : row.subspan(1, row.size() - 2)) {
-            item.add({.extra = customText, .text = cell});
-        }
+    if (isIdentifier(row.front()) || isIdentifier(row.back())) {
+        readOldDocument(item, row);
         return;
     }
+    item.add({.field = title, .text = row[0]});
     item.add({.field = url, .text = row[1]});
     item.add({.field = username, .text = row[2]});
     for (const std::string_view name : row.subspan(3, row.size() - fewest)) {

@@ -165,7 +165,7 @@ constexpr std::array columnsWindows = {
     CSVColumn{.name = "username", .field = username},
     CSVColumn{.name = "password", .field = password},
     CSVColumn{.name = "url", .field = url},
-    CSVColumn{.name = "urls", .read = readAddresses},
+    CSVColumn{.name = "urls", .read = readAddressesBetween<',', ' '>},
     CSVColumn{.name = "email", .extra = email},
     CSVColumn{.name = "master-password", .extra = customSecret},
     CSVColumn{.name = "account-key", .extra = customSecret},

@@ -148,7 +148,7 @@ void finish(CSVItem& item) {
 constexpr std::array columns = {
     CSVColumn{.name = "type", .field = kind},
     CSVColumn{.name = "name", .field = title},
-    CSVColumn{.name = "url", .field = url, .read = readAddresses},
+    CSVColumn{.name = "url", .field = url, .read = readAddressesBetween<',', ' '>},
     CSVColumn{.name = "autofillurls", .read = readAutofill},
     CSVColumn{.name = "email", .extra = email},
     CSVColumn{.name = "username", .field = username},
