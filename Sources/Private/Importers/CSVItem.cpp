@@ -14,9 +14,10 @@ using enum CSVField;
 
 /// The fields of a kind, but for a card's date.
 std::span<const CSVField> fieldsOf(CSVKind kind) noexcept {
-    static constexpr std::array ofLogin = {title, url, username, password, note, passwordChange};
-    static constexpr std::array ofNote = {title, note};
-    static constexpr std::array ofCard = {title, cardHolder, cardNumber, cvv, pin, note};
+    static constexpr auto ofLogin =
+        std::array{title, url, username, password, note, passwordChange};
+    static constexpr auto ofNote = std::array{title, note};
+    static constexpr auto ofCard = std::array{title, cardHolder, cardNumber, cvv, pin, note};
 
     switch (kind) {
     case CSVKind::login:

@@ -45,7 +45,7 @@ void readArchivedDate(CSVItem& item, const CSVEntry& cell) {
     item.add(cell, other, cell.label, cell.text);
 }
 
-constexpr std::array columns = {
+constexpr auto columns = std::array{
     CSVColumn{.name = "folder", .extra = folder},
     CSVColumn{.name = "collections", .extra = folder},
     CSVColumn{.name = "favorite", .extra = favourite, .read = readFlag},
@@ -61,7 +61,7 @@ constexpr std::array columns = {
     CSVColumn{.name = "login_totp", .extra = oneTimePassword},
 };
 
-constexpr std::array kinds = {
+constexpr auto kinds = std::array{
     CSVKindName{"login", CSVKind::login},
     CSVKindName{"note", CSVKind::note},
 };

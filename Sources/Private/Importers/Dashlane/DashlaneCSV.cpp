@@ -15,7 +15,7 @@ constexpr Name product = "Dashlane";
 
 constexpr std::array<Name, 7> credentialNames = {"username", "username2", "username3", "title",
                                                  "password", "note",      "url"};
-constexpr std::array credentialColumns = {
+constexpr auto credentialColumns = std::array{
     CSVColumn{.name = "username", .field = username},
     CSVColumn{.name = "username2", .extra = furtherUserName},
     CSVColumn{.name = "username3", .extra = furtherUserName},
@@ -30,7 +30,7 @@ constexpr std::array credentialColumns = {
 };
 
 constexpr std::array<Name, 2> noteNames = {"title", "note"};
-constexpr std::array noteColumns = {
+constexpr auto noteColumns = std::array{
     CSVColumn{.name = "title", .field = title},
     CSVColumn{.name = "note", .field = note},
     CSVColumn{.name = "category", .extra = folder},
@@ -38,7 +38,7 @@ constexpr std::array noteColumns = {
 
 constexpr std::array<Name, 6> paymentNames = {"type", "account_name",     "cc_number",
                                               "code", "expiration_month", "expiration_year"};
-constexpr std::array paymentColumns = {
+constexpr auto paymentColumns = std::array{
     CSVColumn{.name = "type", .field = kind},
     CSVColumn{.name = "account_name", .field = cardHolder},
     CSVColumn{.name = "account_holder", .extra = customText},
@@ -53,7 +53,7 @@ constexpr std::array paymentColumns = {
     CSVColumn{.name = "note", .field = note},
     CSVColumn{.name = "name", .field = title},
 };
-constexpr std::array paymentKinds = {
+constexpr auto paymentKinds = std::array{
     CSVKindName{"payment_card", CSVKind::card},
     CSVKindName{"credit_card", CSVKind::card},
     CSVKindName{"bank", CSVKind::other},
@@ -78,7 +78,7 @@ void finishPayment(CSVItem& item) {
 
 constexpr std::array<Name, 6> documentNames = {"type",       "number",          "name",
                                                "issue_date", "expiration_date", "place_of_issue"};
-constexpr std::array documentColumns = {
+constexpr auto documentColumns = std::array{
     CSVColumn{.name = "type", .field = kind},
     CSVColumn{.name = "number", .extra = customText},
     CSVColumn{.name = "name", .field = title},
@@ -87,7 +87,7 @@ constexpr std::array documentColumns = {
     CSVColumn{.name = "place_of_issue", .extra = customText},
     CSVColumn{.name = "state", .extra = customText},
 };
-constexpr std::array documentKinds = {
+constexpr auto documentKinds = std::array{
     CSVKindName{"card", CSVKind::other},       CSVKindName{"passport", CSVKind::other},
     CSVKindName{"license", CSVKind::other},    CSVKindName{"social_security", CSVKind::other},
     CSVKindName{"tax_number", CSVKind::other},
@@ -95,7 +95,7 @@ constexpr std::array documentKinds = {
 
 constexpr std::array<Name, 6> personNames = {"type",        "title",     "first_name",
                                              "middle_name", "last_name", "date_of_birth"};
-constexpr std::array personColumns = {
+constexpr auto personColumns = std::array{
     CSVColumn{.name = "type", .field = kind},
     CSVColumn{.name = "title", .extra = customText}, // of the person
     CSVColumn{.name = "first_name", .extra = customText},
@@ -121,14 +121,14 @@ constexpr std::array personColumns = {
     CSVColumn{.name = "job_title", .extra = customText},
     CSVColumn{.name = "url", .extra = furtherURL},
 };
-constexpr std::array personKinds = {
+constexpr auto personKinds = std::array{
     CSVKindName{"name", CSVKind::other},    CSVKindName{"email", CSVKind::other},
     CSVKindName{"number", CSVKind::other},  CSVKindName{"address", CSVKind::other},
     CSVKindName{"company", CSVKind::other}, CSVKindName{"website", CSVKind::other},
 };
 
 constexpr std::array<Name, 3> networkNames = {"ssid", "passphrase", "encription_type"};
-constexpr std::array networkColumns = {
+constexpr auto networkColumns = std::array{
     CSVColumn{.name = "ssid", .extra = customText},
     CSVColumn{.name = "passphrase", .extra = customSecret},
     CSVColumn{.name = "name", .field = title},

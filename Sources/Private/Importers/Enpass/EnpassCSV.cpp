@@ -12,7 +12,7 @@ using enum CSVField;
 using enum ExtraKind;
 
 /// What fields are by their labels, which are in the user's language: these are English.
-constexpr std::array labels = {
+constexpr auto labels = std::array{
     CSVColumn{.name = "username", .field = username},
     CSVColumn{.name = "login", .field = username},
     CSVColumn{.name = "password", .field = password},

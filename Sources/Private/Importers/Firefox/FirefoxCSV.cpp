@@ -41,7 +41,7 @@ void finish(CSVItem& item) {
     }
 }
 
-constexpr std::array columns = {
+constexpr auto columns = std::array{
     CSVColumn{.name = "url", .field = url},
     CSVColumn{.name = "username", .field = username},
     CSVColumn{.name = "password", .field = password},

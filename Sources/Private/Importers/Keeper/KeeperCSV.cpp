@@ -11,7 +11,7 @@ using enum CSVField;
 using enum ExtraKind;
 
 /// What stands where; pairs of name and value follow.
-constexpr std::array columns = {
+constexpr auto columns = std::array{
     CSVColumn{.name = "folder", .extra = folder},
     CSVColumn{.name = "title", .field = title},
     CSVColumn{.name = "login", .field = username},

@@ -37,7 +37,7 @@ struct CardKey {
     CSVField field = none;
 };
 
-constexpr std::array cardKeys = {
+constexpr auto cardKeys = std::array{
     CardKey{"Language"},
     CardKey{"Name on Card", cardHolder},
     CardKey{"Type"},
@@ -177,7 +177,7 @@ void finish(CSVItem& item) {
     }
 }
 
-constexpr std::array columns = {
+constexpr auto columns = std::array{
     CSVColumn{.name = "url", .field = url},
     CSVColumn{.name = "username", .field = username},
     CSVColumn{.name = "password", .field = password},

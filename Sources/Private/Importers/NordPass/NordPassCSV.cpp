@@ -76,7 +76,7 @@ void finish(CSVItem& item) {
     }
 }
 
-constexpr std::array columns = {
+constexpr auto columns = std::array{
     CSVColumn{.name = "name", .field = title},
     CSVColumn{.name = "url", .field = url},
     CSVColumn{.name = "additional_urls", .read = readMoreAddresses},
@@ -102,7 +102,7 @@ constexpr std::array columns = {
     CSVColumn{.name = "custom_fields", .read = readFields},
 };
 
-constexpr std::array kinds = {
+constexpr auto kinds = std::array{
     CSVKindName{"password", CSVKind::login},     CSVKindName{"note", CSVKind::note},
     CSVKindName{"credit_card", CSVKind::card},   CSVKindName{"identity", CSVKind::other},
     CSVKindName{"document", CSVKind::other},     CSVKindName{"passkey", CSVKind::other},

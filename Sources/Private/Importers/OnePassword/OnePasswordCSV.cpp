@@ -22,7 +22,7 @@ constexpr Name settings = "settings of the product";
 
 constexpr std::array<Name, 7> names8 = {"title",   "url",      "username", "password",
                                         "otpauth", "favorite", "archived"};
-constexpr std::array columns8 = {
+constexpr auto columns8 = std::array{
     CSVColumn{.name = "title", .field = title},
     CSVColumn{.name = "url", .field = url},
     CSVColumn{.name = "username", .field = username},
@@ -63,7 +63,7 @@ void readSetOfTags(CSVItem& item, const CSVEntry& cell) {
 
 constexpr std::array<Name, 5> namesMac = {"title", "type", "password", "username", "scope"};
 constexpr std::array<Name, 4> namesMacChosen = {"title", "type", "password", "username"};
-constexpr std::array columnsMac = {
+constexpr auto columnsMac = std::array{
     CSVColumn{.name = "title", .field = title},
     CSVColumn{.name = "type", .field = kind},
     CSVColumn{.name = "username", .field = username},
@@ -159,7 +159,7 @@ void finishMac(CSVItem& item) {
 // Version 7 for Windows
 
 constexpr std::array<Name, 4> namesWindows = {"uuid", "title", "scope", "autosubmit"};
-constexpr std::array columnsWindows = {
+constexpr auto columnsWindows = std::array{
     CSVColumn{.name = "uuid", .unread = identifier},
     CSVColumn{.name = "title", .field = title},
     CSVColumn{.name = "username", .field = username},
@@ -176,7 +176,7 @@ constexpr std::array columnsWindows = {
 };
 
 /// The fields of a card, which are in the first section.
-constexpr std::array columnsOfCard = {
+constexpr auto columnsOfCard = std::array{
     CSVColumn{.name = "cardholder name", .field = cardHolder},
     CSVColumn{.name = "number", .field = cardNumber},
     CSVColumn{.name = "verification number", .field = cvv},

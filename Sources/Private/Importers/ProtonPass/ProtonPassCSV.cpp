@@ -41,7 +41,7 @@ struct Member {
     CSVField field;
 };
 
-constexpr std::array members = {
+constexpr auto members = std::array{
     Member{"cardholderName", cardHolder},
     Member{"number", cardNumber},
     Member{"verificationNumber", cvv},
@@ -145,7 +145,7 @@ void finish(CSVItem& item) {
     });
 }
 
-constexpr std::array columns = {
+constexpr auto columns = std::array{
     CSVColumn{.name = "type", .field = kind},
     CSVColumn{.name = "name", .field = title},
     CSVColumn{.name = "url", .field = url, .read = readAddressesBetween<',', ' '>},
@@ -160,7 +160,7 @@ constexpr std::array columns = {
     CSVColumn{.name = "vault", .extra = folder},
 };
 
-constexpr std::array kinds = {
+constexpr auto kinds = std::array{
     CSVKindName{"login", CSVKind::login},     CSVKindName{"note", CSVKind::note},
     CSVKindName{"creditCard", CSVKind::card}, CSVKindName{"alias", CSVKind::other},
     CSVKindName{"identity", CSVKind::other},  CSVKindName{"custom", CSVKind::other},

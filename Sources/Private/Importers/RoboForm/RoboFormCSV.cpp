@@ -61,7 +61,7 @@ void finish(CSVItem& item) {
     }
 }
 
-constexpr std::array columns = {
+constexpr auto columns = std::array{
     CSVColumn{.name = "name", .field = title},
     CSVColumn{.name = "url", .field = url},
     CSVColumn{.name = "matchurl", .extra = furtherURL, .read = readAddress},
