@@ -61,10 +61,10 @@ constexpr auto paymentKinds = std::array{
 
 /// A card without a holder has the name as one. The title of a bank account is the account's name.
 void finishPayment(CSVItem& item) {
-    if (item.kind == CSVKind::card && item.text(cardHolder).empty()) {
+    if (item.kind() == CSVKind::card && item.text(cardHolder).empty()) {
         const Name name = item.text(title);
         item.add({.field = cardHolder, .name = "name", .label = "name", .text = name});
-    } else if (item.kindName == "bank" && !item.text(cardHolder).empty()) {
+    } else if (item.kindName() == "bank" && !item.text(cardHolder).empty()) {
         for (CSVEntry& entry : item.entries()) {
             if (entry.field == title) {
                 entry.field = none;
@@ -138,7 +138,7 @@ constexpr auto networkColumns = std::array{
 };
 
 void finishNetwork(CSVItem& item) {
-    item.kindName = "wifi";
+    item.setKindName("wifi");
 }
 
 bool isIdentifier(std::string_view cell) noexcept {
@@ -147,8 +147,8 @@ bool isIdentifier(std::string_view cell) noexcept {
 
 /// A document, whose cells have no names.
 void readOldDocument(CSVItem& item, std::span<const std::string_view> row) {
-    item.kind = CSVKind::other;
-    item.kindName = "document";
+    item.setKind(CSVKind::other);
+    item.setKindName("document");
     for (const std::string_view cell : row) {
         const bool hasTitle = !item.entries().empty();
         if (isIdentifier(cell)) {
@@ -165,7 +165,7 @@ void readOldRow(CSVItem& item, std::span<const std::string_view> row) {
     constexpr std::size_t fewest = 5;
 
     if (row.size() < fewest) {
-        item.kind = CSVKind::tooShort;
+        item.setKind(CSVKind::tooShort);
         return;
     }
     if (isIdentifier(row.front()) || isIdentifier(row.back())) {

@@ -37,7 +37,7 @@ void readPasswordChange(CSVItem& item, const CSVEntry& cell) {
 
 void finish(CSVItem& item) {
     if (item.text(url) == "chrome://FirefoxAccounts") {
-        item.kind = CSVKind::browserAccount;
+        item.setKind(CSVKind::browserAccount);
     }
 }
 

@@ -42,7 +42,7 @@ void readRow(CSVItem& item, std::span<const std::string_view> row) {
     }
     const bool isLogin = !item.text(username).empty() || !item.text(password).empty() ||
                          !item.text(url).empty() || hasFields;
-    item.kind = isLogin ? CSVKind::login : CSVKind::note;
+    item.setKind(isLogin ? CSVKind::login : CSVKind::note);
 }
 
 } // namespace

@@ -136,20 +136,20 @@ void finishMac(CSVItem& item) {
         return;
     }
     const OnePasswordCategory& category = onePasswordCategoryNamed(type);
-    item.kindName = category.name;
+    item.setKindName(category.name);
     switch (category.shape) {
     case OnePasswordShape::webForm:
     case OnePasswordShape::login:
-        item.kind = CSVKind::login;
+        item.setKind(CSVKind::login);
         break;
     case OnePasswordShape::note:
-        item.kind = CSVKind::note;
+        item.setKind(CSVKind::note);
         break;
     case OnePasswordShape::card:
-        item.kind = CSVKind::card;
+        item.setKind(CSVKind::card);
         break;
     default:
-        item.kind = CSVKind::other;
+        item.setKind(CSVKind::other);
     }
     if (!category.typeName.empty()) {
         item.remove(kind);
@@ -216,19 +216,19 @@ void finishWindows(CSVItem& item) {
         });
     };
     if (!item.text(cardNumber).empty() && !item.text(expiry).empty()) {
-        item.kind = CSVKind::card;
+        item.setKind(CSVKind::card);
     } else if (hasDetail([](const CSVEntry& entry) {
                    return entry.label.starts_with("NAME ") && entry.label.ends_with(" NAME");
                })) {
-        item.kind = CSVKind::other;
-        item.kindName = "Identity";
+        item.setKind(CSVKind::other);
+        item.setKindName("Identity");
     } else if (!item.text(username).empty() || !item.text(password).empty() ||
                !item.text(url).empty()) {
-        item.kind = CSVKind::login;
+        item.setKind(CSVKind::login);
     } else if (hasDetail([](const CSVEntry&) { return true; })) {
-        item.kind = CSVKind::other;
+        item.setKind(CSVKind::other);
     } else {
-        item.kind = CSVKind::note;
+        item.setKind(CSVKind::note);
     }
 }
 

@@ -58,7 +58,7 @@ public:
     void read(const JSONObject& contents) {
         contents.forEachNamed({}, [&](Name name, const JSONValue& value) {
             const auto* const member = std::ranges::find(members, name, &Member::name);
-            const bool isOfCard = _item.kind == CSVKind::card;
+            const bool isOfCard = _item.kind() == CSVKind::card;
             const bool isField = member != members.end() && (isOfCard || member->field == note);
             if (isField && member->field == expiry) {
                 addDate(textOf(value, _cell, _item));
@@ -80,7 +80,7 @@ private:
                                ? cardDate(text.substr(0, lengthOfMonth), text.substr(lengthOfMonth))
                                : std::nullopt;
         if (older) {
-            _item.date = *older;
+            _item.setDate(*older);
         } else {
             add(expiry, "expirationDate", text);
         }
@@ -131,8 +131,8 @@ private:
 
 /// The note of a card or identity is JSON.
 void finish(CSVItem& item) {
-    const bool isIdentity = item.kindName == "identity";
-    if (item.kind != CSVKind::card && !isIdentity) {
+    const bool isIdentity = item.kindName() == "identity";
+    if (item.kind() != CSVKind::card && !isIdentity) {
         return;
     }
     item.expand(note, [&](const CSVEntry& cell) {
