@@ -18,6 +18,7 @@
 #include "Host/DisplayText.hpp"
 #include "Host/ExitStatus.hpp"
 #include "Host/JSONFormat.hpp"
+#include "Host/Masking.hpp"
 #include "Host/Source.hpp"
 #include "Host/SummaryFormat.hpp"
 #include "Host/TableFormat.hpp"
@@ -30,15 +31,14 @@ namespace {
 constexpr std::array<std::string_view, 4> formats = {"summary", "table", "json", "tirel"};
 
 std::unique_ptr<RecordsFormat> makeFormat(const ImportOptions& options, const Terminal& terminal) {
-    const Secrets secrets = options.reveal ? Secrets::revealed : Secrets::masked;
     switch (options.format) {
     case Format::summary:
         return std::make_unique<SummaryFormat>();
     case Format::table:
-        return std::make_unique<TableFormat>(secrets, terminal);
+        return std::make_unique<TableFormat>(terminal);
     case Format::json:
         return std::make_unique<JSONFormat>(
-            secrets, std::holds_alternative<ImportSource>(options.as) ? Door::first : Door::second);
+            std::holds_alternative<ImportSource>(options.as) ? Door::first : Door::second);
     case Format::tirel:
         return std::make_unique<TirelFormat>();
     }
@@ -101,24 +101,38 @@ std::span<const std::string_view> formatNames() {
 int import(const ImportOptions& options, const Terminal& terminal, std::ostream& out,
            std::ostream& errors) {
     const std::unique_ptr<RecordsFormat> format = makeFormat(options, terminal);
-    const bool isSource = std::holds_alternative<ImportSource>(options.as);
+    const auto* const source = std::get_if<ImportSource>(&options.as);
     Reader reader(options);
     int status = ExitStatus::success;
     for (const std::string& path : options.paths) {
         // A source that is a database makes a file where there is none, so it is looked for before.
-        Detection detected = isSource ? lookAt(path) : Detection();
+        Detection detected = source != nullptr ? lookAt(path) : Detection();
         const ImportedExport imported = reader.read(path);
-        if (!isSource && !imported.records) {
+        if (source == nullptr && !imported.records) {
             detected = lookAt(path);
         }
-        if (imported.records) {
-            format->write(path, imported, out);
-        } else {
+        const std::string told = message(path, options.as, detected, imported);
+        const auto tell = [&] {
+            if (!told.empty()) {
+                errors << "rellinor: " << displayPath(path) << ": " << displayText(told) << '\n';
+            }
+        };
+        if (!imported.records) {
             status = ExitStatus::importFailed;
             format->writeFailure(imported, out);
+            tell();
+            continue;
         }
-        if (const std::string told = message(path, options.as, detected, imported); !told.empty()) {
-            errors << "rellinor: " << displayPath(path) << ": " << displayText(told) << '\n';
+        Masking masking(options.reveal ? Secrets::revealed : Secrets::masked);
+        // Another product's file is no news that may come below a long table.
+        const bool isOther = source != nullptr && !objection(detected, *source).empty();
+        if (isOther) {
+            masking.addMisplaced(*imported.records, ExportFile::atPath(path));
+            tell();
+        }
+        format->write(path, imported, masking, out);
+        if (!isOther) {
+            tell();
         }
     }
     format->finish(out);
