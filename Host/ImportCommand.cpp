@@ -19,6 +19,7 @@
 #include "Host/ExitStatus.hpp"
 #include "Host/Input.hpp"
 #include "Host/JSONFormat.hpp"
+#include "Host/Masking.hpp"
 #include "Host/ProgressBar.hpp"
 #include "Host/ReportWords.hpp"
 #include "Host/Source.hpp"
@@ -32,16 +33,18 @@ namespace {
 
 constexpr std::array<std::string_view, 4> formats = {"summary", "table", "json", "tirel"};
 
+Door doorOf(const ImportOptions& options) {
+    return std::holds_alternative<ImportSource>(options.as) ? Door::first : Door::second;
+}
+
 std::unique_ptr<RecordsFormat> makeFormat(const ImportOptions& options, const Terminal& terminal) {
-    const Secrets secrets = options.reveal ? Secrets::revealed : Secrets::masked;
-    const Door door = std::holds_alternative<ImportSource>(options.as) ? Door::first : Door::second;
     switch (options.format) {
     case Format::summary:
         return std::make_unique<SummaryFormat>();
     case Format::table:
-        return std::make_unique<TableFormat>(secrets, door, terminal);
+        return std::make_unique<TableFormat>(terminal);
     case Format::json:
-        return std::make_unique<JSONFormat>(secrets, door);
+        return std::make_unique<JSONFormat>(doorOf(options));
     case Format::tirel:
         return std::make_unique<TirelFormat>();
     }
@@ -127,34 +130,44 @@ std::span<const std::string_view> formatNames() {
 int import(const ImportOptions& options, const Terminal& terminal, std::ostream& out,
            std::ostream& errors) {
     const std::unique_ptr<RecordsFormat> format = makeFormat(options, terminal);
-    const bool isSource = std::holds_alternative<ImportSource>(options.as);
+    const auto* const source = std::get_if<ImportSource>(&options.as);
     Reader reader(options);
     int status = ExitStatus::success;
     for (const std::string& path : options.paths) {
         const Input input(path);
         // A source that is a database makes a file where there is none, so it is looked for before.
-        Detection detected = isSource ? lookAt(input.file()) : Detection();
+        Detection detected = source != nullptr ? lookAt(input.file()) : Detection();
         const ImportedExport imported = reader.read(input);
-        if (!isSource && !imported.records) {
+        if (source == nullptr && !imported.records) {
             detected = lookAt(input.file());
         }
-        if (!isSource && wouldExportEncrypted(options, imported.report)) {
-            errors << "rellinor: " << displayPath(path) << ": not exported: " << stillEncrypted
-                   << '\n';
-            status = ExitStatus::importFailed;
-            continue;
-        }
-        if (imported.records) {
-            format->write(path, imported, out);
-            if (!isSource && options.isStrict && !isWithoutLoss(imported.report)) {
-                status = ExitStatus::importFailed;
+        const bool isRefused = source == nullptr && wouldExportEncrypted(options, imported.report);
+        const std::string told = isRefused ? "not exported: " + std::string(stillEncrypted)
+                                           : message(path, options.as, detected, imported);
+        const auto tell = [&] {
+            if (!told.empty()) {
+                errors << "rellinor: " << displayPath(path) << ": " << displayText(told) << '\n';
             }
-        } else {
+        };
+        if (isRefused || !imported.records) {
             status = ExitStatus::importFailed;
             format->writeFailure(imported, out);
+            tell();
+            continue;
         }
-        if (const std::string told = message(path, options.as, detected, imported); !told.empty()) {
-            errors << "rellinor: " << displayPath(path) << ": " << displayText(told) << '\n';
+        if (source == nullptr && options.isStrict && !isWithoutLoss(imported.report)) {
+            status = ExitStatus::importFailed;
+        }
+        Masking masking(options.reveal ? Secrets::revealed : Secrets::masked, doorOf(options));
+        // Another product's file is no news that may come below a long table.
+        const bool isOther = source != nullptr && !objection(detected, *source).empty();
+        if (isOther) {
+            masking.addMisplaced(*imported.records, input.file());
+            tell();
+        }
+        format->write(path, imported, masking, out);
+        if (!isOther) {
+            tell();
         }
     }
     format->finish(out);

@@ -11,46 +11,43 @@ namespace Rellinor::Host {
 
 namespace {
 
-void writeFields(const ImportedPasswordInfoProviding& password, Secrets secrets, Door door,
+void writeFields(const ImportedPasswordInfoProviding& password, const Masking& masking,
                  JSONText& json) {
-    json.member("username", password.username());
-    json.member("password", shown(password.password(), secrets));
-    json.member("url", password.url());
-    json.member("service", password.service());
+    json.member("username", masking.shown(Field::loginUsername, password.username()));
+    json.member("password", masking.shown(Field::loginPassword, password.password()));
+    json.member("url", masking.shown(Field::loginURL, password.url()));
+    json.member("service", masking.shown(Field::loginService, password.service()));
     json.member("color", password.color());
-    json.member("note", password.note().transform(
-                            [&](std::string_view note) { return shownNote(note, secrets, door); }));
+    json.member("note", masking.shown(Field::loginNote, password.note()));
     json.member("pwdChange", password.pwdChange());
 }
 
-void writeFields(const ImportedNoteInfoProviding& note, Secrets secrets, Door door,
-                 JSONText& json) {
+void writeFields(const ImportedNoteInfoProviding& note, const Masking& masking, JSONText& json) {
     json.member("color", note.color());
-    json.member("title", note.title());
-    json.member("content", shownNote(note.content(), secrets, door));
+    json.member("title", masking.shown(Field::noteTitle, note.title()));
+    json.member("content", masking.shown(Field::noteContent, note.content()));
 }
 
-void writeFields(const ImportedCardInfoProviding& card, Secrets secrets, Door door,
-                 JSONText& json) {
-    json.member("cardNumber", shown(card.cardNumber(), secrets));
-    json.member("custName", card.custName());
-    json.member("holderName", card.holderName());
-    json.member("cvv", shown(card.cvv(), secrets));
-    json.member("pin", shown(card.pin(), secrets));
-    json.member("note", shownNote(card.note(), secrets, door));
+void writeFields(const ImportedCardInfoProviding& card, const Masking& masking, JSONText& json) {
+    json.member("cardNumber", masking.shown(Field::cardNumber, card.cardNumber()));
+    json.member("custName", masking.shown(Field::cardName, card.custName()));
+    json.member("holderName", masking.shown(Field::cardHolder, card.holderName()));
+    json.member("cvv", masking.shown(Field::cardCVV, card.cvv()));
+    json.member("pin", masking.shown(Field::cardPIN, card.pin()));
+    json.member("note", masking.shown(Field::cardNote, card.note()));
     json.member("expirationDay", card.expirationDay());
     json.member("expirationMonth", card.expirationMonth());
     json.member("expirationYear", card.expirationYear());
 }
 
-void writeExtras(std::span<const Extra> extras, Secrets secrets, JSONText& json) {
+void writeExtras(std::span<const Extra> extras, const Masking& masking, JSONText& json) {
     json.key("extras");
     json.beginArray();
     for (const Extra& extra : extras) {
         json.beginObject();
         json.member("kind", identifier(extra.kind));
         json.member("label", extra.label);
-        json.member("value", isSecret(extra.kind) ? shown(extra.value, secrets) : extra.value);
+        json.member("value", masking.shown(extra));
         json.endObject();
     }
     json.endArray();
@@ -59,8 +56,8 @@ void writeExtras(std::span<const Extra> extras, Secrets secrets, JSONText& json)
 /// Writes one import record by record, so that a long list never stands in memory a second time.
 class Line {
 public:
-    Line(Secrets secrets, Door door, std::ostream& out) noexcept
-        : _secrets(secrets), _door(door), _out(out) {}
+    Line(const Masking& masking, Door door, std::ostream& out) noexcept
+        : _masking(masking), _door(door), _out(out) {}
 
     void write(const ImportedExport& imported) {
         const ImportedRecords& records = *imported.records;
@@ -87,9 +84,9 @@ private:
         _json.beginArray();
         for (std::size_t i = 0; i < records.size(); ++i) {
             _json.beginObject();
-            writeFields(*records[i], _secrets, _door, _json);
+            writeFields(*records[i], _masking, _json);
             if (_door == Door::second) {
-                writeExtras(extrasOf(i), _secrets, _json);
+                writeExtras(extrasOf(i), _masking, _json);
             }
             _json.endObject();
             flush();
@@ -102,7 +99,7 @@ private:
         _json.clear();
     }
 
-    Secrets _secrets;
+    const Masking& _masking;
     Door _door;
     std::ostream& _out;
     JSONText _json;
@@ -111,8 +108,8 @@ private:
 } // namespace
 
 void JSONFormat::write(std::string_view /*path*/, const ImportedExport& imported,
-                       std::ostream& out) {
-    Line(_secrets, _door, out).write(imported);
+                       const Masking& masking, std::ostream& out) {
+    Line(masking, _door, out).write(imported);
 }
 
 void JSONFormat::writeFailure(const ImportedExport& failed, std::ostream& out) {

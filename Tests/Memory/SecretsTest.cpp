@@ -25,6 +25,7 @@
 
 #include "Tests/Memory/MemorySearch.hpp"
 #include "Tests/Memory/OwnMemory.hpp"
+#include "Tests/Memory/Registers.hpp"
 #include "Tests/Memory/Store.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 
@@ -37,7 +38,7 @@ namespace Rellinor::Tests {
 namespace {
 
 /// A thread that does what it is told and stands still in between, so that its stack can be
-/// searched.
+/// searched, and what its registers were.
 class StandingThread {
 public:
     StandingThread() {
@@ -83,6 +84,7 @@ private:
             isLast = !*_work;
             if (!isLast) {
                 (*_work)();
+                keepRegisters();
             }
             _work = nullptr;
             _changed.notify_all();
@@ -230,6 +232,11 @@ TEST_P(SecretsTest, areGoneWithTheResultOfTheCInterface) {
     _thread.ask([&] { ::rellinor_result_free(result); });
     expectNothing();
     ::rellinor_importer_free(importer);
+}
+
+TEST_P(SecretsTest, areNowhereOnceAFileIsDetected) {
+    _thread.ask([&] { static_cast<void>(detect(ExportFile::atPath(_path))); });
+    expectNothing();
 }
 
 /// A small store runs through the same places as a large one.
