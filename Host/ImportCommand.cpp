@@ -17,8 +17,11 @@
 #include "Host/DetectionWords.hpp"
 #include "Host/DisplayText.hpp"
 #include "Host/ExitStatus.hpp"
+#include "Host/Input.hpp"
 #include "Host/JSONFormat.hpp"
 #include "Host/Masking.hpp"
+#include "Host/ProgressBar.hpp"
+#include "Host/ReportWords.hpp"
 #include "Host/Source.hpp"
 #include "Host/SummaryFormat.hpp"
 #include "Host/TableFormat.hpp"
@@ -30,6 +33,10 @@ namespace {
 
 constexpr std::array<std::string_view, 4> formats = {"summary", "table", "json", "tirel"};
 
+Door doorOf(const ImportOptions& options) noexcept {
+    return std::holds_alternative<ImportSource>(options.as) ? Door::first : Door::second;
+}
+
 std::unique_ptr<RecordsFormat> makeFormat(const ImportOptions& options, const Terminal& terminal) {
     switch (options.format) {
     case Format::summary:
@@ -37,8 +44,7 @@ std::unique_ptr<RecordsFormat> makeFormat(const ImportOptions& options, const Te
     case Format::table:
         return std::make_unique<TableFormat>(terminal);
     case Format::json:
-        return std::make_unique<JSONFormat>(
-            std::holds_alternative<ImportSource>(options.as) ? Door::first : Door::second);
+        return std::make_unique<JSONFormat>(doorOf(options));
     case Format::tirel:
         return std::make_unique<TirelFormat>();
     }
@@ -50,21 +56,44 @@ class Reader {
 public:
     explicit Reader(const ImportOptions& options) noexcept : _options(options) {}
 
-    [[nodiscard]] ImportedExport read(const std::string& path) {
+    [[nodiscard]] ImportedExport read(const Input& input) {
         const auto* const source = std::get_if<ImportSource>(&_options.as);
-        if (source == nullptr || !_options.keepImporter) {
-            return readExport(ExportFile::atPath(path), {.as = _options.as});
+        if (source == nullptr || !_options.keepImporter || input.isStream()) {
+            return readAndShow(input);
         }
         ImportedExport imported; // no report: only an importer that stays has a state
-        _importer.records(URL::fileURLWithPath(path), *source,
+        _importer.records(*input.file().url(), *source,
                           [&](RecordsResult result) { imported.records = std::move(result); });
         return imported;
     }
 
 private:
+    [[nodiscard]] ImportedExport readAndShow(const Input& input) const {
+        ReadOptions asked{.as = _options.as};
+        std::optional<ProgressBar> bar;
+        if (_options.progress != nullptr) {
+            bar.emplace(*_options.progress);
+            asked.onProgress = [&](const Progress& progress) {
+                bar->show(progress);
+                return true;
+            };
+        }
+        return readExport(input.file(), asked);
+    }
+
     const ImportOptions& _options;
     RecordsImporter _importer;
 };
+
+constexpr std::string_view stillEncrypted = "the passwords are still encrypted: export them in the "
+                                            "browser itself, as a CSV file, and import "
+                                            "that; or take them as they are with --encrypted";
+
+/// Whether an export would hold what nobody can use, as if it were passwords.
+bool wouldExportEncrypted(const ImportOptions& options, const ImportReport& report) {
+    return options.format == Format::tirel && !options.takesEncrypted &&
+           std::ranges::count(report.findings(), FindingKind::stillEncrypted, &Finding::kind) > 0;
+}
 
 /// The line on an import; empty if there is nothing to say.
 std::string message(const std::string& path, const ReadAs& as, const Detection& detected,
@@ -105,14 +134,20 @@ int import(const ImportOptions& options, const Terminal& terminal, std::ostream&
     Reader reader(options);
     int status = ExitStatus::success;
     for (const std::string& path : options.paths) {
+        const Input input(path);
         // A source that is a database makes a file where there is none, so it is looked for before.
-        Detection detected = source != nullptr ? lookAt(path) : Detection();
-        const ImportedExport imported = reader.read(path);
+        Detection detected = source != nullptr ? lookAt(input.file()) : Detection();
+        const ImportedExport imported = reader.read(input);
         if (source == nullptr && !imported.records) {
-            detected = lookAt(path);
+            detected = lookAt(input.file());
         }
-        const std::string told = message(path, options.as, detected, imported);
-        const auto tell = [&] {
+        if (source == nullptr && wouldExportEncrypted(options, imported.report)) {
+            errors << "rellinor: " << displayPath(path) << ": not exported: " << stillEncrypted
+                   << '\n';
+            status = ExitStatus::importFailed;
+            continue;
+        }
+        const auto tell = [&, told = message(path, options.as, detected, imported)] {
             if (!told.empty()) {
                 errors << "rellinor: " << displayPath(path) << ": " << displayText(told) << '\n';
             }
@@ -123,16 +158,17 @@ int import(const ImportOptions& options, const Terminal& terminal, std::ostream&
             tell();
             continue;
         }
-        Masking masking(options.reveal ? Secrets::revealed : Secrets::masked);
-        // Another product's file is no news that may come below a long table.
-        const bool isOther = source != nullptr && !objection(detected, *source).empty();
-        if (isOther) {
-            masking.addMisplaced(*imported.records, ExportFile::atPath(path));
+        Masking masking(options.reveal ? Secrets::revealed : Secrets::masked, doorOf(options));
+        if (source != nullptr && !objection(detected, *source).empty()) {
+            masking.addMisplaced(*imported.records, input.file());
+            tell(); // not below a long table
+            format->write(path, imported, masking, out);
+        } else {
+            format->write(path, imported, masking, out);
             tell();
         }
-        format->write(path, imported, masking, out);
-        if (!isOther) {
-            tell();
+        if (source == nullptr && options.isStrict && !isWithoutLoss(imported.report)) {
+            status = ExitStatus::importFailed;
         }
     }
     format->finish(out);

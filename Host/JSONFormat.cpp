@@ -5,6 +5,7 @@
 #include <span>
 
 #include "Host/JSONText.hpp"
+#include "Host/ReportJSON.hpp"
 
 namespace Rellinor::Host {
 
@@ -52,52 +53,6 @@ void writeExtras(std::span<const Extra> extras, const Masking& masking, JSONText
     json.endArray();
 }
 
-/// What has a code, such as a record left out, or a finding.
-void writePlaces(std::string_view code, std::string_view identifier, std::string_view field,
-                 const Places& places, JSONText& json) {
-    json.beginObject();
-    json.member(code, identifier);
-    json.member("field", field);
-    json.member("count", places.count);
-    json.key("places");
-    json.beginArray();
-    for (const std::uint64_t place : places.first) {
-        json.value(place);
-    }
-    json.endArray();
-    json.endObject();
-}
-
-void writeList(std::string_view name, const auto& entries, JSONText& json, const auto& writeEntry) {
-    json.key(name);
-    json.beginArray();
-    for (const auto& entry : entries) {
-        writeEntry(entry);
-    }
-    json.endArray();
-}
-
-void writeReport(const ImportReport& report, JSONText& json) {
-    json.key("report");
-    json.beginObject();
-    json.member("placeUnit", identifier(report.placeUnit()));
-    json.member("recordCount", report.recordCount());
-    writeList("leftOut", report.leftOut(), json, [&](const LeftOut& left) {
-        writePlaces("reason", identifier(left.reason), left.field, left.places, json);
-    });
-    writeList("findings", report.findings(), json, [&](const Finding& finding) {
-        writePlaces("kind", identifier(finding.kind), finding.field, finding.places, json);
-    });
-    writeList("unread", report.unread(), json, [&](const Unread& unread) {
-        json.beginObject();
-        json.member("part", unread.part);
-        json.member("count", unread.count);
-        json.endObject();
-    });
-    json.member("isComplete", report.isComplete());
-    json.endObject();
-}
-
 /// Writes one import record by record, so that a long list never stands in memory a second time.
 class Line {
 public:
@@ -115,6 +70,7 @@ public:
         write("notes", records.notes, [&](std::size_t i) { return extras.ofNote(i); });
         write("cards", records.cards, [&](std::size_t i) { return extras.ofCard(i); });
         if (_door == Door::second) {
+            _json.key("report");
             writeReport(imported.report, _json);
         }
         _json.endObject();

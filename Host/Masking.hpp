@@ -26,7 +26,14 @@ enum class Field : std::uint8_t {
     cardNote,
 };
 
-/// Whether passwords, card numbers, CVV, PIN and secrets among the extras are shown.
+/// Which door of the library the records come through.
+enum class Door : std::uint8_t {
+    first,  ///< the import of a source, quirks and all
+    second, ///< the faithful reading
+};
+
+/// Whether passwords, card numbers, CVV, PIN and secrets among the extras are shown; through the
+/// second door also notes, which hold such things too.
 enum class Secrets : std::uint8_t {
     masked,
     revealed,
@@ -36,11 +43,11 @@ enum class Secrets : std::uint8_t {
 /// is not what it was read as.
 class Masking {
 public:
-    explicit Masking(Secrets secrets) noexcept;
+    Masking(Secrets secrets, Door door) noexcept;
 
-    /// Masks every field in which a secret of the faithful reading stands, in whatever record;
-    /// every field at all if one of these secrets stands in none, and may be a part of some other
-    /// text, or if there is no faithful reading. Secrets that are revealed stay so.
+    /// Masks every field that a secret of the faithful reading is all or a part of, in whatever
+    /// record; every field at all if there is no faithful reading. Secrets that are revealed stay
+    /// so.
     ///
     /// @param records  what was made of `file`
     void addMisplaced(const ImportedRecords& records, const ExportFile& file);
@@ -58,7 +65,7 @@ public:
 
 private:
     Secrets _secrets;
-    std::uint32_t _masked; // a bit for each field
+    std::uint32_t _masked = 0; // a bit for each field
 };
 
 } // namespace Rellinor::Host

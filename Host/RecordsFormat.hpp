@@ -10,12 +10,6 @@
 
 namespace Rellinor::Host {
 
-/// Which door of the library the records come through.
-enum class Door : std::uint8_t {
-    first,  ///< the import of a source, quirks and all
-    second, ///< the faithful reading
-};
-
 /// A way of showing the outcome of imports, one path after the other.
 class RecordsFormat {
 public:

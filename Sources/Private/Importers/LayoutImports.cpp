@@ -11,6 +11,7 @@
 #include "Private/Importers/Chrome/ChromiumLoginsImporter.hpp"
 #include "Private/Importers/Firefox/FirefoxProfileImporter.hpp"
 #include "Private/Importers/Importer.hpp"
+#include "Private/Importers/NamedColumnsImporter.hpp"
 #include "Private/Importers/OnePassword/OnePIFImporter.hpp"
 #include "Private/Importers/Tirel/FaithfulTirelImporter.hpp"
 #include "Private/Proxies/ExportContents.hpp"
@@ -26,6 +27,11 @@ Assembled readAs(const ExportFile& file, Reporter& reporter) {
     return readWith(importer, file, &reporter);
 }
 
+Assembled readCSV(const ExportFile& file, Layout layout, Reporter& reporter) {
+    NamedColumnsImporter importer(layout);
+    return readWith(importer, file, &reporter);
+}
+
 Assembled readUTF8(const ExportFile& file, Layout layout, Reporter& reporter) {
     switch (layout) {
         using enum Layout;
@@ -33,6 +39,26 @@ Assembled readUTF8(const ExportFile& file, Layout layout, Reporter& reporter) {
         return readAs<ChromiumLoginsImporter>(file, reporter);
     case firefoxProfile:
         return readAs<FirefoxProfileImporter>(file, reporter);
+    case lastPassCSV:
+    case dashlaneCSV:
+    case dashlanePositionalCSV:
+    case keePassCSV:
+    case keePassXCCSV:
+    case onePassword8CSV:
+    case onePassword7MacCSV:
+    case onePassword7WindowsCSV:
+    case chromiumCSV:
+    case firefoxCSV:
+    case appleCSV:
+    case bitwardenCSV:
+    case protonPassCSV:
+    case nordPassCSV:
+    case enpassCSV:
+    case keeperCSV:
+    case roboFormCSV:
+    case strongboxCSV:
+    case genericCSV:
+        return readCSV(file, layout, reporter);
     case onePassword1PIF:
         return readAs<OnePIFImporter>(file, reporter);
     case tirelJSON:

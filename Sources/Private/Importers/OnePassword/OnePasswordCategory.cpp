@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "Private/Text/Letters.hpp"
+
 namespace Rellinor {
 
 namespace {
@@ -75,6 +77,13 @@ const OnePasswordCategory& onePasswordCategoryOf(std::string_view typeName) noex
         return folders;
     }
     const auto* const found = std::ranges::find(categories, typeName, &Category::typeName);
+    return found != categories.end() ? *found : unknownKind;
+}
+
+const OnePasswordCategory& onePasswordCategoryNamed(std::string_view name) noexcept {
+    const auto* const found = std::ranges::find_if(categories, [&](const Category& category) {
+        return sameIgnoringCase(category.name, name);
+    });
     return found != categories.end() ? *found : unknownKind;
 }
 

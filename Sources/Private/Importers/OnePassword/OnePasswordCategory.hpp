@@ -25,6 +25,9 @@ struct OnePasswordCategory {
 /// The category of that type name. One with the name "unknown kind" for any other.
 [[nodiscard]] const OnePasswordCategory& onePasswordCategoryOf(std::string_view typeName) noexcept;
 
+/// The category that a person knows by that name. One with the name "unknown kind" for any other.
+[[nodiscard]] const OnePasswordCategory& onePasswordCategoryNamed(std::string_view name) noexcept;
+
 /// The fields of an entry that are fields of a record.
 enum class OnePasswordField : std::uint8_t {
     username,

@@ -1,0 +1,176 @@
+#include "Private/Importers/CSVItem.hpp"
+
+#include <algorithm>
+#include <optional>
+
+#include "Private/Memory/Join.hpp"
+#include "Private/Text/Letters.hpp"
+
+namespace Rellinor {
+
+namespace {
+
+using enum CSVField;
+
+/// The fields of a kind, but for a card's date.
+std::span<const CSVField> fieldsOf(CSVKind kind) noexcept {
+    static constexpr std::array ofLogin = {title, url, username, password, note, passwordChange};
+    static constexpr std::array ofNote = {title, note};
+    static constexpr std::array ofCard = {title, cardHolder, cardNumber, cvv, pin, note};
+
+    switch (kind) {
+    case CSVKind::login:
+        return ofLogin;
+    case CSVKind::card:
+        return ofCard;
+    default:
+        return ofNote;
+    }
+}
+
+/// Whether an entry takes the place of a user name that is missing.
+bool isName(const CSVEntry& entry) noexcept {
+    return entry.field == none &&
+           (entry.extra == ExtraKind::furtherUserName || entry.extra == ExtraKind::email);
+}
+
+} // namespace
+
+void CSVItem::begin(ImportMemory& memory, Reporter& reporter) noexcept {
+    _memory = &memory;
+    _reporter = &reporter;
+    _entries.clear();
+    _unread.clear();
+    kind = CSVKind::login;
+    kindName = {};
+    date = {};
+}
+
+void CSVItem::add(const CSVEntry& entry) {
+    if (!entry.text.empty()) {
+        _entries.push_back(entry);
+    }
+}
+
+void CSVItem::addAddress(const CSVEntry& cell, std::string_view address) {
+    const std::string_view known = text(url);
+    if (known != address) {
+        add({.field = known.empty() ? url : none,
+             .extra = ExtraKind::furtherURL,
+             .name = cell.name,
+             .label = cell.label,
+             .text = address});
+    }
+}
+
+std::string_view CSVItem::text(CSVField field) const noexcept {
+    const auto found = std::ranges::find(_entries, field, &CSVEntry::field);
+    return found != _entries.end() ? found->text : std::string_view();
+}
+
+void CSVItem::remove(CSVField field) noexcept {
+    std::erase_if(_entries, [&](const CSVEntry& entry) { return entry.field == field; });
+}
+
+void CSVItem::settle() {
+    if (kind == CSVKind::login && text(username).empty()) {
+        if (const auto name = std::ranges::find_if(_entries, isName); name != _entries.end()) {
+            name->field = username;
+        }
+    }
+    std::ranges::for_each(fieldsOf(kind), [&](CSVField field) { take(field); });
+    if (kind == CSVKind::card) {
+        takeDate();
+    }
+}
+
+/// The first text is the field's. The same text once more has arrived with it.
+void CSVItem::take(CSVField field) noexcept {
+    const std::string_view first = text(field);
+    for (CSVEntry& entry : _entries) {
+        entry.isTaken = entry.isTaken || (entry.field == field && entry.text == first);
+    }
+}
+
+void CSVItem::takeDate() {
+    const auto read = [&](CSVField field, auto&& parse) {
+        for (CSVEntry& entry : _entries) {
+            if (entry.field != field) {
+                continue;
+            }
+            const std::string_view text = withoutBlanksAround(entry.text);
+            const std::optional<CardDate> parsed = parse(text);
+            entry.isTaken = text.empty() || parsed;
+            if (!entry.isTaken) {
+                _reporter->found(FindingKind::unreadableDate, entry.name);
+            } else if (parsed) {
+                date.month = date.month != 0 ? date.month : parsed->month;
+                date.year = date.year != 0 ? date.year : parsed->year;
+            }
+        }
+    };
+    read(expiry, [](std::string_view text) { return cardDate(text); });
+    read(expiryMonth, [](std::string_view text) { return cardDate(text, ""); });
+    read(expiryYear, [](std::string_view text) { return cardDate("", text); });
+}
+
+bool CSVItem::isEmpty() const noexcept {
+    return std::ranges::all_of(_entries, isFact);
+}
+
+bool CSVItem::isFact(const CSVEntry& entry) noexcept {
+    if (entry.field != none) {
+        return entry.field == passwordChange;
+    }
+    switch (entry.extra) {
+        using enum ExtraKind;
+    case folder:
+    case tag:
+    case favourite:
+    case archived:
+    case createdAt:
+    case modifiedAt:
+    case lastUsedAt:
+        return true;
+    default:
+        return false;
+    }
+}
+
+ExtraKind CSVItem::extraKindOf(const CSVEntry& entry) noexcept {
+    if (entry.extra != ExtraKind::other) {
+        return entry.extra;
+    }
+    switch (entry.field) {
+    case none:
+    case passwordChange:
+        return ExtraKind::other;
+    case url:
+        return ExtraKind::furtherURL;
+    case username:
+        return ExtraKind::furtherUserName;
+    case password:
+    case cardNumber:
+    case cvv:
+    case pin:
+        return ExtraKind::customSecret;
+    default:
+        return ExtraKind::customText;
+    }
+}
+
+std::string_view CSVItem::linesAndNote() const {
+    std::vector<std::string_view> parts;
+    for (const CSVEntry& entry : _entries) {
+        if (!entry.isTaken && !isFact(entry)) {
+            parts.insert(parts.end(), {parts.empty() ? "" : "\n", entry.label,
+                                       entry.label.empty() ? "" : ": ", entry.text});
+        }
+    }
+    if (const std::string_view own = text(note); !own.empty()) {
+        parts.insert(parts.end(), {parts.empty() ? "" : "\n\n", own});
+    }
+    return joined(parts, *_memory);
+}
+
+} // namespace Rellinor
