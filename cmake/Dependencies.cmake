@@ -36,6 +36,8 @@ else()
 endif()
 
 find_package(SQLite3 3.31 REQUIRED)
+find_package(ZLIB REQUIRED)
+find_package(EXPAT REQUIRED)
 find_package(PkgConfig REQUIRED)
 if(NOT TARGET PkgConfig::sodium)
     pkg_check_modules(sodium REQUIRED IMPORTED_TARGET libsodium)

@@ -29,7 +29,7 @@ std::optional<Detection> detectProduct(const CSVColumnNames& header) noexcept {
         if (own == Confidence::none || layout->required.size() < most) {
             continue;
         }
-        if (layout->required.size() > most) {
+        if (best == nullptr || layout->required.size() > most) {
             best = layout;
             confidence = own;
         } else if (layout->layout != best->layout) {

@@ -56,9 +56,8 @@ Detection detectFile(const FileParts& file, std::string_view name) {
     if (*kind == FileKind::other) {
         return obstructed(FailureReason::notAFile, "a device, pipe or socket");
     }
-    auto opened = OpenFile::at(path);
-    return opened ? detectFile(FileParts(*std::move(opened)), path)
-                  : obstructed(reasonOf(opened.error()));
+    const auto opened = FileParts::of(file);
+    return opened ? detectFile(*opened, path) : obstructed(opened.error());
 }
 
 } // namespace

@@ -6,7 +6,8 @@
 #include <Rellinor/Detection.hpp>
 #include <Rellinor/URL.hpp>
 
-#include "Private/Detection/FileParts.hpp"
+#include "Private/Detection/Beginning.hpp"
+#include "Private/Proxies/FileParts.hpp"
 
 // A recogniser for each kind of file; they are asked one after the other. Of a file of another kind
 // a recogniser returns nothing, and the next is asked. Of one of its own kind it returns what it

@@ -8,15 +8,15 @@ namespace Rellinor {
 
 namespace {
 
-/// Calls `visit` with the parts between separators; blanks behind a separator belong to it.
-void forEachPart(std::string_view text, char separator, auto&& visit) {
+/// Calls `visit` with the parts of a text.
+void forEachPart(std::string_view text, std::string_view separator, auto&& visit) {
     for (;;) {
         const std::size_t end = std::min(text.find(separator), text.size());
         visit(text.substr(0, end));
         if (end == text.size()) {
             return;
         }
-        text.remove_prefix(std::min(text.find_first_not_of(' ', end + 1), text.size()));
+        text.remove_prefix(end + separator.size());
     }
 }
 
@@ -42,20 +42,23 @@ void readFlag(CSVItem& item, const CSVEntry& cell) {
 }
 
 void readTags(CSVItem& item, const CSVEntry& cell) {
-    forEachPart(cell.text, cell.text.contains(';') ? ';' : ',',
-                [&](std::string_view tag) { item.add(cell, ExtraKind::tag, cell.label, tag); });
+    forEachPart(cell.text, cell.text.contains(';') ? ";" : ",", [&](std::string_view tag) {
+        tag.remove_prefix(std::min(tag.find_first_not_of(' '), tag.size()));
+        item.add(cell, ExtraKind::tag, cell.label, tag);
+    });
 }
 
 void readAddress(CSVItem& item, const CSVEntry& cell) {
     item.addAddress(cell, cell.text);
 }
 
-void readAddresses(CSVItem& item, const CSVEntry& cell) {
+void readAddresses(CSVItem& item, const CSVEntry& cell, std::string_view separator) {
     bool areAddresses = true;
-    forEachPart(cell.text, ',',
+    forEachPart(cell.text, separator,
                 [&](std::string_view part) { areAddresses = areAddresses && hasScheme(part); });
     if (areAddresses) {
-        forEachPart(cell.text, ',', [&](std::string_view part) { item.addAddress(cell, part); });
+        forEachPart(cell.text, separator,
+                    [&](std::string_view part) { item.addAddress(cell, part); });
     } else {
         item.addAddress(cell, cell.text);
     }

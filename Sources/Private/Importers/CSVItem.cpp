@@ -14,9 +14,10 @@ using enum CSVField;
 
 /// The fields of a kind, but for a card's date.
 std::span<const CSVField> fieldsOf(CSVKind kind) noexcept {
-    static constexpr std::array ofLogin = {title, url, username, password, note, passwordChange};
-    static constexpr std::array ofNote = {title, note};
-    static constexpr std::array ofCard = {title, cardHolder, cardNumber, cvv, pin, note};
+    static constexpr auto ofLogin =
+        std::array{title, url, username, password, note, passwordChange};
+    static constexpr auto ofNote = std::array{title, note};
+    static constexpr auto ofCard = std::array{title, cardHolder, cardNumber, cvv, pin, note};
 
     switch (kind) {
     case CSVKind::login:
@@ -41,9 +42,9 @@ void CSVItem::begin(ImportMemory& memory, Reporter& reporter) noexcept {
     _reporter = &reporter;
     _entries.clear();
     _unread.clear();
-    kind = CSVKind::login;
-    kindName = {};
-    date = {};
+    _kind = CSVKind::login;
+    _kindName = {};
+    _date = {};
 }
 
 void CSVItem::add(const CSVEntry& entry) {
@@ -73,13 +74,13 @@ void CSVItem::remove(CSVField field) noexcept {
 }
 
 void CSVItem::settle() {
-    if (kind == CSVKind::login && text(username).empty()) {
+    if (_kind == CSVKind::login && text(username).empty()) {
         if (const auto name = std::ranges::find_if(_entries, isName); name != _entries.end()) {
             name->field = username;
         }
     }
-    std::ranges::for_each(fieldsOf(kind), [&](CSVField field) { take(field); });
-    if (kind == CSVKind::card) {
+    std::ranges::for_each(fieldsOf(_kind), [&](CSVField field) { take(field); });
+    if (_kind == CSVKind::card) {
         takeDate();
     }
 }
@@ -104,8 +105,8 @@ void CSVItem::takeDate() {
             if (!entry.isTaken) {
                 _reporter->found(FindingKind::unreadableDate, entry.name);
             } else if (parsed) {
-                date.month = date.month != 0 ? date.month : parsed->month;
-                date.year = date.year != 0 ? date.year : parsed->year;
+                _date.month = _date.month != 0 ? _date.month : parsed->month;
+                _date.year = _date.year != 0 ? _date.year : parsed->year;
             }
         }
     };

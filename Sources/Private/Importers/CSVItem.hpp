@@ -124,7 +124,7 @@ public:
     /// Calls `visit` with what is neither a field of the record nor one of its lines.
     void forEachExtra(auto&& visit) const {
         for (const CSVEntry& entry : _entries) {
-            if (!entry.isTaken && (kind != CSVKind::other || isFact(entry))) {
+            if (!entry.isTaken && (_kind != CSVKind::other || isFact(entry))) {
                 visit(entry);
             }
         }
@@ -133,9 +133,19 @@ public:
     /// What an entry is that is no field of its record.
     [[nodiscard]] static ExtraKind extraKindOf(const CSVEntry& entry) noexcept;
 
-    CSVKind kind = CSVKind::login;
-    std::string_view kindName; ///< how the product calls the kind; a literal
-    CardDate date;             ///< of a card
+    [[nodiscard]] CSVKind kind() const noexcept { return _kind; }
+
+    void setKind(CSVKind kind) noexcept { _kind = kind; }
+
+    /// How the product calls the kind; a literal.
+    [[nodiscard]] std::string_view kindName() const noexcept { return _kindName; }
+
+    void setKindName(std::string_view name) noexcept { _kindName = name; }
+
+    /// When a card expires.
+    [[nodiscard]] const CardDate& date() const noexcept { return _date; }
+
+    void setDate(const CardDate& date) noexcept { _date = date; }
 
 private:
     /// Whether an entry tells where something stands or when, and not what.
@@ -146,6 +156,9 @@ private:
 
     ImportMemory* _memory = nullptr;
     Reporter* _reporter = nullptr;
+    CSVKind _kind = CSVKind::login;
+    std::string_view _kindName;
+    CardDate _date;
     std::vector<CSVEntry> _entries;
     std::vector<CSVEntry> _before;
     std::vector<std::string_view> _unread;

@@ -6,7 +6,7 @@ namespace Rellinor {
 
 namespace {
 
-constexpr std::array layouts = {
+constexpr auto layouts = std::array{
     &lastPassCSV,
     &dashlaneCredentialsCSV,
     &dashlaneNotesCSV,
@@ -31,7 +31,7 @@ constexpr std::array layouts = {
     &strongboxCSV,
 };
 
-constexpr std::array withoutHeader = {
+constexpr auto withoutHeader = std::array{
     &dashlanePositionalCSV,
     &enpassCSV,
     &keeperCSV,

@@ -232,12 +232,12 @@ void NamedColumnsImporter::readKind() {
     const auto known = std::ranges::find_if(
         _table->kinds, [&](const CSVKindName& kind) { return sameIgnoringCase(kind.name, name); });
     if (known != _table->kinds.end()) {
-        _item.kind = known->kind;
-        _item.kindName = known->name;
+        _item.setKind(known->kind);
+        _item.setKindName(known->name);
         _item.remove(CSVField::kind);
     } else {
-        _item.kind = name.empty() ? _table->usualKind : CSVKind::other;
-        _item.kindName = name.empty() ? std::string_view() : unknownKind;
+        _item.setKind(name.empty() ? _table->usualKind : CSVKind::other);
+        _item.setKindName(name.empty() ? std::string_view() : unknownKind);
     }
 }
 
@@ -250,7 +250,7 @@ bool NamedColumnsImporter::isCard(const RawRecord& /*record*/) const noexcept {
 }
 
 bool NamedColumnsImporter::isOf(CSVKind kind) const noexcept {
-    return _item.kind == kind && !_item.isEmpty();
+    return _item.kind() == kind && !_item.isEmpty();
 }
 
 Built<ImportedPassword>
@@ -273,10 +273,10 @@ NamedColumnsImporter::buildPassword(const RawRecord& /*record*/) const noexcept 
 
 Built<ImportedNote> NamedColumnsImporter::buildNote(const RawRecord& /*record*/) const {
     using enum CSVField;
-    const bool isOther = _item.kind == CSVKind::other;
+    const bool isOther = _item.kind() == CSVKind::other;
     if (isOther) {
         _reporter->found(FindingKind::arrivedAsNote,
-                         _item.kindName.empty() ? unknownKind : _item.kindName);
+                         _item.kindName().empty() ? unknownKind : _item.kindName());
     }
     return ImportedNote{
         std::nullopt, // color
@@ -295,8 +295,8 @@ Built<ImportedCard> NamedColumnsImporter::buildCard(const RawRecord& /*record*/)
         _item.text(pin),
         _item.text(note),
         0, // expirationDay
-        _item.date.month,
-        _item.date.year,
+        _item.date().month,
+        _item.date().year,
     };
 }
 
@@ -314,7 +314,7 @@ void NamedColumnsImporter::tellUnread(const RawRecord& /*record*/,
 }
 
 Dropped NamedColumnsImporter::whyNoKind(const RawRecord& /*record*/) const noexcept {
-    switch (_item.kind) {
+    switch (_item.kind()) {
     case CSVKind::placeholder:
         return {.reason = LeftOutReason::placeholder, .field = {}};
     case CSVKind::browserAccount:

@@ -110,11 +110,11 @@ TEST(NamedColumnsImporterTest, tellsTheLinesOfWhatWasMended) {
         EXPECT_EQ(reading.delivered() + reading.leftOut(LeftOutReason::empty), 4);
         EXPECT_EQ(reading.records.passwords.back().password, "x");
         EXPECT_EQ(reading.extras.back(), "other =more\n");
-        for (const auto& [kind, line] :
-             {std::pair(FindingKind::strayQuote, 4), std::pair(FindingKind::longRow, 5)}) {
+        for (const auto& [kind, line] : {std::pair(FindingKind::strayQuote, std::uint64_t{4}),
+                                         std::pair(FindingKind::longRow, std::uint64_t{5})}) {
             const auto found = std::ranges::find(reading.report.findings(), kind, &Finding::kind);
             ASSERT_NE(found, reading.report.findings().end());
-            EXPECT_EQ(found->places.first, std::vector{static_cast<std::uint64_t>(line)});
+            EXPECT_EQ(found->places.first, std::vector<std::uint64_t>{line});
         }
     }
 }

@@ -10,7 +10,7 @@ using enum CSVField;
 
 constexpr std::array<std::string_view, 4> names = {"title", "url", "username", "password"};
 
-constexpr std::array columns = {
+constexpr auto columns = std::array{
     CSVColumn{.name = "title", .field = title},
     CSVColumn{.name = "url", .field = url},
     CSVColumn{.name = "username", .field = username},

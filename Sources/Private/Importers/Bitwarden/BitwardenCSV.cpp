@@ -45,7 +45,7 @@ void readArchivedDate(CSVItem& item, const CSVEntry& cell) {
     item.add(cell, other, cell.label, cell.text);
 }
 
-constexpr std::array columns = {
+constexpr auto columns = std::array{
     CSVColumn{.name = "folder", .extra = folder},
     CSVColumn{.name = "collections", .extra = folder},
     CSVColumn{.name = "favorite", .extra = favourite, .read = readFlag},
@@ -55,13 +55,13 @@ constexpr std::array columns = {
     CSVColumn{.name = "fields", .read = readFields},
     CSVColumn{.name = "reprompt", .unread = "settings of the product"},
     CSVColumn{.name = "archiveddate", .read = readArchivedDate},
-    CSVColumn{.name = "login_uri", .field = url, .read = readAddresses},
+    CSVColumn{.name = "login_uri", .field = url, .read = readAddressesBetween<','>},
     CSVColumn{.name = "login_username", .field = username},
     CSVColumn{.name = "login_password", .field = password},
     CSVColumn{.name = "login_totp", .extra = oneTimePassword},
 };
 
-constexpr std::array kinds = {
+constexpr auto kinds = std::array{
     CSVKindName{"login", CSVKind::login},
     CSVKindName{"note", CSVKind::note},
 };

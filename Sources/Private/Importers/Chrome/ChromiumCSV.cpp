@@ -10,7 +10,7 @@ using enum CSVField;
 
 constexpr std::array<std::string_view, 4> names = {"name", "url", "username", "password"};
 
-constexpr std::array columns = {
+constexpr auto columns = std::array{
     CSVColumn{.name = "name", .field = title},
     CSVColumn{.name = "url", .field = url},
     CSVColumn{.name = "username", .field = username},

@@ -15,7 +15,7 @@ constexpr Name product = "Dashlane";
 
 constexpr std::array<Name, 7> credentialNames = {"username", "username2", "username3", "title",
                                                  "password", "note",      "url"};
-constexpr std::array credentialColumns = {
+constexpr auto credentialColumns = std::array{
     CSVColumn{.name = "username", .field = username},
     CSVColumn{.name = "username2", .extra = furtherUserName},
     CSVColumn{.name = "username3", .extra = furtherUserName},
@@ -30,7 +30,7 @@ constexpr std::array credentialColumns = {
 };
 
 constexpr std::array<Name, 2> noteNames = {"title", "note"};
-constexpr std::array noteColumns = {
+constexpr auto noteColumns = std::array{
     CSVColumn{.name = "title", .field = title},
     CSVColumn{.name = "note", .field = note},
     CSVColumn{.name = "category", .extra = folder},
@@ -38,7 +38,7 @@ constexpr std::array noteColumns = {
 
 constexpr std::array<Name, 6> paymentNames = {"type", "account_name",     "cc_number",
                                               "code", "expiration_month", "expiration_year"};
-constexpr std::array paymentColumns = {
+constexpr auto paymentColumns = std::array{
     CSVColumn{.name = "type", .field = kind},
     CSVColumn{.name = "account_name", .field = cardHolder},
     CSVColumn{.name = "account_holder", .extra = customText},
@@ -53,7 +53,7 @@ constexpr std::array paymentColumns = {
     CSVColumn{.name = "note", .field = note},
     CSVColumn{.name = "name", .field = title},
 };
-constexpr std::array paymentKinds = {
+constexpr auto paymentKinds = std::array{
     CSVKindName{"payment_card", CSVKind::card},
     CSVKindName{"credit_card", CSVKind::card},
     CSVKindName{"bank", CSVKind::other},
@@ -61,10 +61,10 @@ constexpr std::array paymentKinds = {
 
 /// A card without a holder has the name as one. The title of a bank account is the account's name.
 void finishPayment(CSVItem& item) {
-    if (item.kind == CSVKind::card && item.text(cardHolder).empty()) {
+    if (item.kind() == CSVKind::card && item.text(cardHolder).empty()) {
         const Name name = item.text(title);
         item.add({.field = cardHolder, .name = "name", .label = "name", .text = name});
-    } else if (item.kindName == "bank" && !item.text(cardHolder).empty()) {
+    } else if (item.kindName() == "bank" && !item.text(cardHolder).empty()) {
         for (CSVEntry& entry : item.entries()) {
             if (entry.field == title) {
                 entry.field = none;
@@ -78,7 +78,7 @@ void finishPayment(CSVItem& item) {
 
 constexpr std::array<Name, 6> documentNames = {"type",       "number",          "name",
                                                "issue_date", "expiration_date", "place_of_issue"};
-constexpr std::array documentColumns = {
+constexpr auto documentColumns = std::array{
     CSVColumn{.name = "type", .field = kind},
     CSVColumn{.name = "number", .extra = customText},
     CSVColumn{.name = "name", .field = title},
@@ -87,7 +87,7 @@ constexpr std::array documentColumns = {
     CSVColumn{.name = "place_of_issue", .extra = customText},
     CSVColumn{.name = "state", .extra = customText},
 };
-constexpr std::array documentKinds = {
+constexpr auto documentKinds = std::array{
     CSVKindName{"card", CSVKind::other},       CSVKindName{"passport", CSVKind::other},
     CSVKindName{"license", CSVKind::other},    CSVKindName{"social_security", CSVKind::other},
     CSVKindName{"tax_number", CSVKind::other},
@@ -95,7 +95,7 @@ constexpr std::array documentKinds = {
 
 constexpr std::array<Name, 6> personNames = {"type",        "title",     "first_name",
                                              "middle_name", "last_name", "date_of_birth"};
-constexpr std::array personColumns = {
+constexpr auto personColumns = std::array{
     CSVColumn{.name = "type", .field = kind},
     CSVColumn{.name = "title", .extra = customText}, // of the person
     CSVColumn{.name = "first_name", .extra = customText},
@@ -121,14 +121,14 @@ constexpr std::array personColumns = {
     CSVColumn{.name = "job_title", .extra = customText},
     CSVColumn{.name = "url", .extra = furtherURL},
 };
-constexpr std::array personKinds = {
+constexpr auto personKinds = std::array{
     CSVKindName{"name", CSVKind::other},    CSVKindName{"email", CSVKind::other},
     CSVKindName{"number", CSVKind::other},  CSVKindName{"address", CSVKind::other},
     CSVKindName{"company", CSVKind::other}, CSVKindName{"website", CSVKind::other},
 };
 
 constexpr std::array<Name, 3> networkNames = {"ssid", "passphrase", "encription_type"};
-constexpr std::array networkColumns = {
+constexpr auto networkColumns = std::array{
     CSVColumn{.name = "ssid", .extra = customText},
     CSVColumn{.name = "passphrase", .extra = customSecret},
     CSVColumn{.name = "name", .field = title},
@@ -138,28 +138,41 @@ constexpr std::array networkColumns = {
 };
 
 void finishNetwork(CSVItem& item) {
-    item.kindName = "wifi";
+    item.setKindName("wifi");
 }
 
-/// Title, address, user names, password, note. An identifier in place of the note marks a document,
-/// whose cells have no names.
+bool isIdentifier(std::string_view cell) noexcept {
+    return firstIdentifier(cell) == cell;
+}
+
+/// A document, whose cells have no names.
+void readOldDocument(CSVItem& item, std::span<const std::string_view> row) {
+    item.setKind(CSVKind::other);
+    item.setKindName("document");
+    for (const std::string_view cell : row) {
+        const bool hasTitle = !item.entries().empty();
+        if (isIdentifier(cell)) {
+            item.addUnread("identifier");
+        } else {
+            item.add({.field = hasTitle ? none : title, .extra = customText, .text = cell});
+        }
+    }
+}
+
+/// Title, address, user names, password, note. An identifier in the first or last place marks a
+/// document.
 void readOldRow(CSVItem& item, std::span<const std::string_view> row) {
     constexpr std::size_t fewest = 5;
 
     if (row.size() < fewest) {
-        item.kind = CSVKind::tooShort;
+        item.setKind(CSVKind::tooShort);
+        return;
+    }
+    if (isIdentifier(row.front()) || isIdentifier(row.back())) {
+        readOldDocument(item, row);
         return;
     }
     item.add({.field = title, .text = row[0]});
-    if (firstIdentifier(row.back()) == row.back()) {
-        item.kind = CSVKind::other;
-        item.kindName = "document";
-        item.addUnread("identifier");
-        for (const std::string_view cell : row.subspan(1, row.size() - 2)) {
-            item.add({.extra = customText, .text = cell});
-        }
-        return;
-    }
     item.add({.field = url, .text = row[1]});
     item.add({.field = username, .text = row[2]});
     for (const std::string_view name : row.subspan(3, row.size() - fewest)) {

@@ -12,7 +12,7 @@ using enum CSVField;
 using enum ExtraKind;
 
 /// What fields are by their labels, which are in the user's language: these are English.
-constexpr std::array labels = {
+constexpr auto labels = std::array{
     CSVColumn{.name = "username", .field = username},
     CSVColumn{.name = "login", .field = username},
     CSVColumn{.name = "password", .field = password},
@@ -67,14 +67,14 @@ void readRow(CSVItem& item, std::span<const std::string_view> row) {
 
     const auto has = [&](CSVField field) { return !item.text(field).empty(); };
     if (has(cardNumber) && (has(cardHolder) || has(cvv) || has(expiry))) {
-        item.kind = CSVKind::card;
+        item.setKind(CSVKind::card);
     } else if (has(username) || has(password) || has(url)) {
-        item.kind = CSVKind::login;
+        item.setKind(CSVKind::login);
     } else {
         const bool hasPairs = std::ranges::any_of(item.entries(), [](const CSVEntry& entry) {
             return entry.field != title && entry.field != note;
         });
-        item.kind = hasPairs ? CSVKind::other : CSVKind::note;
+        item.setKind(hasPairs ? CSVKind::other : CSVKind::note);
     }
 }
 

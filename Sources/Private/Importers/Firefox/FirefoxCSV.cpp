@@ -37,11 +37,11 @@ void readPasswordChange(CSVItem& item, const CSVEntry& cell) {
 
 void finish(CSVItem& item) {
     if (item.text(url) == "chrome://FirefoxAccounts") {
-        item.kind = CSVKind::browserAccount;
+        item.setKind(CSVKind::browserAccount);
     }
 }
 
-constexpr std::array columns = {
+constexpr auto columns = std::array{
     CSVColumn{.name = "url", .field = url},
     CSVColumn{.name = "username", .field = username},
     CSVColumn{.name = "password", .field = password},

@@ -10,7 +10,7 @@ using enum CSVField;
 using enum ExtraKind;
 
 /// Of several columns of one field the first in this order counts.
-constexpr std::array columns = {
+constexpr auto columns = std::array{
     CSVColumn{.name = "title", .field = title},
     CSVColumn{.name = "name", .field = title},
     CSVColumn{.name = "label", .field = title},

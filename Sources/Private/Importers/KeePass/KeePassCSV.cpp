@@ -19,7 +19,7 @@ constexpr std::array<Name, 6> keePassXCNames = {"group",    "title", "username",
 constexpr std::array<Name, 6> keePassXCExactNames = {"Group",    "Title", "Username",
                                                      "Password", "URL",   "Notes"};
 
-constexpr std::array keePassColumns = {
+constexpr auto keePassColumns = std::array{
     CSVColumn{.name = "account", .field = title},
     CSVColumn{.name = "login name", .field = username},
     CSVColumn{.name = "password", .field = password},
@@ -27,7 +27,7 @@ constexpr std::array keePassColumns = {
     CSVColumn{.name = "comments", .field = note},
 };
 
-constexpr std::array keePassXCColumns = {
+constexpr auto keePassXCColumns = std::array{
     CSVColumn{.name = "group", .extra = folder},
     CSVColumn{.name = "title", .field = title},
     CSVColumn{.name = "username", .field = username},

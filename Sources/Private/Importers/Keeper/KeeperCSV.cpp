@@ -11,7 +11,7 @@ using enum CSVField;
 using enum ExtraKind;
 
 /// What stands where; pairs of name and value follow.
-constexpr std::array columns = {
+constexpr auto columns = std::array{
     CSVColumn{.name = "folder", .extra = folder},
     CSVColumn{.name = "title", .field = title},
     CSVColumn{.name = "login", .field = username},
@@ -42,7 +42,7 @@ void readRow(CSVItem& item, std::span<const std::string_view> row) {
     }
     const bool isLogin = !item.text(username).empty() || !item.text(password).empty() ||
                          !item.text(url).empty() || hasFields;
-    item.kind = isLogin ? CSVKind::login : CSVKind::note;
+    item.setKind(isLogin ? CSVKind::login : CSVKind::note);
 }
 
 } // namespace

@@ -37,7 +37,7 @@ struct CardKey {
     CSVField field = none;
 };
 
-constexpr std::array cardKeys = {
+constexpr auto cardKeys = std::array{
     CardKey{"Language"},
     CardKey{"Name on Card", cardHolder},
     CardKey{"Type"},
@@ -104,7 +104,7 @@ void addCardValue(CSVItem& item, const CardKey& key, Name text) {
     }
     const auto date = key.field == expiry ? dateOf(text) : std::nullopt;
     if (date) {
-        item.date = *date;
+        item.setDate(*date);
         return;
     }
     item.add({.field = key.field,
@@ -161,15 +161,15 @@ void finish(CSVItem& item) {
     }
     const Name address = item.text(url);
     if (address == "http://group") {
-        item.kind = CSVKind::placeholder;
+        item.setKind(CSVKind::placeholder);
     } else if (address == "http://") {
         item.remove(url);
     } else if (address == "http://sn") {
         item.remove(url);
-        item.kind = CSVKind::note;
+        item.setKind(CSVKind::note);
         const auto type = typeOf(item.text(note));
         if (type == cardType) {
-            item.kind = CSVKind::card;
+            item.setKind(CSVKind::card);
             item.expand(note, [&](const CSVEntry& cell) { readCard(item, cell); });
         } else if (type) {
             item.reporter().found(FindingKind::typedNote, *type);
@@ -177,7 +177,7 @@ void finish(CSVItem& item) {
     }
 }
 
-constexpr std::array columns = {
+constexpr auto columns = std::array{
     CSVColumn{.name = "url", .field = url},
     CSVColumn{.name = "username", .field = username},
     CSVColumn{.name = "password", .field = password},

@@ -57,7 +57,7 @@ void readFields(CSVItem& item, const CSVEntry& cell) {
 /// Older files do not say the kind.
 void finish(CSVItem& item) {
     const auto has = [&](CSVField field) { return !item.text(field).empty(); };
-    if (!item.kindName.empty()) {
+    if (!item.kindName().empty()) {
         return;
     }
     bool hasPerson = false;
@@ -65,18 +65,18 @@ void finish(CSVItem& item) {
         hasPerson = hasPerson || entry.name == "full_name";
     }
     if (has(cardNumber)) {
-        item.kind = CSVKind::card;
+        item.setKind(CSVKind::card);
     } else if (hasPerson) {
-        item.kind = CSVKind::other;
-        item.kindName = "identity";
+        item.setKind(CSVKind::other);
+        item.setKindName("identity");
     } else if (has(password) || has(username) || has(url)) {
-        item.kind = CSVKind::login;
+        item.setKind(CSVKind::login);
     } else {
-        item.kind = has(note) ? CSVKind::note : CSVKind::placeholder;
+        item.setKind(has(note) ? CSVKind::note : CSVKind::placeholder);
     }
 }
 
-constexpr std::array columns = {
+constexpr auto columns = std::array{
     CSVColumn{.name = "name", .field = title},
     CSVColumn{.name = "url", .field = url},
     CSVColumn{.name = "additional_urls", .read = readMoreAddresses},
@@ -102,7 +102,7 @@ constexpr std::array columns = {
     CSVColumn{.name = "custom_fields", .read = readFields},
 };
 
-constexpr std::array kinds = {
+constexpr auto kinds = std::array{
     CSVKindName{"password", CSVKind::login},     CSVKindName{"note", CSVKind::note},
     CSVKindName{"credit_card", CSVKind::card},   CSVKindName{"identity", CSVKind::other},
     CSVKindName{"document", CSVKind::other},     CSVKindName{"passkey", CSVKind::other},

@@ -22,7 +22,7 @@ constexpr Name settings = "settings of the product";
 
 constexpr std::array<Name, 7> names8 = {"title",   "url",      "username", "password",
                                         "otpauth", "favorite", "archived"};
-constexpr std::array columns8 = {
+constexpr auto columns8 = std::array{
     CSVColumn{.name = "title", .field = title},
     CSVColumn{.name = "url", .field = url},
     CSVColumn{.name = "username", .field = username},
@@ -63,7 +63,7 @@ void readSetOfTags(CSVItem& item, const CSVEntry& cell) {
 
 constexpr std::array<Name, 5> namesMac = {"title", "type", "password", "username", "scope"};
 constexpr std::array<Name, 4> namesMacChosen = {"title", "type", "password", "username"};
-constexpr std::array columnsMac = {
+constexpr auto columnsMac = std::array{
     CSVColumn{.name = "title", .field = title},
     CSVColumn{.name = "type", .field = kind},
     CSVColumn{.name = "username", .field = username},
@@ -76,30 +76,29 @@ constexpr std::array columnsMac = {
     CSVColumn{.name = "scope", .unread = settings},
 };
 
-CSVField fieldOf(OnePasswordField field) noexcept {
+CSVField fieldOf(ItemField field) noexcept {
     switch (field) {
-        using enum OnePasswordField;
-    case OnePasswordField::username:
+    case ItemField::username:
         return CSVField::username;
-    case OnePasswordField::password:
+    case ItemField::password:
         return CSVField::password;
-    case address:
+    case ItemField::address:
         return url;
-    case OnePasswordField::cardHolder:
+    case ItemField::cardHolder:
         return CSVField::cardHolder;
-    case OnePasswordField::cardNumber:
+    case ItemField::cardNumber:
         return CSVField::cardNumber;
-    case OnePasswordField::cvv:
+    case ItemField::cvv:
         return CSVField::cvv;
-    case OnePasswordField::pin:
+    case ItemField::pin:
         return CSVField::pin;
-    case OnePasswordField::expiry:
+    case ItemField::expiry:
         return CSVField::expiry;
-    case OnePasswordField::expiryMonth:
+    case ItemField::expiryMonth:
         return CSVField::expiryMonth;
-    case OnePasswordField::expiryYear:
+    case ItemField::expiryYear:
         return CSVField::expiryYear;
-    case OnePasswordField::none:
+    case ItemField::none:
         return CSVField::none;
     }
     return CSVField::none;
@@ -115,9 +114,9 @@ std::optional<CSVOtherColumn> columnWithIdentifier(Name name) {
     if (id.empty() || id.contains(' ')) {
         return std::nullopt;
     }
-    const OnePasswordField ofCard = onePasswordFieldOf(OnePasswordShape::card, id);
-    const OnePasswordField ofLogin = onePasswordFieldOf(OnePasswordShape::login, id);
-    const CSVField field = fieldOf(ofCard != OnePasswordField::none ? ofCard : ofLogin);
+    const auto ofCard = onePasswordFieldOf(OnePasswordShape::card, id);
+    const auto ofLogin = onePasswordFieldOf(OnePasswordShape::login, id);
+    const CSVField field = fieldOf(ofCard != ItemField::none ? ofCard : ofLogin);
     ExtraKind kind = isHiddenInOnePassword(id) ? customSecret : customText;
     if (field != none) {
         kind = other;
@@ -136,20 +135,20 @@ void finishMac(CSVItem& item) {
         return;
     }
     const OnePasswordCategory& category = onePasswordCategoryNamed(type);
-    item.kindName = category.name;
+    item.setKindName(category.name);
     switch (category.shape) {
     case OnePasswordShape::webForm:
     case OnePasswordShape::login:
-        item.kind = CSVKind::login;
+        item.setKind(CSVKind::login);
         break;
     case OnePasswordShape::note:
-        item.kind = CSVKind::note;
+        item.setKind(CSVKind::note);
         break;
     case OnePasswordShape::card:
-        item.kind = CSVKind::card;
+        item.setKind(CSVKind::card);
         break;
     default:
-        item.kind = CSVKind::other;
+        item.setKind(CSVKind::other);
     }
     if (!category.typeName.empty()) {
         item.remove(kind);
@@ -159,13 +158,13 @@ void finishMac(CSVItem& item) {
 // Version 7 for Windows
 
 constexpr std::array<Name, 4> namesWindows = {"uuid", "title", "scope", "autosubmit"};
-constexpr std::array columnsWindows = {
+constexpr auto columnsWindows = std::array{
     CSVColumn{.name = "uuid", .unread = identifier},
     CSVColumn{.name = "title", .field = title},
     CSVColumn{.name = "username", .field = username},
     CSVColumn{.name = "password", .field = password},
     CSVColumn{.name = "url", .field = url},
-    CSVColumn{.name = "urls", .read = readAddresses},
+    CSVColumn{.name = "urls", .read = readAddressesBetween<',', ' '>},
     CSVColumn{.name = "email", .extra = email},
     CSVColumn{.name = "master-password", .extra = customSecret},
     CSVColumn{.name = "account-key", .extra = customSecret},
@@ -176,7 +175,7 @@ constexpr std::array columnsWindows = {
 };
 
 /// The fields of a card, which are in the first section.
-constexpr std::array columnsOfCard = {
+constexpr auto columnsOfCard = std::array{
     CSVColumn{.name = "cardholder name", .field = cardHolder},
     CSVColumn{.name = "number", .field = cardNumber},
     CSVColumn{.name = "verification number", .field = cvv},
@@ -216,19 +215,19 @@ void finishWindows(CSVItem& item) {
         });
     };
     if (!item.text(cardNumber).empty() && !item.text(expiry).empty()) {
-        item.kind = CSVKind::card;
+        item.setKind(CSVKind::card);
     } else if (hasDetail([](const CSVEntry& entry) {
                    return entry.label.starts_with("NAME ") && entry.label.ends_with(" NAME");
                })) {
-        item.kind = CSVKind::other;
-        item.kindName = "Identity";
+        item.setKind(CSVKind::other);
+        item.setKindName("Identity");
     } else if (!item.text(username).empty() || !item.text(password).empty() ||
                !item.text(url).empty()) {
-        item.kind = CSVKind::login;
+        item.setKind(CSVKind::login);
     } else if (hasDetail([](const CSVEntry&) { return true; })) {
-        item.kind = CSVKind::other;
+        item.setKind(CSVKind::other);
     } else {
-        item.kind = CSVKind::note;
+        item.setKind(CSVKind::note);
     }
 }
 

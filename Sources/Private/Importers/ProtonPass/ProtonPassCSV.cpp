@@ -41,7 +41,7 @@ struct Member {
     CSVField field;
 };
 
-constexpr std::array members = {
+constexpr auto members = std::array{
     Member{"cardholderName", cardHolder},
     Member{"number", cardNumber},
     Member{"verificationNumber", cvv},
@@ -58,7 +58,7 @@ public:
     void read(const JSONObject& contents) {
         contents.forEachNamed({}, [&](Name name, const JSONValue& value) {
             const auto* const member = std::ranges::find(members, name, &Member::name);
-            const bool isOfCard = _item.kind == CSVKind::card;
+            const bool isOfCard = _item.kind() == CSVKind::card;
             const bool isField = member != members.end() && (isOfCard || member->field == note);
             if (isField && member->field == expiry) {
                 addDate(textOf(value, _cell, _item));
@@ -80,7 +80,7 @@ private:
                                ? cardDate(text.substr(0, lengthOfMonth), text.substr(lengthOfMonth))
                                : std::nullopt;
         if (older) {
-            _item.date = *older;
+            _item.setDate(*older);
         } else {
             add(expiry, "expirationDate", text);
         }
@@ -131,8 +131,8 @@ private:
 
 /// The note of a card or identity is JSON.
 void finish(CSVItem& item) {
-    const bool isIdentity = item.kindName == "identity";
-    if (item.kind != CSVKind::card && !isIdentity) {
+    const bool isIdentity = item.kindName() == "identity";
+    if (item.kind() != CSVKind::card && !isIdentity) {
         return;
     }
     item.expand(note, [&](const CSVEntry& cell) {
@@ -145,10 +145,10 @@ void finish(CSVItem& item) {
     });
 }
 
-constexpr std::array columns = {
+constexpr auto columns = std::array{
     CSVColumn{.name = "type", .field = kind},
     CSVColumn{.name = "name", .field = title},
-    CSVColumn{.name = "url", .field = url, .read = readAddresses},
+    CSVColumn{.name = "url", .field = url, .read = readAddressesBetween<',', ' '>},
     CSVColumn{.name = "autofillurls", .read = readAutofill},
     CSVColumn{.name = "email", .extra = email},
     CSVColumn{.name = "username", .field = username},
@@ -160,7 +160,7 @@ constexpr std::array columns = {
     CSVColumn{.name = "vault", .extra = folder},
 };
 
-constexpr std::array kinds = {
+constexpr auto kinds = std::array{
     CSVKindName{"login", CSVKind::login},     CSVKindName{"note", CSVKind::note},
     CSVKindName{"creditCard", CSVKind::card}, CSVKindName{"alias", CSVKind::other},
     CSVKindName{"identity", CSVKind::other},  CSVKindName{"custom", CSVKind::other},

@@ -52,16 +52,16 @@ void finish(CSVItem& item) {
         return entry.field == none && entry.extra != folder && entry.extra != furtherURL;
     });
     if (has(username) || has(password) || hasFields) {
-        item.kind = CSVKind::login;
+        item.setKind(CSVKind::login);
     } else if (has(url)) {
-        item.kind = CSVKind::other;
-        item.kindName = "bookmark";
+        item.setKind(CSVKind::other);
+        item.setKindName("bookmark");
     } else {
-        item.kind = CSVKind::note;
+        item.setKind(CSVKind::note);
     }
 }
 
-constexpr std::array columns = {
+constexpr auto columns = std::array{
     CSVColumn{.name = "name", .field = title},
     CSVColumn{.name = "url", .field = url},
     CSVColumn{.name = "matchurl", .extra = furtherURL, .read = readAddress},

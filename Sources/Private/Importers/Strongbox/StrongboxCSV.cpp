@@ -11,7 +11,7 @@ using enum CSVField;
 constexpr std::array<std::string_view, 7> names = {"title", "username", "email", "password",
                                                    "url",   "otpauth",  "notes"};
 
-constexpr std::array columns = {
+constexpr auto columns = std::array{
     CSVColumn{.name = "title", .field = title},
     CSVColumn{.name = "username", .field = username},
     CSVColumn{.name = "email", .extra = ExtraKind::email},

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <utility>
 
+#include <Rellinor/ExportFile.hpp>
 #include <Rellinor/FailureReason.hpp>
 
 #include "Platform/File.hpp"
@@ -36,6 +37,9 @@ class FileParts {
 public:
     explicit FileParts(std::span<const char> bytes) noexcept : _bytes(bytes.data(), bytes.size()) {}
 
+    /// A file, which is opened, or bytes in memory; or why there are none.
+    [[nodiscard]] static std::expected<FileParts, FailureReason> of(const ExportFile& file);
+
     explicit FileParts(OpenFile file) noexcept : _file(std::move(file)) {}
 
     [[nodiscard]] bool isInMemory() const noexcept { return !_file; }
@@ -53,12 +57,6 @@ public:
 private:
     std::optional<OpenFile> _file;
     std::string_view _bytes;
-};
-
-/// What a text begins with.
-struct Beginning {
-    std::string_view text;
-    bool isWhole = false; ///< whether the text ends there
 };
 
 } // namespace Rellinor

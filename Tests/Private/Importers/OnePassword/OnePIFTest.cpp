@@ -1,4 +1,4 @@
-#include "Private/Importers/OnePassword/OnePIFImporter.hpp"
+#include "Private/Importers/OnePassword/OnePIF.hpp"
 
 #include <string>
 #include <string_view>
@@ -51,7 +51,7 @@ constexpr std::string_view identity =
 constexpr std::string_view folder =
     R"({"typeName":"system.folder.Regular","uuid":"F","title":"Work"})";
 
-TEST(OnePIFImporterTest, readsAllOfAWebForm) {
+TEST(OnePIFTest, readsAllOfAWebForm) {
     const Reading reading = read(std::string(folder) + "\n***\n" + std::string(login));
     const Outcome expected = {.passwords = {{.username = "t-user",
                                              .password = "t-password",
@@ -81,7 +81,7 @@ TEST(OnePIFImporterTest, readsAllOfAWebForm) {
     EXPECT_EQ(reading.report.placeUnit(), PlaceUnit::line);
 }
 
-TEST(OnePIFImporterTest, readsAnAddressOnceIfItIsTheLocationToo) {
+TEST(OnePIFTest, readsAnAddressOnceIfItIsTheLocationToo) {
     const Reading reading =
         read(R"({"typeName":"webforms.WebForm","location":"a","secureContents":{"URLs":[)"
              R"({"label":"","url":"a"},{"url":"b"}]}})");
@@ -89,7 +89,7 @@ TEST(OnePIFImporterTest, readsAnAddressOnceIfItIsTheLocationToo) {
     EXPECT_EQ(reading.extras.at(0), "furtherURL =b\n");
 }
 
-TEST(OnePIFImporterTest, takesAnEmailAddressForAMissingUserName) {
+TEST(OnePIFTest, takesAnEmailAddressForAMissingUserName) {
     const Reading reading = read(
         R"({"typeName":"webforms.WebForm","secureContents":{"fields":[)"
         R"({"name":"mail","type":"E","value":"a@b"},{"name":"2","type":"E","value":"c@d"}]}})");
@@ -97,7 +97,7 @@ TEST(OnePIFImporterTest, takesAnEmailAddressForAMissingUserName) {
     EXPECT_EQ(reading.extras.at(0), "email 2=c@d\n");
 }
 
-TEST(OnePIFImporterTest, readsKindsWithUserNameAndPasswordAsLogins) {
+TEST(OnePIFTest, readsKindsWithUserNameAndPasswordAsLogins) {
     const std::string text =
         entry("passwords.Password", R"("title":"P","secureContents":{"password":"p"})") +
         entry(
@@ -119,7 +119,7 @@ TEST(OnePIFImporterTest, readsKindsWithUserNameAndPasswordAsLogins) {
     EXPECT_EQ(reading.found(FindingKind::arrivedAsNote), 0);
 }
 
-TEST(OnePIFImporterTest, readsCards) {
+TEST(OnePIFTest, readsCards) {
     const Reading reading =
         read(std::string(card) + "\n" +
              entry("wallet.financial.CreditCard",
@@ -157,7 +157,7 @@ TEST(OnePIFImporterTest, readsCards) {
     EXPECT_EQ(reading.found(FindingKind::unreadableDate, "expiry_mm"), 1);
 }
 
-TEST(OnePIFImporterTest, readsSecureNotesAndTellsWhichKindsBecomeNotes) {
+TEST(OnePIFTest, readsSecureNotesAndTellsWhichKindsBecomeNotes) {
     const Reading reading =
         read(entry("securenotes.SecureNote", R"("title":"N","secureContents":{"notesPlain":"n"})") +
              std::string(identity) + "\n" +
@@ -175,7 +175,7 @@ TEST(OnePIFImporterTest, readsSecureNotesAndTellsWhichKindsBecomeNotes) {
     EXPECT_EQ(reading.found(FindingKind::arrivedAsNote, "unknown kind"), 2);
 }
 
-TEST(OnePIFImporterTest, leavesOutTheTrashAndWhatIsEmpty) {
+TEST(OnePIFTest, leavesOutTheTrashAndWhatIsEmpty) {
     const Reading reading =
         read(entry("webforms.WebForm", R"("trashed":true,"title":"gone")") +
              entry("webforms.WebForm", R"("createdAt":1,"openContents":{"tags":["x"]})"));
@@ -184,7 +184,7 @@ TEST(OnePIFImporterTest, leavesOutTheTrashAndWhatIsEmpty) {
     EXPECT_EQ(reading.leftOut(LeftOutReason::empty), 1);
 }
 
-TEST(OnePIFImporterTest, losesOneValueForOneOfAnotherType) {
+TEST(OnePIFTest, losesOneValueForOneOfAnotherType) {
     for (const std::string_view whole : {login, card, identity}) {
         const std::string before = read(whole).texts();
         forEachChange(whole, [&](const JSONChange& change) {
@@ -209,7 +209,7 @@ TEST(OnePIFImporterTest, losesOneValueForOneOfAnotherType) {
     });
 }
 
-TEST(OnePIFImporterTest, failsAtALineThatIsNotJSON) {
+TEST(OnePIFTest, failsAtALineThatIsNotJSON) {
     for (const std::string_view bad : {"{\"title\":\"x", "{},{}", "{}]", "{} x"}) {
         const Reading reading = read("{}\n***\n" + std::string(bad) + "\n{}\n");
         EXPECT_EQ(reading.records.error, NSError("Rellinor.PIFParsingError", 1)) << bad;
@@ -221,13 +221,13 @@ TEST(OnePIFImporterTest, failsAtALineThatIsNotJSON) {
     EXPECT_EQ(read("name,password\nx,y\n").report.failure().reason, FailureReason::notJSON);
 }
 
-TEST(OnePIFImporterTest, placesRecordsByTheirLinesAndCountsOtherLines) {
+TEST(OnePIFTest, placesRecordsByTheirLinesAndCountsOtherLines) {
     const Reading reading = read("***\n\n" + std::string(identity) + "\r\n {\"title\":\"x\"}\n");
     EXPECT_EQ(reading.report.findings().front().places.first, std::vector<std::uint64_t>{3});
     EXPECT_EQ(reading.unread("lines that are no record"), 1);
 }
 
-TEST(OnePIFImporterTest, readsTheSameVaultAsFromTirel) {
+TEST(OnePIFTest, readsTheSameVaultAsFromTirel) {
     const std::string vault = RELLINOR_VAULT;
     const Reading reading =
         readingOf(Layout::onePassword1PIF, ExportFile::atPath(vault + "/OnePassword/export.1pif"));
@@ -249,7 +249,7 @@ TEST(OnePIFImporterTest, readsTheSameVaultAsFromTirel) {
     EXPECT_TRUE(reading.report.findings().empty());
 }
 
-TEST(OnePIFImporterTest, readsTheFolderThatAnExportIs) {
+TEST(OnePIFTest, readsTheFolderThatAnExportIs) {
     const TemporaryFolder files;
     const std::string path = files.file("data.1pif", card);
     const std::string_view whole = std::string_view(path).substr(0, path.rfind('/'));
