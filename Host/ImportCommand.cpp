@@ -33,7 +33,7 @@ namespace {
 
 constexpr std::array<std::string_view, 4> formats = {"summary", "table", "json", "tirel"};
 
-Door doorOf(const ImportOptions& options) {
+Door doorOf(const ImportOptions& options) noexcept {
     return std::holds_alternative<ImportSource>(options.as) ? Door::first : Door::second;
 }
 
@@ -141,33 +141,34 @@ int import(const ImportOptions& options, const Terminal& terminal, std::ostream&
         if (source == nullptr && !imported.records) {
             detected = lookAt(input.file());
         }
-        const bool isRefused = source == nullptr && wouldExportEncrypted(options, imported.report);
-        const std::string told = isRefused ? "not exported: " + std::string(stillEncrypted)
-                                           : message(path, options.as, detected, imported);
-        const auto tell = [&] {
+        if (source == nullptr && wouldExportEncrypted(options, imported.report)) {
+            errors << "rellinor: " << displayPath(path) << ": not exported: " << stillEncrypted
+                   << '\n';
+            status = ExitStatus::importFailed;
+            continue;
+        }
+        const auto tell = [&, told = message(path, options.as, detected, imported)] {
             if (!told.empty()) {
                 errors << "rellinor: " << displayPath(path) << ": " << displayText(told) << '\n';
             }
         };
-        if (isRefused || !imported.records) {
+        if (!imported.records) {
             status = ExitStatus::importFailed;
             format->writeFailure(imported, out);
             tell();
             continue;
         }
+        Masking masking(options.reveal ? Secrets::revealed : Secrets::masked, doorOf(options));
+        if (source != nullptr && !objection(detected, *source).empty()) {
+            masking.addMisplaced(*imported.records, input.file());
+            tell(); // not below a long table
+            format->write(path, imported, masking, out);
+        } else {
+            format->write(path, imported, masking, out);
+            tell();
+        }
         if (source == nullptr && options.isStrict && !isWithoutLoss(imported.report)) {
             status = ExitStatus::importFailed;
-        }
-        Masking masking(options.reveal ? Secrets::revealed : Secrets::masked, doorOf(options));
-        // Another product's file is no news that may come below a long table.
-        const bool isOther = source != nullptr && !objection(detected, *source).empty();
-        if (isOther) {
-            masking.addMisplaced(*imported.records, input.file());
-            tell();
-        }
-        format->write(path, imported, masking, out);
-        if (!isOther) {
-            tell();
         }
     }
     format->finish(out);

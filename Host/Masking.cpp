@@ -1,9 +1,9 @@
 #include "Host/Masking.hpp"
 
-#include <algorithm>
+#include <cstddef>
 #include <new>
 #include <unordered_map>
-#include <utility>
+#include <unordered_set>
 
 namespace Rellinor::Host {
 
@@ -57,54 +57,80 @@ std::string coreOf(std::string_view text) {
     return core;
 }
 
-/// The secrets of a reading; for each, whether it is found elsewhere. None yet is.
-std::unordered_map<std::string, bool> secretsOf(const ImportedExport& faithful) {
-    std::unordered_map<std::string, bool> secrets;
-    const auto add = [&](std::string_view text) {
-        if (std::string core = coreOf(text); !core.empty()) {
-            secrets.emplace(std::move(core), false);
+/// Secrets to look for in other texts.
+class SecretTexts {
+public:
+    explicit SecretTexts(const ImportedExport& faithful) {
+        forEachText(*faithful.records, [&](Field field, std::string_view text) {
+            add((secretFields & bitOf(field)) != 0 ? text : "");
+        });
+        const auto addExtras = [&](const auto& records, auto extrasOf) {
+            for (std::size_t i = 0; i < records.size(); ++i) {
+                for (const Extra& extra : (faithful.extras.*extrasOf)(i)) {
+                    add(isSecret(extra.kind) ? extra.value : "");
+                }
+            }
+        };
+        addExtras(faithful.records->passwords, &Extras::ofPassword);
+        addExtras(faithful.records->notes, &Extras::ofNote);
+        addExtras(faithful.records->cards, &Extras::ofCard);
+    }
+
+    /// Whether a text holds one of them. One of few letters has to be all of it.
+    [[nodiscard]] bool areIn(std::string_view text) {
+        const std::string core = coreOf(text);
+        if (_short.contains(core)) {
+            return true;
         }
-    };
-    forEachText(*faithful.records, [&](Field field, std::string_view text) {
-        if ((secretFields & bitOf(field)) != 0) {
-            add(text);
-        }
-    });
-    const auto addExtras = [&](const auto& records, auto extrasOf) {
-        for (std::size_t i = 0; i < records.size(); ++i) {
-            for (const Extra& extra : (faithful.extras.*extrasOf)(i)) {
-                add(isSecret(extra.kind) ? extra.value : "");
+        _stepsLeft += 64 * core.size();
+        for (std::string_view rest = core; rest.size() >= lengthOfKey; rest.remove_prefix(1)) {
+            const auto [begin, end] = _long.equal_range(std::string(rest.substr(0, lengthOfKey)));
+            for (auto candidate = begin; candidate != end; ++candidate) {
+                // Many that begin alike are made to take time: they count as found.
+                if (rest.starts_with(candidate->second) || --_stepsLeft == 0) {
+                    return true;
+                }
             }
         }
-    };
-    addExtras(faithful.records->passwords, &Extras::ofPassword);
-    addExtras(faithful.records->notes, &Extras::ofNote);
-    addExtras(faithful.records->cards, &Extras::ofCard);
-    return secrets;
-}
+        return false;
+    }
+
+private:
+    static constexpr std::size_t lengthOfKey = 4;
+
+    void add(std::string_view text) {
+        const std::string core = coreOf(text);
+        if (core.size() >= lengthOfKey) {
+            _long.emplace(core.substr(0, lengthOfKey), core);
+        } else if (!core.empty()) {
+            _short.insert(core);
+        }
+    }
+
+    std::unordered_set<std::string> _short;
+    std::unordered_multimap<std::string, std::string> _long; // by their first letters
+    std::size_t _stepsLeft = std::size_t{1} << 20U;
+};
 
 std::uint32_t misplacedFields(const ImportedRecords& records, const ImportedExport& faithful) {
     if (!faithful.records) {
         return allFields;
     }
-    auto secrets = secretsOf(faithful);
+    SecretTexts secrets(faithful);
     std::uint32_t fields = 0;
     forEachText(records, [&](Field field, std::string_view text) {
-        if (const auto found = secrets.find(coreOf(text)); found != secrets.end()) {
-            found->second = true;
+        if ((fields & bitOf(field)) == 0 && secrets.areIn(text)) {
             fields |= bitOf(field);
         }
     });
-    const bool areAllFound =
-        std::ranges::all_of(secrets, [](const auto& secret) { return secret.second; });
-    return areAllFound ? fields : allFields;
+    return fields;
 }
 
 } // namespace
 
-Masking::Masking(Secrets secrets, Door door) noexcept : _secrets(secrets), _masked(0) {
+Masking::Masking(Secrets secrets, Door door) noexcept : _secrets(secrets) {
     if (secrets == Secrets::masked) {
-        _masked = door == Door::second ? secretFields | notes : secretFields;
+        _masked = secretFields | (door == Door::second ? notes : 0);
     }
 }
 

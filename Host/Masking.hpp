@@ -32,8 +32,8 @@ enum class Door : std::uint8_t {
     second, ///< the faithful reading
 };
 
-/// Whether passwords, card numbers, CVV, PIN and secrets among the extras are shown; of the second
-/// door also notes, which hold such things too.
+/// Whether passwords, card numbers, CVV, PIN and secrets among the extras are shown; through the
+/// second door also notes, which hold such things too.
 enum class Secrets : std::uint8_t {
     masked,
     revealed,
@@ -45,9 +45,9 @@ class Masking {
 public:
     Masking(Secrets secrets, Door door) noexcept;
 
-    /// Masks every field in which a secret of the faithful reading stands, in whatever record;
-    /// every field at all if one of these secrets stands in none, and may be a part of some other
-    /// text, or if there is no faithful reading. Secrets that are revealed stay so.
+    /// Masks every field that a secret of the faithful reading is all or a part of, in whatever
+    /// record; every field at all if there is no faithful reading. Secrets that are revealed stay
+    /// so.
     ///
     /// @param records  what was made of `file`
     void addMisplaced(const ImportedRecords& records, const ExportFile& file);
@@ -65,7 +65,7 @@ public:
 
 private:
     Secrets _secrets;
-    std::uint32_t _masked; // a bit for each field
+    std::uint32_t _masked = 0; // a bit for each field
 };
 
 } // namespace Rellinor::Host
