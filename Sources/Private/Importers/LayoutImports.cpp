@@ -3,6 +3,7 @@
 #include <expected>
 
 #include "Private/Errors/ReadError.hpp"
+#include "Private/Importers/CSVLayouts.hpp"
 #include "Private/Importers/Chrome/ChromiumLoginsImporter.hpp"
 #include "Private/Importers/Firefox/FirefoxProfileImporter.hpp"
 #include "Private/Importers/Importer.hpp"
@@ -41,32 +42,13 @@ Assembled importLayout(const ExportFile& file, Layout layout, Reporter& reporter
         return readAs<ChromiumLoginsImporter>(file, reporter);
     case firefoxProfile:
         return readAs<FirefoxProfileImporter>(file, reporter);
-    case lastPassCSV:
-    case dashlaneCSV:
-    case dashlanePositionalCSV:
-    case keePassCSV:
-    case keePassXCCSV:
-    case onePassword8CSV:
-    case onePassword7MacCSV:
-    case onePassword7WindowsCSV:
-    case chromiumCSV:
-    case firefoxCSV:
-    case appleCSV:
-    case bitwardenCSV:
-    case protonPassCSV:
-    case nordPassCSV:
-    case enpassCSV:
-    case keeperCSV:
-    case roboFormCSV:
-    case strongboxCSV:
-    case genericCSV:
-        return readCSV(file, layout, reporter);
     case onePassword1PIF:
         return readAs<OnePIFImporter>(file, reporter);
     case tirelJSON:
         return readAs<FaithfulTirelImporter>(file, reporter);
     default:
-        return failedImport(FailureReason::notRead, reporter);
+        return isCSV(layout) ? readCSV(file, layout, reporter)
+                             : failedImport(FailureReason::notRead, reporter);
     }
 }
 
