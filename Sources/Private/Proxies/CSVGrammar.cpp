@@ -14,11 +14,10 @@ namespace {
 std::size_t findEither(std::string_view text, std::size_t begin, std::size_t limit, char one,
                        char other) noexcept {
     for (; begin < limit; begin += ByteBlock::size) {
-        const std::string_view rest = text.substr(begin, limit - begin);
-        const std::uint64_t found =
-            ByteBlock::first(rest).equalTo(one, other) & bitsBelow(rest.size());
+        const std::string_view rest(text.data() + begin, text.size() - begin);
+        const std::uint64_t found = ByteBlock::first(rest).equalTo(one, other);
         if (found != 0) {
-            return begin + static_cast<std::size_t>(std::countr_zero(found));
+            return std::min(begin + static_cast<std::size_t>(std::countr_zero(found)), limit);
         }
     }
     return limit;

@@ -38,7 +38,20 @@ public:
     [[nodiscard]] bool read(CSVLine& line);
 
 private:
-    [[nodiscard]] bool readSound(CSVLine& line);
+    [[nodiscard]] bool isEndOfRow(std::size_t delimiter) const noexcept {
+        return delimiter >= _text.size() || _text[delimiter] == _rowEnd;
+    }
+
+    /// Where the last cell of a row ends, in front of carriage returns that belong to the row end.
+    [[nodiscard]] std::size_t cellEnd(std::size_t begin, std::size_t rowEnd) const noexcept {
+        std::size_t end = rowEnd;
+        if (end < _text.size() && _rowEnd == '\n') {
+            while (end > begin && _text[end - 1] == '\r') {
+                --end;
+            }
+        }
+        return end;
+    }
 
     std::string_view _text;
     char _rowEnd;

@@ -9,30 +9,27 @@ std::size_t CSVRecovery::read(std::size_t begin, CSVLine& line) {
     line.begin = begin;
     _letters.clear();
     _candidate.reset();
+    _outlook.forgetBefore(begin);
     for (std::size_t place = begin;;) {
-        bool mayChangeWidth = isLetter(place);
-        std::size_t delimiter = 0;
-        const QuotedCell cell =
-            _grammar.isQuote(place) && !isLetter(place) ? quotedCell(place) : QuotedCell{};
-        if (cell.holds) {
-            mayChangeWidth = cell.hasStrayQuote && !_candidate;
-            delimiter = readQuoted(place, cell, line);
-        } else {
-            if (_grammar.isQuote(place) && !isLetter(place)) {
-                if (_candidate && !cell.hasStrayQuote && line.count() + 1 != _width) {
-                    place = giveUpCandidate(line);
-                    continue;
-                }
-                mayChangeWidth = true;
-                line.hasRunOnCell = true;
-                if (!cell.hasStrayQuote || !hasMostLetters()) {
-                    _letters.push_back(place);
-                }
-            }
-            delimiter = readUnquoted(place, line);
+        const bool isQuoted = _grammar.isQuote(place) && !isLetter(place);
+        const QuotedCell cell = isQuoted ? quotedCell(place) : QuotedCell{};
+        if (isQuoted && !cell.holds && !cell.hasStrayQuote && _candidate &&
+            line.count() + 1 != _width) {
+            place = giveUpCandidate(line);
+            continue;
         }
+        if (isQuoted && !cell.holds && !(cell.hasStrayQuote && isBehindMostLetters(place))) {
+            _letters.push_back(place);
+        }
+        const bool isNewCandidate = cell.holds && cell.hasStrayQuote && !_candidate;
+        if (isNewCandidate) {
+            _candidate = {.index = line.count(), .begin = place};
+        }
+        const std::size_t delimiter =
+            cell.holds ? readQuoted(place, cell, line) : readUnquoted(place, line);
         const bool isLast = _grammar.isEndOfRow(delimiter);
-        if (_candidate && (mayChangeWidth || isLast) && !mayHaveWidth(line.count(), delimiter)) {
+        if ((isLast && _candidate && line.count() != _width) ||
+            (!isLast && isNewCandidate && !fits(line.count(), delimiter + 1))) {
             place = giveUpCandidate(line);
         } else if (isLast) {
             return delimiter;
@@ -57,7 +54,7 @@ CSVRecovery::QuotedCell CSVRecovery::quotedCell(std::size_t begin) noexcept {
             return cell;
         }
         cell.hasStrayQuote = true;
-        if (hasMostLetters()) {
+        if (isBehindMostLetters(begin)) {
             return cell;
         }
         limit = endOfLine(quote.place);
@@ -69,39 +66,13 @@ CSVRecovery::QuotedCell CSVRecovery::quotedCell(std::size_t begin) noexcept {
 bool CSVRecovery::endsOnSoundLine(std::size_t begin, std::size_t end) const noexcept {
     const std::string_view cell = _grammar.text().substr(begin, end - begin);
     const std::size_t lineEnd = cell.rfind(_grammar.rowEnd());
-    return lineEnd != std::string_view::npos && isSoundByItself(begin + lineEnd + 1);
+    return lineEnd != std::string_view::npos && _outlook.isSoundByItself(begin + lineEnd + 1);
 }
 
-/// Whether a line of the file has as many cells as the header, and its quoted cells close on it
-/// without a stray quote.
-bool CSVRecovery::isSoundByItself(std::size_t lineBegin) const noexcept {
-    const std::size_t lineEnd = _grammar.endOfLine(lineBegin);
-    std::size_t count = 0;
-    for (std::size_t place = lineBegin; count < _width; ++count) {
-        std::size_t delimiter = 0;
-        if (_grammar.isQuote(place)) {
-            const CSVGrammar::Quote quote = _grammar.quoteFrom(place + 1, lineEnd);
-            if (!quote.closes) {
-                return false;
-            }
-            delimiter = _grammar.delimiterFrom(quote.place + 1);
-        } else {
-            delimiter = _grammar.delimiterFrom(place);
-        }
-        if (delimiter == lineEnd) {
-            return count + 1 == _width;
-        }
-        place = delimiter + 1;
-    }
-    return false;
-}
-
-std::size_t CSVRecovery::readQuoted(std::size_t begin, const QuotedCell& cell, CSVLine& line) {
+std::size_t CSVRecovery::readQuoted(std::size_t begin, const QuotedCell& cell,
+                                    CSVLine& line) const {
     if (cell.hasStrayQuote) {
         line.addStrayQuote();
-        if (!_candidate) {
-            _candidate = {.index = line.count(), .begin = begin};
-        }
     }
     line.appendWritten(_grammar.text().substr(begin + 1, cell.end - begin - 1));
     return _grammar.delimiterFrom(cell.end + 1);
@@ -110,19 +81,31 @@ std::size_t CSVRecovery::readQuoted(std::size_t begin, const QuotedCell& cell, C
 std::size_t CSVRecovery::readUnquoted(std::size_t begin, CSVLine& line) const {
     const std::size_t delimiter = _grammar.delimiterFrom(begin);
     const std::string_view cell = _grammar.cell(begin, delimiter);
-    if (!cell.starts_with('"') && cell.contains('"')) {
+    if (cell.starts_with('"')) {
+        line.hasRunOnCell = true;
+    } else if (cell.contains('"')) {
         line.addStrayQuote();
     }
     line.append(cell);
     return delimiter;
 }
 
-/// Whether the line has as many cells as the header if it goes on behind a delimiter.
-bool CSVRecovery::mayHaveWidth(std::size_t count, std::size_t delimiter) {
-    if (_grammar.isEndOfRow(delimiter)) {
-        return count == _width;
+/// Whether the line has as many cells as the header with those that follow, once it is known which
+/// of their quotes are letters.
+bool CSVRecovery::fits(std::size_t count, std::size_t next) {
+    for (;;) {
+        const CSVOutlook::Answer following = _outlook.from(next, _letters);
+        if (count + following.count != _width) {
+            return false;
+        }
+        if (following.broken == CSVOutlook::nowhere) {
+            return true;
+        }
+        _letters.push_back(following.broken);
+        if (_letters.size() == mostLetters) {
+            return true; // until its end is reached
+        }
     }
-    return hasMostLetters() || count + _following.from(delimiter + 1, _letters) == _width;
 }
 
 std::size_t CSVRecovery::giveUpCandidate(CSVLine& line) {
@@ -130,7 +113,6 @@ std::size_t CSVRecovery::giveUpCandidate(CSVLine& line) {
     _candidate.reset();
     _letters.push_back(candidate.begin);
     line.keepFirst(candidate.index);
-    line.hasRunOnCell = true;
     return candidate.begin;
 }
 
@@ -141,6 +123,11 @@ std::size_t CSVRecovery::endOfLine(std::size_t place) noexcept {
         _lineEnd = _grammar.endOfLine(place);
     }
     return _lineEnd;
+}
+
+bool CSVRecovery::isBehindMostLetters(std::size_t place) const noexcept {
+    return _letters.size() >= mostLetters &&
+           place > *std::min_element(_letters.begin() + mostLetters - 1, _letters.end());
 }
 
 bool CSVRecovery::isLetter(std::size_t quote) const noexcept {

@@ -4,9 +4,9 @@
 #include <optional>
 #include <vector>
 
-#include "Private/Proxies/CSVCellCount.hpp"
 #include "Private/Proxies/CSVGrammar.hpp"
 #include "Private/Proxies/CSVLine.hpp"
+#include "Private/Proxies/CSVOutlook.hpp"
 
 namespace Rellinor {
 
@@ -25,12 +25,12 @@ namespace Rellinor {
 ///
 /// All lines of a text together take linear time. What is read in vain behind a quote ends on the
 /// next line that has an odd number of quotes behind each other, and no line without that can run
-/// into the next one. How many cells follow is kept in `CSVCellCount`.
+/// into the next one. `CSVOutlook` says whether a cell with stray quotes holds, without reading on.
 class CSVRecovery {
 public:
     /// @param width  how many cells the header has
     CSVRecovery(const CSVGrammar& grammar, std::size_t width) noexcept
-        : _grammar(grammar), _width(width), _following(grammar) {}
+        : _grammar(grammar), _width(width), _outlook(grammar, width) {}
 
     /// Reads the line that begins at a place; returns the row end behind it, or the size of the
     /// text.
@@ -55,20 +55,19 @@ private:
 
     [[nodiscard]] QuotedCell quotedCell(std::size_t begin) noexcept;
     [[nodiscard]] bool endsOnSoundLine(std::size_t begin, std::size_t end) const noexcept;
-    [[nodiscard]] bool isSoundByItself(std::size_t lineBegin) const noexcept;
-    std::size_t readQuoted(std::size_t begin, const QuotedCell& cell, CSVLine& line);
+    std::size_t readQuoted(std::size_t begin, const QuotedCell& cell, CSVLine& line) const;
     std::size_t readUnquoted(std::size_t begin, CSVLine& line) const;
-    [[nodiscard]] bool mayHaveWidth(std::size_t count, std::size_t delimiter);
+    [[nodiscard]] bool fits(std::size_t count, std::size_t next);
     [[nodiscard]] std::size_t giveUpCandidate(CSVLine& line);
 
     [[nodiscard]] std::size_t endOfLine(std::size_t place) noexcept;
     [[nodiscard]] bool isLetter(std::size_t quote) const noexcept;
 
-    [[nodiscard]] bool hasMostLetters() const noexcept { return _letters.size() >= mostLetters; }
+    [[nodiscard]] bool isBehindMostLetters(std::size_t place) const noexcept;
 
     CSVGrammar _grammar;
     std::size_t _width;
-    CSVCellCount _following;
+    CSVOutlook _outlook;
     std::vector<std::size_t> _letters; // quotes of this line that were found to open no cell
     std::optional<Candidate> _candidate;
     std::size_t _linePlace = 1; // on the line whose end is known, if that is behind it
