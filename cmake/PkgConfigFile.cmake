@@ -27,6 +27,15 @@ else()
 endif()
 list(JOIN private_libraries " " private_libraries)
 
+# The libraries that may be left out.
+set(private_requirements "")
+if(RELLINOR_ARCHIVES)
+    string(APPEND private_requirements ", zlib")
+endif()
+if(RELLINOR_XML)
+    string(APPEND private_requirements ", expat")
+endif()
+
 configure_file(
     "${CMAKE_CURRENT_LIST_DIR}/rellinor.pc.in" "${PROJECT_BINARY_DIR}/rellinor.pc" @ONLY)
 install(FILES "${PROJECT_BINARY_DIR}/rellinor.pc"
