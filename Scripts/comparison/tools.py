@@ -6,8 +6,8 @@ import subprocess
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
-BUILD = ROOT / "build" / "gcc-release"
-FOLDER = ROOT / "build" / "benchmark"
+BUILD = ROOT / "build" / "benchmark"
+FOLDER = BUILD / "Measured"
 PEERS = ROOT / "Benchmarks" / "Peers"
 NODE_MODULES = FOLDER / "node_modules"
 
@@ -20,8 +20,8 @@ def build():
     """Installs what is missing and builds what measures."""
     subprocess.run([ROOT / "Scripts" / "install-dependencies", "build", "test", "benchmark"],
                    check=True)
-    subprocess.run(["cmake", "--preset", "gcc-release"], cwd=ROOT, check=True)
-    subprocess.run(["cmake", "--build", "--preset", "gcc-release", "--target",
+    subprocess.run(["cmake", "--preset", "benchmark"], cwd=ROOT, check=True)
+    subprocess.run(["cmake", "--build", "--preset", "benchmark", "--target",
                     "rellinor", "rellinor-compare", "rellinor-generate"], cwd=ROOT, check=True)
 
 

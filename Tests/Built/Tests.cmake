@@ -46,7 +46,7 @@ if(CMAKE_EXPORT_COMPILE_COMMANDS)
 
     add_test(NAME Built.everyTestIsChecked
         COMMAND "${scripts}/inspect-commands" --tests --but "${CMAKE_CURRENT_SOURCE_DIR}/Built"
-                "${commands}" "${CMAKE_CURRENT_SOURCE_DIR}")
+                "${commands}" "${CMAKE_CURRENT_SOURCE_DIR}" "${CMAKE_CURRENT_BINARY_DIR}")
     add_test(NAME Built.uncheckedTestsAreFound
         COMMAND "${scripts}/inspect-commands" --tests "${commands}" "${CMAKE_CURRENT_SOURCE_DIR}/Built")
     set_tests_properties(Built.uncheckedTestsAreFound PROPERTIES
