@@ -11,6 +11,8 @@
 #include "Tests/Reference/DashlaneReference.hpp"
 #include "Tests/Support/Affordable.hpp"
 #include "Tests/Support/RandomText.hpp"
+#include "Tests/Support/Readings.hpp"
+#include "Tests/Support/Reports.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 
 namespace Rellinor::Tests {
@@ -101,6 +103,7 @@ TEST(DashlaneReferenceTest, agreesOnRandomExports) {
         const std::string path = folder.file("export.csv", text);
         ASSERT_EQ(outcomeOf(ImportSource::dashlane, path), expected)
             << testing::PrintToString(text);
+        ASSERT_TRUE(isConsistent(readAs(ImportSource::dashlane, path))) << testing::PrintToString(text);
 
         for (const Row& row : referenceRows(text)) {
             std::string joined;

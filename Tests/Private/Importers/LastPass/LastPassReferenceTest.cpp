@@ -10,6 +10,8 @@
 #include "Tests/Reference/LastPassReference.hpp"
 #include "Tests/Support/Affordable.hpp"
 #include "Tests/Support/RandomText.hpp"
+#include "Tests/Support/Readings.hpp"
+#include "Tests/Support/Reports.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 
 namespace Rellinor::Tests {
@@ -71,6 +73,7 @@ TEST(LastPassReferenceTest, agreesOnRandomExports) {
         const Outcome expected = referenceLastPassImport(decoded(text), urlsOfNotes());
         ASSERT_EQ(outcomeOf(ImportSource::lastPass, path), expected)
             << testing::PrintToString(text);
+        ASSERT_TRUE(isConsistent(readAs(ImportSource::lastPass, path))) << testing::PrintToString(text);
         records += expected.passwords.size() + expected.notes.size();
         failures += expected.error ? 1U : 0U;
     }
