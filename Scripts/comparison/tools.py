@@ -6,8 +6,8 @@ import subprocess
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
-BUILD = ROOT / "build" / "benchmark"
-FOLDER = BUILD / "Measured"
+BUILD = ROOT / "build" / "gcc-release"
+FOLDER = ROOT / "build" / "benchmark"
 PEERS = ROOT / "Benchmarks" / "Peers"
 NODE_MODULES = FOLDER / "node_modules"
 

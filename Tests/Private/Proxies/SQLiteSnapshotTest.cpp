@@ -146,11 +146,12 @@ TEST_F(SQLiteSnapshotTest, keepsValuesWhole) {
                                     {{"a", std::string("a\0b", 3)}},
                                     {{"a", Blob{""}}},
                                     {{"a", absent}}}));
-    EXPECT_EQ(rowsAt(path(), SQLiteFaithfulness::narrowed), (Rows{{{"a", std::int64_t{-1}}},
-                                                                  {{"a", static_cast<double>(0.1F)}},
-                                                                  {{"a", "a"}},
-                                                                  {{"a", absent}},
-                                                                  {{"a", absent}}}));
+    EXPECT_EQ(rowsAt(path(), SQLiteFaithfulness::narrowed),
+              (Rows{{{"a", std::int64_t{-1}}},
+                    {{"a", static_cast<double>(0.1F)}},
+                    {{"a", "a"}},
+                    {{"a", absent}},
+                    {{"a", absent}}}));
 }
 
 TEST_F(SQLiteSnapshotTest, isMadeOfBytesInMemoryToo) {

@@ -10,7 +10,6 @@
 #include "Tests/Reference/LastPassReference.hpp"
 #include "Tests/Support/Affordable.hpp"
 #include "Tests/Support/RandomText.hpp"
-#include "Tests/Support/Readings.hpp"
 #include "Tests/Support/Reports.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 
@@ -73,7 +72,9 @@ TEST(LastPassReferenceTest, agreesOnRandomExports) {
         const Outcome expected = referenceLastPassImport(decoded(text), urlsOfNotes());
         ASSERT_EQ(outcomeOf(ImportSource::lastPass, path), expected)
             << testing::PrintToString(text);
-        ASSERT_TRUE(isConsistent(readAs(ImportSource::lastPass, path))) << testing::PrintToString(text);
+        ASSERT_TRUE(
+            isConsistent(readExport(ExportFile::atPath(path), {.as = ImportSource::lastPass})))
+            << testing::PrintToString(text);
         records += expected.passwords.size() + expected.notes.size();
         failures += expected.error ? 1U : 0U;
     }
