@@ -57,6 +57,17 @@ def parsed(block):
     return json.loads(block, object_pairs_hook=driver.tool.object_of, parse_constant=driver.tool.no_constant)
 
 
+def same(a, b):
+    """Whether the values and their types are the same: 1 is not 1.0."""
+    if type(a) is not type(b):
+        return False
+    if isinstance(a, dict):
+        return a.keys() == b.keys() and all(same(a[key], b[key]) for key in a)
+    if isinstance(a, list):
+        return len(a) == len(b) and all(same(x, y) for x, y in zip(a, b))
+    return a == b
+
+
 def examples_in(folder):
     examples = []
     for page in sorted(os.listdir(folder)):
