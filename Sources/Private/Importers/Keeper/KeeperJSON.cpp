@@ -101,7 +101,7 @@ ExtraKind kindOf(std::string_view type) noexcept {
         ExtraKind kind;
     };
 
-    constexpr auto types = std::to_array<TypeKind>({
+    static constexpr TypeKind types[] = {
         {"oneTimeCode", ExtraKind::oneTimePassword},
         {"otp", ExtraKind::oneTimePassword},
         {"url", ExtraKind::furtherURL},
@@ -113,9 +113,9 @@ ExtraKind kindOf(std::string_view type) noexcept {
         {"pinCode", ExtraKind::customSecret},
         {"keyPair", ExtraKind::customSecret},
         {"securityQuestion", ExtraKind::customSecret},
-    });
-    const auto found = std::ranges::find(types, type, &TypeKind::type);
-    return found != types.end() ? found->kind : ExtraKind::customText;
+    };
+    const auto* const found = std::ranges::find(types, type, &TypeKind::type);
+    return found != std::end(types) ? found->kind : ExtraKind::customText;
 }
 
 ItemField fieldOf(const FieldName& name) noexcept {
