@@ -76,6 +76,8 @@ void VaultItemBuilder::addValue(ExtraKind kind, std::string_view label, std::str
     }
 }
 
+// The depth of a JSON text is bounded, and so is this recursion.
+// NOLINTNEXTLINE(misc-no-recursion)
 void VaultItemBuilder::addAny(ExtraKind kind, std::string_view label, const JSONValue& value,
                               std::string_view name, ItemField field) {
     if (const auto parts = value.object()) {

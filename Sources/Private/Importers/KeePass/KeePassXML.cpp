@@ -93,7 +93,8 @@ public:
         }
     }
 
-    /// The depth of the text is bounded, and so is this recursion.
+    // The depth of an XML text is bounded, and so is this recursion.
+    // NOLINTNEXTLINE(misc-no-recursion)
     void visit(const XMLElement& group, std::string_view around, bool isTrashed) {
         const std::string_view path = pathOf(around, group.textOf("Name"), _memory);
         const std::string_view identifier = group.textOf("UUID");

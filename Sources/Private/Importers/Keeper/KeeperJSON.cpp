@@ -126,6 +126,8 @@ ItemField fieldOf(const FieldName& name) noexcept {
                                                                  : ItemField::none;
 }
 
+// The depth of a JSON text is bounded, and so is this recursion.
+// NOLINTNEXTLINE(misc-no-recursion)
 void decodePayment(const JSONValue& value, VaultItemBuilder& builder) {
     if (const auto elements = value.elements()) {
         for (const JSONValue element : *elements) {

@@ -48,6 +48,8 @@ void OnePasswordDecoder::addFormField(std::string_view designation, std::string_
     addNamed(facts, value);
 }
 
+// The depth of a JSON text is bounded, and so is this recursion.
+// NOLINTNEXTLINE(misc-no-recursion)
 void OnePasswordDecoder::addNamed(const OnePasswordFieldFacts& facts, const JSONValue& value) {
     const auto parts = value.object();
     if (!parts) {
