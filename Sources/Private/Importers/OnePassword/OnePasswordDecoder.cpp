@@ -49,7 +49,8 @@ void OnePasswordDecoder::addFormField(std::string_view designation, std::string_
 }
 
 // The depth of a JSON text is bounded, and so is this recursion.
-// NOLINTNEXTLINE(misc-no-recursion)
+// NOLINTBEGIN(misc-no-recursion)
+
 void OnePasswordDecoder::addNamed(const OnePasswordFieldFacts& facts, const JSONValue& value) {
     const auto parts = value.object();
     if (!parts) {
@@ -63,6 +64,8 @@ void OnePasswordDecoder::addNamed(const OnePasswordFieldFacts& facts, const JSON
                  part);
     });
 }
+
+// NOLINTEND(misc-no-recursion)
 
 void OnePasswordDecoder::setLocation(const JSONValue& value, std::string_view name) {
     _builder.assign(_location, value, name);
