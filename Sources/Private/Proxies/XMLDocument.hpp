@@ -64,7 +64,7 @@ public:
 
     [[nodiscard]] Iterator begin() const noexcept { return Iterator(_first); }
 
-    [[nodiscard]] static Iterator end() noexcept { return Iterator(); }
+    [[nodiscard]] static Iterator end() noexcept { return {}; }
 
     /// The first element of that name in it; null if there is none.
     [[nodiscard]] const XMLElement* find(std::string_view name) const noexcept;

@@ -126,6 +126,9 @@ ItemField fieldOf(const FieldName& name) noexcept {
                                                                  : ItemField::none;
 }
 
+// The depth of a JSON text is bounded, and so is this recursion.
+// NOLINTBEGIN(misc-no-recursion)
+
 void decodePayment(const JSONValue& value, VaultItemBuilder& builder) {
     if (const auto elements = value.elements()) {
         for (const JSONValue element : *elements) {
@@ -141,6 +144,8 @@ void decodePayment(const JSONValue& value, VaultItemBuilder& builder) {
         });
     });
 }
+
+// NOLINTEND(misc-no-recursion)
 
 void decodeCustomField(std::string_view name, const JSONValue& value, VaultItemBuilder& builder) {
     VaultItem& item = builder.item();
