@@ -1,6 +1,7 @@
 #include "Private/Importers/Keeper/KeeperJSON.hpp"
 
 #include <algorithm>
+#include <iterator>
 #include <array>
 
 namespace Rellinor {
