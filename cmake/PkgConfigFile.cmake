@@ -37,6 +37,15 @@ else()
     set(private_libraries "")
 endif()
 
+# The libraries that may be left out.
+set(private_requirements "")
+if(RELLINOR_ARCHIVES)
+    string(APPEND private_requirements ", zlib")
+endif()
+if(RELLINOR_XML)
+    string(APPEND private_requirements ", expat")
+endif()
+
 configure_file(
     "${CMAKE_CURRENT_LIST_DIR}/rellinor.pc.in" "${PROJECT_BINARY_DIR}/rellinor.pc" @ONLY)
 install(FILES "${PROJECT_BINARY_DIR}/rellinor.pc"

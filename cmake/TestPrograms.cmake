@@ -1,12 +1,28 @@
 # What the programs of tests have in common.
 
-include(GoogleTest)
+# rellinor_unite(TARGET [ALONE file...]): compiles the files of a folder as one, those of a format in large
+# folders: to parse what each includes takes most of the time. Files whose own names collide stay alone, and
+# all do for clang-tidy.
+function(rellinor_unite target)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "ALONE")
+    if(CMAKE_DISABLE_PRECOMPILE_HEADERS)
+        return()
+    endif()
+    set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP)
+    get_target_property(files ${target} SOURCES)
+    list(REMOVE_ITEM files ${arg_ALONE} "")
+    foreach(file IN LISTS files)
+        string(REGEX MATCH "^(.*)/(CSV|JSON|SQLite)?[^/]*$" matched "${file}")
+        string(MAKE_C_IDENTIFIER "${CMAKE_MATCH_1}/${CMAKE_MATCH_2}" group)
+        set_source_files_properties("${file}" PROPERTIES UNITY_GROUP "${group}")
+    endforeach()
+endfunction()
 
-# rellinor_test_program(TARGET [COUNTED] [PREFIX text] [STATEMENTS filter]): lets ctest run the tests in
+# rellinor_test_program(TARGET [COUNTED] [ALONE file...] [STATEMENTS filter]): lets ctest run the tests in
 # it, and has counted what of the library they reach. The filter names those that leave statements of
 # SQLite's behind.
 function(rellinor_test_program target)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "COUNTED" "PREFIX;STATEMENTS" "")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "COUNTED" "STATEMENTS" "ALONE")
     set(environment "")
     if(arg_COUNTED)
         target_compile_options(${target} PRIVATE ${RELLINOR_COUNTED}) # for the headers
@@ -16,12 +32,9 @@ function(rellinor_test_program target)
     # To optimise what runs once took most of the time of building everything.
     target_compile_options(${target} PRIVATE -O0 -U_FORTIFY_SOURCE)
     rellinor_precompile_headers(${target} UNOPTIMISED <gtest/gtest.h>)
+    rellinor_unite(${target} ALONE ${arg_ALONE})
 
-    if(NOT RELLINOR_SANITIZERS)
-        gtest_discover_tests(${target} TEST_PREFIX "${arg_PREFIX}")
-        return()
-    endif()
-    if(NOT arg_STATEMENTS)
+    if(NOT RELLINOR_SANITIZERS OR NOT arg_STATEMENTS)
         rellinor_test_parts(${target} ${target} 8 "${environment}")
         return()
     endif()
@@ -40,8 +53,8 @@ function(rellinor_tests_without_statements)
         "ASAN_OPTIONS=string_append::fast_unwind_on_malloc=1")
 endfunction()
 
-# rellinor_test_parts(TARGET NAME COUNT ENVIRONMENT): so many tests for all of a program, since a
-# sanitizer takes longer to start than most tests take.
+# rellinor_test_parts(TARGET NAME COUNT ENVIRONMENT): so many tests for all of a program, since a program
+# takes longer to start than most tests take.
 function(rellinor_test_parts target name parts environment)
     math(EXPR last "${parts} - 1")
     foreach(part RANGE ${last})

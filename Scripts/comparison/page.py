@@ -46,23 +46,20 @@ def _head(description):
 
 
 def _bounds(stores):
-    rows = []
+    """A line for each bound, with the source that comes nearest to it: of hostile shapes, with the worst."""
+    worst = {}
     for store, result in stores:
-        worst = {}
         for verdict in verdicts(store, result):
-            if verdict.what.startswith("hostile"):
-                # One line for all shapes: the worst.
-                if "hostile" not in worst or verdict.value > worst["hostile"].value:
-                    worst["hostile"] = verdict
-            else:
-                rows.append(_bound(store, verdict))
-        rows += [_bound(store, verdict) for verdict in worst.values()]
-    return "### Bounds\n\n" + _table(("Source", "What", "Where", "Bound", "Measured", ""), rows)
+            key = verdict.what, "" if verdict.what.startswith("hostile") else verdict.where, verdict.limit
+            if key not in worst or _is_worse(verdict, worst[key][1]):
+                worst[key] = store, verdict
+    rows = [(verdict.what, verdict.where, verdict.limit, _number(verdict.value), store.title,
+             "holds" if verdict.holds else "**broken**") for store, verdict in worst.values()]
+    return "### Bounds\n\n" + _table(("What", "Where", "Bound", "Worst", "Source", ""), rows)
 
 
-def _bound(store, verdict):
-    return (store.title, verdict.what, verdict.where, verdict.limit, _number(verdict.value),
-            "holds" if verdict.holds else "**broken**")
+def _is_worse(verdict, other):
+    return verdict.value < other.value if verdict.is_least else verdict.value > other.value
 
 
 def _by_size(store, result):

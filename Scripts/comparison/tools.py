@@ -20,8 +20,8 @@ def build():
     """Installs what is missing and builds what measures."""
     subprocess.run([ROOT / "Scripts" / "install-dependencies", "build", "test", "benchmark"],
                    check=True)
-    subprocess.run(["cmake", "--preset", "gcc-release"], cwd=ROOT, check=True)
-    subprocess.run(["cmake", "--build", "--preset", "gcc-release", "--target",
+    subprocess.run(["cmake", "--preset", "benchmark"], cwd=ROOT, check=True)
+    subprocess.run(["cmake", "--build", "--preset", "benchmark", "--target",
                     "rellinor", "rellinor-compare", "rellinor-generate"], cwd=ROOT, check=True)
 
 

@@ -38,6 +38,7 @@ struct XMLFailure {
         documentType, ///< a text with declarations of its own, which may be made to explode
         encoding,     ///< neither UTF-8, nor UTF-16 with a mark
         size,         ///< 2 GiB or more
+        notBuiltIn,   ///< the library has been built without XML
     };
 
     Reason reason = Reason::grammar;

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "Private/Detection/BuiltIn.hpp"
+
 namespace Rellinor {
 
 namespace {
@@ -91,7 +93,7 @@ std::string_view description(Layout layout) noexcept {
 
 bool isRead(Layout layout) noexcept {
     const LayoutName* const name = nameOf(layout);
-    return name != nullptr && name->isRead;
+    return name != nullptr && name->isRead && !isLeftOutOfBuild(layout);
 }
 
 } // namespace Rellinor

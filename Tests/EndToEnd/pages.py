@@ -8,10 +8,10 @@ import sqlite3
 import driver.tool
 
 FILE = re.compile("^`([^`]+)`:$")
-COMMAND = re.compile("`rellinor import --source ([A-Za-z]+) --format json --reveal \"?([^`\"]+)\"?`")
+COMMAND = re.compile("`rellinor import --(source|layout) ([A-Za-z0-9-]+) --format json --reveal \"?([^`\"]+)\"?`")
 
-# The files by their paths below some folder, each as (language, text).
-Example = collections.namedtuple("Example", "page files source path wanted")
+# The files by their paths below some folder, each as (language, text). One of source and layout is None.
+Example = collections.namedtuple("Example", "page files source layout path wanted")
 
 
 class Strange(Exception):
@@ -44,7 +44,9 @@ def examples_of(page, text):
         if file:
             files[file[1]] = (language, block)
         elif command and language == "json":
-            examples.append(Example(page, dict(files), command[1], command[2], parsed(block)))
+            option, name, path = command.groups()
+            examples.append(Example(page, dict(files), name if option == "source" else None,
+                                    name if option == "layout" else None, path, parsed(block)))
         else:
             raise Strange("%s: a block after %r" % (page, said))
     return examples
@@ -53,6 +55,17 @@ def examples_of(page, text):
 def parsed(block):
     # Strict as the tool's own lines are read, but set out over several lines.
     return json.loads(block, object_pairs_hook=driver.tool.object_of, parse_constant=driver.tool.no_constant)
+
+
+def same(a, b):
+    """Whether the values and their types are the same: 1 is not 1.0."""
+    if type(a) is not type(b):
+        return False
+    if isinstance(a, dict):
+        return a.keys() == b.keys() and all(same(a[key], b[key]) for key in a)
+    if isinstance(a, list):
+        return len(a) == len(b) and all(same(x, y) for x, y in zip(a, b))
+    return a == b
 
 
 def examples_in(folder):

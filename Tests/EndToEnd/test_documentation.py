@@ -2,19 +2,15 @@
 
     test_documentation.py TOOL SOURCE...
 
-Each is held against the reference of its source, if there is one, and those of the sources that are named
-against the tool as well."""
+Those of the sources that are named, and those of all layouts, their reports aside."""
 import os
 import subprocess
 import sys
 import tempfile
 import unittest
 
-from driver.comparison import same
 from driver.tool import Tool, parse_line
-from pages import Strange, examples_in, examples_of, write_files
-from references.errors import TEXT_DOMAIN
-from sources import SOURCES
+from pages import Strange, examples_in, examples_of, same, write_files
 
 PAGES = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "Documentation", "sources")
 EXAMPLES = examples_in(PAGES)
@@ -25,21 +21,18 @@ def examples_with(source):
     return [example for example in EXAMPLES if example.source == source]
 
 
-def outcome_of(example, import_path):
+def outcome_of(example):
     with tempfile.TemporaryDirectory() as folder:
-        return import_path(write_files(example, folder))
-
-
-def by_reference(example):
-    outcome = outcome_of(example, SOURCES[example.source].import_file)
-    if "error" in outcome and outcome["error"]["domain"] == TEXT_DOMAIN:
-        outcome["error"]["domain"] = "Rellinor.TextError"
-    return outcome
-
-
-def by_tool(example):
-    _, lines, errors = outcome_of(example, lambda path: Tool([TOOL], example.source).call([path]))
+        _, lines, errors = Tool([TOOL], example.source).call([write_files(example, folder)])
     return parse_line(lines[0]) if lines else errors
+
+
+def by_layout(example):
+    command = [TOOL, "import", "--layout", example.layout, "--format", "json", "--reveal"]
+    with tempfile.TemporaryDirectory() as folder:
+        done = subprocess.run(command + [write_files(example, folder)], capture_output=True, check=True)
+    read = parse_line(done.stdout)
+    return {name: read[name] for name in ("passwords", "notes", "cards")}
 
 
 class Documentation(unittest.TestCase):
@@ -56,16 +49,20 @@ class Documentation(unittest.TestCase):
             self.assertTrue(any(any(example.wanted.values()) and "error" not in example.wanted
                                 for example in examples_with(source)), source)
 
-    def test_references(self):
-        for source in SOURCES:
-            for example in examples_with(source):
-                self.assertSame(by_reference(example), example)
-
-    def test_tool(self):
+    def test_examples(self):
         for source in CHECKED_SOURCES:
             self.assertTrue(examples_with(source), source)
             for example in examples_with(source):
-                self.assertSame(by_tool(example), example)
+                self.assertSame(outcome_of(example), example)
+
+    def test_layouts(self):
+        listed = subprocess.run([TOOL, "layouts"], stdout=subprocess.PIPE, check=True).stdout.decode()
+        layouts = {line.split()[0] for line in listed.splitlines()}
+        shown = [example for example in EXAMPLES if example.layout]
+        self.assertEqual({layout for layout in layouts if layout.endswith("-csv")},
+                         {example.layout for example in shown})
+        for example in shown:
+            self.assertSame(by_layout(example), example)
 
 
 class Pages(unittest.TestCase):
@@ -73,7 +70,8 @@ class Pages(unittest.TestCase):
         text = "`a b/c.csv`:\n\n```csv\nx,\n\ny\n```\n\n`rellinor import --source lastPass --format json --reveal a b`" \
                " gives:\n\n```json\n{\"passwords\":\n []}\n```\n"
         (example,) = examples_of("p.md", text)
-        self.assertEqual(example, ("p.md", {"a b/c.csv": ("csv", "x,\n\ny\n")}, "lastPass", "a b", {"passwords": []}))
+        self.assertEqual(example, ("p.md", {"a b/c.csv": ("csv", "x,\n\ny\n")}, "lastPass", None, "a b",
+                                   {"passwords": []}))
 
     def test_strange_blocks(self):
         for text in ("```csv\na\n```\n", "`a`:\n```csv\na\n", "`rellinor import --source a` gives:\n```json\n{}\n```\n",

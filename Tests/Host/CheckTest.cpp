@@ -61,6 +61,13 @@ TEST_F(CheckTest, namesTwelvePlacesAtMost) {
         << ended.out;
 }
 
+TEST_F(CheckTest, namesTheLineOfTheFileWhereARowBegins) {
+    const std::string rows = "https://a.example,ann,x,\"one\n\nthree\",Mail,,0\n\n,,,,,,\n";
+    const Ended ended =
+        rellinor({"check", "--source", "lastPass", lastPassExport("lines.csv", rows)});
+    EXPECT_TRUE(ended.out.contains("    line 6: There is no text")) << ended.out;
+}
+
 TEST_F(CheckTest, goesOnAfterAFailure) {
     const std::string bad = folder().file("bad.csv", "a,b\n");
     const std::string good = lastPassExport("good.csv", "");

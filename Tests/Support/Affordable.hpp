@@ -1,18 +1,20 @@
 #pragma once
 
 #include <concepts>
+#include <cstdlib>
 
 namespace Rellinor::Tests {
 
-/// How many rounds of something to do, or how large to make it: all of it, or a fifth under a
-/// sanitizer, which takes ten times as long for each.
+/// Whether the tests may take their time: the environment has RELLINOR_THOROUGH, as in Scripts/check.
+inline bool isThorough() noexcept {
+    return std::getenv("RELLINOR_THOROUGH") != nullptr; // NOLINT(concurrency-mt-unsafe)
+}
+
+/// How many rounds of something to do, or how large to make it: all of it if the tests are
+/// thorough, or else a fifth.
 template <std::integral Count>
-constexpr Count affordable(Count count) noexcept {
-#if defined(RELLINOR_SANITIZED)
-    return count / 5;
-#else
-    return count;
-#endif
+Count affordable(Count count) noexcept {
+    return isThorough() ? count : count / 5;
 }
 
 } // namespace Rellinor::Tests

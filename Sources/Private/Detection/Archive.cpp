@@ -145,6 +145,15 @@ Detection detectKinds(const Contents& contents) noexcept {
     return unknown("a ZIP archive", "unpack it, and look at what is in it");
 }
 
+Detection detectMembers(const Contents& contents) noexcept {
+    for (std::size_t i = 0; i < contents.known.size(); ++i) {
+        if (contents.known.at(i)) {
+            return detectionOf(knownMembers[i], contents.isEncrypted);
+        }
+    }
+    return detectKinds(contents);
+}
+
 } // namespace
 
 std::optional<Detection> detectArchive(const FileParts& file, std::string_view beginning) {
@@ -159,13 +168,11 @@ std::optional<Detection> detectArchive(const FileParts& file, std::string_view b
     if (!list) {
         return obstructed(FailureReason::unreadable);
     }
-    const Contents contents = contentsOf(list->bytes());
-    for (std::size_t i = 0; i < contents.known.size(); ++i) {
-        if (contents.known.at(i)) {
-            return detectionOf(knownMembers[i], contents.isEncrypted);
-        }
+    Detection found = detectMembers(contentsOf(list->bytes()));
+    if (!hasArchives && found.obstacle == FailureReason::none) {
+        found.obstacle = FailureReason::notBuiltIn;
     }
-    return detectKinds(contents);
+    return found;
 }
 
 } // namespace Rellinor

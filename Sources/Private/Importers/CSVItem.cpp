@@ -12,20 +12,24 @@ namespace {
 
 using enum CSVField;
 
-/// The fields of a kind, but for a card's date.
-std::span<const CSVField> fieldsOf(CSVKind kind) noexcept {
-    static constexpr auto ofLogin =
-        std::array{title, url, username, password, note, passwordChange};
-    static constexpr auto ofNote = std::array{title, note};
-    static constexpr auto ofCard = std::array{title, cardHolder, cardNumber, cvv, pin, note};
-
-    switch (kind) {
-    case CSVKind::login:
-        return ofLogin;
-    case CSVKind::card:
-        return ofCard;
+/// Whether a kind has a field; of the parts of a card's date none is meant.
+constexpr bool has(CSVKind owner, CSVField field) noexcept {
+    switch (field) {
+    case title:
+    case note:
+        return true;
+    case url:
+    case username:
+    case password:
+    case passwordChange:
+        return owner == CSVKind::login;
+    case cardHolder:
+    case cardNumber:
+    case cvv:
+    case pin:
+        return owner == CSVKind::card;
     default:
-        return ofNote;
+        return false;
     }
 }
 
@@ -40,17 +44,25 @@ bool isName(const CSVEntry& entry) noexcept {
 void CSVItem::begin(ImportMemory& memory, Reporter& reporter) noexcept {
     _memory = &memory;
     _reporter = &reporter;
-    _entries.clear();
+    clear();
     _unread.clear();
     _kind = CSVKind::login;
     _kindName = {};
     _date = {};
 }
 
+void CSVItem::clear() noexcept {
+    _entries.clear();
+    _places = {};
+}
+
 void CSVItem::add(const CSVEntry& entry) {
-    if (!entry.text.empty()) {
-        _entries.push_back(entry);
+    if (entry.text.empty()) {
+        return;
     }
+    _entries.push_back(entry);
+    std::size_t& place = _places[std::to_underlying(entry.field)];
+    place = place != 0 ? place : _entries.size();
 }
 
 void CSVItem::addAddress(const CSVEntry& cell, std::string_view address) {
@@ -65,31 +77,32 @@ void CSVItem::addAddress(const CSVEntry& cell, std::string_view address) {
 }
 
 std::string_view CSVItem::text(CSVField field) const noexcept {
-    const auto found = std::ranges::find(_entries, field, &CSVEntry::field);
-    return found != _entries.end() ? found->text : std::string_view();
-}
-
-void CSVItem::remove(CSVField field) noexcept {
-    std::erase_if(_entries, [&](const CSVEntry& entry) { return entry.field == field; });
+    const std::size_t place = _places[std::to_underlying(field)];
+    return place != 0 ? _entries[place - 1].text : std::string_view();
 }
 
 void CSVItem::settle() {
     if (_kind == CSVKind::login && text(username).empty()) {
         if (const auto name = std::ranges::find_if(_entries, isName); name != _entries.end()) {
             name->field = username;
+            _places[std::to_underlying(username)] =
+                static_cast<std::size_t>(name - _entries.begin()) + 1;
         }
     }
-    std::ranges::for_each(fieldsOf(_kind), [&](CSVField field) { take(field); });
+    takeFields();
     if (_kind == CSVKind::card) {
         takeDate();
     }
 }
 
 /// The first text is the field's. The same text once more has arrived with it.
-void CSVItem::take(CSVField field) noexcept {
-    const std::string_view first = text(field);
-    for (CSVEntry& entry : _entries) {
-        entry.isTaken = entry.isTaken || (entry.field == field && entry.text == first);
+void CSVItem::takeFields() noexcept {
+    for (std::size_t index = 0; index < _entries.size(); ++index) {
+        CSVEntry& entry = _entries[index];
+        if (entry.field != none && has(_kind, entry.field)) {
+            const std::size_t first = _places[std::to_underlying(entry.field)] - 1;
+            entry.isTaken = first == index || entry.text == _entries[first].text;
+        }
     }
 }
 

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include <Rellinor/Extras.hpp>
@@ -43,6 +45,8 @@ enum class CSVField : std::uint8_t {
     expiryYear,
     passwordChange, ///< in seconds since 1970
 };
+
+inline constexpr std::size_t numberOfFields = std::to_underlying(CSVField::passwordChange) + 1;
 
 /// A text of an entry. One that is no field of the record is an extra of that kind and label.
 struct CSVEntry {
@@ -87,7 +91,7 @@ public:
     /// Tells of a part that never arrives; a literal.
     void addUnread(std::string_view part) { _unread.push_back(part); }
 
-    [[nodiscard]] std::span<CSVEntry> entries() noexcept { return _entries; }
+    [[nodiscard]] std::span<const CSVEntry> entries() const noexcept { return _entries; }
 
     [[nodiscard]] std::span<const std::string_view> unread() const noexcept { return _unread; }
 
@@ -95,17 +99,21 @@ public:
     [[nodiscard]] std::string_view text(CSVField field) const noexcept;
 
     /// Takes all texts of a field out.
-    void remove(CSVField field) noexcept;
+    ///
+    /// @throws std::bad_alloc
+    void remove(CSVField field) {
+        expand(field, [](const CSVEntry&) {});
+    }
 
     /// Puts in place of each entry of a field what `visit` adds for it.
     void expand(CSVField field, auto&& visit) {
         _before.swap(_entries);
-        _entries.clear();
+        clear();
         for (const CSVEntry& entry : _before) {
             if (entry.field == field) {
                 visit(entry);
             } else {
-                _entries.push_back(entry);
+                add(entry);
             }
         }
     }
@@ -151,7 +159,8 @@ private:
     /// Whether an entry tells where something stands or when, and not what.
     [[nodiscard]] static bool isFact(const CSVEntry& entry) noexcept;
 
-    void take(CSVField field) noexcept;
+    void clear() noexcept;
+    void takeFields() noexcept;
     void takeDate();
 
     ImportMemory* _memory = nullptr;
@@ -160,6 +169,7 @@ private:
     std::string_view _kindName;
     CardDate _date;
     std::vector<CSVEntry> _entries;
+    std::array<std::size_t, numberOfFields> _places = {}; // of the first entry of each, from 1 on
     std::vector<CSVEntry> _before;
     std::vector<std::string_view> _unread;
 };

@@ -1,5 +1,6 @@
 #include "Private/Importers/CSVLayouts.hpp"
 
+#include <algorithm>
 #include <array>
 
 namespace Rellinor {
@@ -45,6 +46,13 @@ std::span<const CSVLayout* const> csvLayouts() noexcept {
 
 std::span<const CSVLayout* const> csvLayoutsWithoutHeader() noexcept {
     return withoutHeader;
+}
+
+bool isCSV(Layout layout) noexcept {
+    const auto isIn = [&](std::span<const CSVLayout* const> tables) {
+        return std::ranges::find(tables, layout, &CSVLayout::layout) != tables.end();
+    };
+    return isIn(layouts) || isIn(withoutHeader) || layout == genericCSV.layout;
 }
 
 } // namespace Rellinor

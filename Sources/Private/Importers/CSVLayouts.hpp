@@ -13,6 +13,9 @@ namespace Rellinor {
 /// The tables of the layouts that are read when they are asked for alone: they have no header.
 [[nodiscard]] std::span<const CSVLayout* const> csvLayoutsWithoutHeader() noexcept;
 
+/// Whether a layout has a table, one of those without a header included.
+[[nodiscard]] bool isCSV(Layout layout) noexcept;
+
 /// Any file with usual names of columns. What no other layout knows is read by it.
 extern const CSVLayout genericCSV;
 

@@ -9,6 +9,7 @@
 #include "Platform/File.hpp"
 #include "Private/Errors/ReadError.hpp"
 #include "Private/Importers/Bitwarden/BitwardenJSON.hpp"
+#include "Private/Importers/CSVLayouts.hpp"
 #include "Private/Importers/Chrome/ChromiumLoginsImporter.hpp"
 #include "Private/Importers/CredentialExchange/CredentialExchangeJSON.hpp"
 #include "Private/Importers/Enpass/EnpassJSON.hpp"
@@ -47,26 +48,6 @@ Assembled readUTF8(const ExportFile& file, Layout layout, Reporter& reporter) {
         return readAs<ChromiumLoginsImporter>(file, reporter);
     case firefoxProfile:
         return readAs<FirefoxProfileImporter>(file, reporter);
-    case lastPassCSV:
-    case dashlaneCSV:
-    case dashlanePositionalCSV:
-    case keePassCSV:
-    case keePassXCCSV:
-    case onePassword8CSV:
-    case onePassword7MacCSV:
-    case onePassword7WindowsCSV:
-    case chromiumCSV:
-    case firefoxCSV:
-    case appleCSV:
-    case bitwardenCSV:
-    case protonPassCSV:
-    case nordPassCSV:
-    case enpassCSV:
-    case keeperCSV:
-    case roboFormCSV:
-    case strongboxCSV:
-    case genericCSV:
-        return readCSV(file, layout, reporter);
     case keePassXML:
         return readAs<VaultImporter<KeePassXML>>(file, reporter);
     case onePassword1PIF:
@@ -90,7 +71,8 @@ Assembled readUTF8(const ExportFile& file, Layout layout, Reporter& reporter) {
     case tirelJSON:
         return readAs<FaithfulTirelImporter>(file, reporter);
     default:
-        return failedImport(FailureReason::notRead, reporter);
+        return isCSV(layout) ? readCSV(file, layout, reporter)
+                             : failedImport(FailureReason::notRead, reporter);
     }
 }
 

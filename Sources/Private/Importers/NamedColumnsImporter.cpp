@@ -228,6 +228,10 @@ void NamedColumnsImporter::readCell(const CSVOtherColumn& column, std::string_vi
 }
 
 void NamedColumnsImporter::readKind() {
+    if (_table->kinds.empty()) {
+        _item.setKind(_table->usualKind);
+        return;
+    }
     const std::string_view name = _item.text(CSVField::kind);
     const auto known = std::ranges::find_if(
         _table->kinds, [&](const CSVKindName& kind) { return sameIgnoringCase(kind.name, name); });

@@ -55,6 +55,8 @@ FailureReason reasonOf(XMLFailure::Reason reason) noexcept {
         return FailureReason::notUTF8;
     case size:
         return FailureReason::tooLarge;
+    case notBuiltIn:
+        return FailureReason::notBuiltIn;
     }
     fault();
 }

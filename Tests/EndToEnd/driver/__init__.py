@@ -1,1 +1,1 @@
-"""Running the tool over many generated files and comparing what it prints with the references."""
+"""Running the tool, and what its output must look like."""

@@ -337,7 +337,8 @@ TEST(PIFFileProxyTest, readsAFileThatIsCutAnywhere) {
     const TemporaryFolder folder;
     const std::string whole = "\uFEFF" + typicalExport() +
                               "{\"a\":\"\u00E9\\u00E9\"}\r\n{\"b\":[{\"x\":1}],\"x\":null}\n \n{}";
-    for (std::size_t length = 0; length <= whole.size(); ++length) {
+    const std::size_t step = isThorough() ? 1 : 7;
+    for (std::size_t length = 0; length <= whole.size(); length += step) {
         const std::string cut = whole.substr(0, length);
         ASSERT_EQ(readAt(folder.file("export.1pif", cut)), expected(cut)) << length;
     }

@@ -18,6 +18,7 @@
 #include <sys/stat.h>
 
 #include "Private/Proxies/SQLiteFileProxy.hpp"
+#include "Tests/Support/Affordable.hpp"
 #include "Tests/Support/Database.hpp"
 #include "Tests/Support/Descriptors.hpp"
 #include "Tests/Support/Files.hpp"
@@ -103,7 +104,8 @@ TEST_F(SQLiteSnapshotTest, givesWhatSQLiteItselfGivesOfDamagedSideFilesOrSaysSo)
             continue;
         }
         const std::size_t beside = sound.files.front().second.size() * 8;
-        for (std::size_t bit = beside; bit < sound.size() * 8; bit += 1009) {
+        const std::size_t step = isThorough() ? 1009 : 5021;
+        for (std::size_t bit = beside; bit < sound.size() * 8; bit += step) {
             LoginDatabase database = sound;
             database.flip(bit);
             const TemporaryFolder files;
@@ -144,11 +146,12 @@ TEST_F(SQLiteSnapshotTest, keepsValuesWhole) {
                                     {{"a", std::string("a\0b", 3)}},
                                     {{"a", Blob{""}}},
                                     {{"a", absent}}}));
-    EXPECT_EQ(rowsAt(path(), SQLiteFaithfulness::narrowed), (Rows{{{"a", std::int64_t{-1}}},
-                                                                  {{"a", static_cast<double>(0.1F)}},
-                                                                  {{"a", "a"}},
-                                                                  {{"a", absent}},
-                                                                  {{"a", absent}}}));
+    EXPECT_EQ(rowsAt(path(), SQLiteFaithfulness::narrowed),
+              (Rows{{{"a", std::int64_t{-1}}},
+                    {{"a", static_cast<double>(0.1F)}},
+                    {{"a", "a"}},
+                    {{"a", absent}},
+                    {{"a", absent}}}));
 }
 
 TEST_F(SQLiteSnapshotTest, isMadeOfBytesInMemoryToo) {

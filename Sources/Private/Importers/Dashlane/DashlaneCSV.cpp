@@ -65,14 +65,13 @@ void finishPayment(CSVItem& item) {
         const Name name = item.text(title);
         item.add({.field = cardHolder, .name = "name", .label = "name", .text = name});
     } else if (item.kindName() == "bank" && !item.text(cardHolder).empty()) {
-        for (CSVEntry& entry : item.entries()) {
-            if (entry.field == title) {
-                entry.field = none;
-                entry.extra = customText;
-            } else if (entry.field == cardHolder) {
-                entry.field = title;
-            }
-        }
+        const auto addAs = [&](CSVEntry entry, CSVField field) {
+            entry.field = field;
+            entry.extra = customText;
+            item.add(entry);
+        };
+        item.expand(title, [&](const CSVEntry& name) { addAs(name, none); });
+        item.expand(cardHolder, [&](const CSVEntry& account) { addAs(account, title); });
     }
 }
 

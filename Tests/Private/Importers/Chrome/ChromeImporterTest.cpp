@@ -324,7 +324,7 @@ TEST(ChromeImporterTest, importsWhatABrowserThatDiedHadCommitted) {
 // Memory
 
 TEST(ChromeImporterTest, leavesNothingButOneHandlePerImport) {
-    constexpr std::size_t imports = affordable(1000U);
+    const std::size_t imports = affordable(1000U);
     if (!allowDescriptors(imports + 100)) {
         GTEST_SKIP() << "this process may not have so many files open";
     }

@@ -310,7 +310,7 @@ std::string repeated(std::string_view piece, std::size_t size) {
     return text;
 }
 
-constexpr std::size_t large = affordable(std::size_t{64} << 20U);
+const std::size_t large = affordable(std::size_t{64} << 20U);
 
 TEST(DashlaneImporterTest, readsOneRowOfBraces) {
     EXPECT_TRUE(keepsRow(",,,," + std::string(large, '{')));

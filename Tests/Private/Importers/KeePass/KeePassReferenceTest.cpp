@@ -10,6 +10,7 @@
 #include "Tests/Reference/KeePassReference.hpp"
 #include "Tests/Support/Affordable.hpp"
 #include "Tests/Support/RandomText.hpp"
+#include "Tests/Support/Reports.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 
 namespace Rellinor::Tests {
@@ -73,6 +74,8 @@ TEST(KeePassReferenceTest, agreesOnRandomExports) {
         const ImportSource source =
             random.below(2) == 0 ? ImportSource::keePass : ImportSource::keePassXC;
         ASSERT_EQ(outcomeOf(source, path), expected) << testing::PrintToString(text);
+        ASSERT_TRUE(isConsistent(readExport(ExportFile::atPath(path), {.as = source})))
+            << testing::PrintToString(text);
         records += expected.passwords.size();
         failures += expected.error ? 1U : 0U;
     }

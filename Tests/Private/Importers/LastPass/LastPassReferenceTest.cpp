@@ -10,6 +10,7 @@
 #include "Tests/Reference/LastPassReference.hpp"
 #include "Tests/Support/Affordable.hpp"
 #include "Tests/Support/RandomText.hpp"
+#include "Tests/Support/Reports.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 
 namespace Rellinor::Tests {
@@ -70,6 +71,9 @@ TEST(LastPassReferenceTest, agreesOnRandomExports) {
         const std::string path = folder.file("export.csv", text);
         const Outcome expected = referenceLastPassImport(decoded(text), urlsOfNotes());
         ASSERT_EQ(outcomeOf(ImportSource::lastPass, path), expected)
+            << testing::PrintToString(text);
+        ASSERT_TRUE(
+            isConsistent(readExport(ExportFile::atPath(path), {.as = ImportSource::lastPass})))
             << testing::PrintToString(text);
         records += expected.passwords.size() + expected.notes.size();
         failures += expected.error ? 1U : 0U;
