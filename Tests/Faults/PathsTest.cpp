@@ -1,17 +1,24 @@
 // What a path may lead to besides a file.
 
+#include <ctime>
 #include <filesystem>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <signal.h> // NOLINT(modernize-deprecated-headers): SIGIO is POSIX
+#include <stdlib.h> // NOLINT(modernize-deprecated-headers): so are terminals
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
 #include <unistd.h>
 
+#include <Rellinor/ExportReader.hpp>
+
 #include "Tests/Support/Exports.hpp"
+#include "Tests/Support/OtherProcess.hpp"
 
 namespace Rellinor::Tests {
 
@@ -65,6 +72,25 @@ TEST_P(PathsTest, mayLeadToADevice) {
         EXPECT_EQ(imported(), GetParam().unreadable) << device;
         fs::remove(file());
     }
+}
+
+/// Ends this process, with 0 if it has no terminal after an import of what is one: whoever leads a
+/// session and opens a terminal may get it.
+[[noreturn]] void exitAfterImporting(const Export& exported, const TemporaryFolder& folder) {
+    const int terminal = ::posix_openpt(O_RDWR | O_NOCTTY);
+    if (::setsid() < 0 || ::grantpt(terminal) != 0 || ::unlockpt(terminal) != 0) {
+        ::_exit(1);
+    }
+    fs::create_symlink(::ptsname(terminal), exported.fileIn(folder)); // NOLINT(*-mt-unsafe)
+    const std::string path = exported.importedIn(folder);
+    const bool isUnreadable = outcomeOf(exported.source, path) == exported.unreadable;
+    (void)readExport(ExportFile::atPath(path), {.as = exported.source});
+    (void)detect(ExportFile::atPath(path));
+    ::_exit(isUnreadable && ::open("/dev/tty", O_RDWR) < 0 ? 0 : 1); // NOLINT(*-vararg)
+}
+
+TEST_P(PathsTest, mayLeadToATerminalWhichDoesNotBecomeThatOfTheProcess) {
+    EXPECT_EXIT(exitAfterImporting(GetParam(), folder()), testing::ExitedWithCode(0), "");
 }
 
 TEST_P(PathsTest, mayLeadToAPipe) {
@@ -124,6 +150,28 @@ TEST_P(PathsTest, mayLeadThroughLinks) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Importers, PathsTest, testing::ValuesIn(allExports()), nameOf);
+
+#if defined(__linux__)
+/// The same but for databases, for which SQLite may wait.
+class PathsOfFilesTest : public PathsTest {};
+
+/// A file that somebody else holds makes whoever opens it wait.
+TEST_P(PathsOfFilesTest, mayLeadToAFileThatIsHeldAndNotWaitedFor) {
+    const std::string path = GetParam().written(folder(), GetParam().bytes());
+    const OtherProcess holder([&] {
+        ::signal(SIGIO, SIG_IGN);
+        const int descriptor = ::open(file().c_str(), O_WRONLY); // NOLINT(*-vararg)
+        if (::fcntl(descriptor, F_SETLEASE, F_WRLCK) != 0) {     // NOLINT(*-vararg)
+            throw std::runtime_error("no lease");
+        }
+    });
+    const std::time_t begin = ::time(nullptr);
+    EXPECT_EQ(outcomeOf(GetParam().source, path), GetParam().unreadable);
+    EXPECT_LT(::time(nullptr) - begin, 5);
+}
+
+INSTANTIATE_TEST_SUITE_P(Importers, PathsOfFilesTest, testing::ValuesIn(allFiles()), nameOf);
+#endif
 
 } // namespace
 

@@ -11,6 +11,7 @@
 #include <sqlite3.h>
 
 #include "Platform/Fault.hpp"
+#include "Platform/File.hpp"
 #include "Private/Proxies/SQLiteGuard.hpp"
 #include "Private/Proxies/SQLiteSideFiles.hpp"
 #include "Private/Proxies/SQLiteSnapshotFileSystem.hpp"
@@ -125,6 +126,10 @@ SQLiteRows SQLiteFileProxy::select(std::string_view query) {
 SQLiteEnding SQLiteFileProxy::readInPlace(std::string_view query, SQLiteRows& rows) {
     if (_pathToDatabase.contains('\0')) {
         return SQLiteEnding::notOpened; // cut at its NUL, the path would name another file
+    }
+    // SQLite would open a device too: a terminal could become that of the process.
+    if (kindOfFile(_pathToDatabase) == FileKind::other) {
+        return SQLiteEnding::notOpened;
     }
     const int opened = ::sqlite3_open(_pathToDatabase.c_str(), &_dbp);
     if (opened == SQLITE_NOMEM) {
