@@ -1,7 +1,10 @@
 #include "Host/Advice.hpp"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
+#include <ranges>
 #include <span>
 #include <string_view>
 #include <utility>
@@ -28,7 +31,7 @@ std::string command(const std::string& path, const ReadAs& as) {
         const std::string_view quote = path.contains(' ') ? "'" : "";
         if (const auto* const source = std::get_if<ImportSource>(&as)) {
             text += " --source ";
-            text += nameOf(*source);
+            text += identifier(*source);
         } else if (const auto* const layout = std::get_if<Layout>(&as)) {
             text += " --layout ";
             text += identifier(*layout);
@@ -48,21 +51,63 @@ std::string notRead(std::span<const Unread> unread) {
            " not read";
 }
 
-/// What is found in a report; a finding is put in words if there is one alone.
-std::vector<std::string> gist(const ImportReport& report, const ReadAs& as) {
+/// The findings in the order in which a person should hear of them: first what makes a file useless
+/// or incomplete, then what is found most often.
+std::vector<const Finding*> gravestFirst(std::span<const Finding> findings) {
+    const auto isGrave = [](const Finding& finding) {
+        switch (finding.kind) {
+            using enum FindingKind;
+        case stillEncrypted:
+        case damaged:
+        case refusedForItsCost:
+        case locked:
+            return true;
+        default:
+            return false;
+        }
+    };
+    std::vector<const Finding*> sorted;
+    for (const Finding& finding : findings) {
+        sorted.push_back(&finding);
+    }
+    std::ranges::stable_sort(sorted, std::ranges::greater(), [&](const Finding* finding) {
+        return std::pair(isGrave(*finding), finding->places.count);
+    });
+    return sorted;
+}
+
+std::string inWords(const Finding& finding, PlaceUnit unit) {
     constexpr std::size_t mostPlaces = 3;
+
+    if (finding.kind == FindingKind::stillEncrypted) {
+        const bool isName = finding.field.contains("sername");
+        const bool isNote = finding.field.contains("note");
+        const std::size_t count = finding.places.count;
+        return counted(count, isName   ? "user name"
+                              : isNote ? "note"
+                                       : "password") +
+               (count == 1 ? " is" : " are") + " still encrypted";
+    }
+    std::string words = described(finding, unit, mostPlaces);
+    words.pop_back(); // the full stop
+    return words;
+}
+
+/// What is found in a report, the gravest in words.
+std::vector<std::string> gist(const ImportReport& report, const ReadAs& as) {
+    constexpr std::size_t mostFindings = 2;
 
     std::vector<std::string> parts;
     if (const std::uint64_t count = countOfLeftOut(report); count > 0) {
         parts.push_back(std::to_string(count) + " of " + counted(report.recordCount(), "record") +
                         " left out");
     }
-    if (const auto findings = report.findings(); findings.size() == 1) {
-        std::string finding = described(findings.front(), report.placeUnit(), mostPlaces);
-        finding.pop_back(); // the full stop
-        parts.push_back(std::move(finding));
-    } else if (!findings.empty()) {
-        parts.push_back(counted(findings.size(), "thing") + " worth a look");
+    const std::vector<const Finding*> findings = gravestFirst(report.findings());
+    for (const Finding* const finding : findings | std::views::take(mostFindings)) {
+        parts.push_back(inWords(*finding, report.placeUnit()));
+    }
+    if (findings.size() > mostFindings) {
+        parts.push_back(counted(findings.size() - mostFindings, "other thing") + " worth a look");
     }
     // A source never brings more than its few fields along, which is no news.
     if (!report.unread().empty() && !std::holds_alternative<ImportSource>(as)) {

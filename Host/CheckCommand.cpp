@@ -12,6 +12,7 @@
 #include "Host/Difference.hpp"
 #include "Host/DisplayText.hpp"
 #include "Host/ExitStatus.hpp"
+#include "Host/Input.hpp"
 #include "Host/ReportWords.hpp"
 #include "Host/Source.hpp"
 
@@ -90,13 +91,14 @@ bool writeSuccess(const ExportFile& file, const ReadAs& as, const ImportedExport
     writeReport(report, out);
     const bool isSame =
         !std::holds_alternative<ImportSource>(as) || writeDifference(file, *imported.records, out);
-    return isSame && report.leftOut().empty() && report.findings().empty() && report.isComplete();
+    return isSame && isWithoutLoss(report);
 }
 
 /// Checks one path; whether everything would arrive and nothing is worth a look.
 bool check(const std::string& path, const ReadAs& as, std::ostream& out) {
-    const ExportFile file = ExportFile::atPath(path);
-    const Detection detected = lookAt(path);
+    const Input input(path);
+    const ExportFile& file = input.file();
+    const Detection detected = lookAt(file);
     const auto* const source = std::get_if<ImportSource>(&as);
     // The import of a source would make a file where there is none, and take what is in a pipe.
     if (detected.obstacle == FailureReason::missing ||
@@ -107,7 +109,7 @@ bool check(const std::string& path, const ReadAs& as, std::ostream& out) {
     const ImportedExport imported = readExport(file, {.as = as});
     const ImportReport& report = imported.report;
     if (source != nullptr) {
-        out << "read as " << nameOf(*source) << ", ";
+        out << "read as " << identifier(*source) << ", ";
     } else if (report.layout()) {
         out << "read as " << identifier(*report.layout()) << ", ";
     }
@@ -125,11 +127,64 @@ bool check(const std::string& path, const ReadAs& as, std::ostream& out) {
     return imported.records && writeSuccess(file, as, imported, out) && other.empty();
 }
 
+/// The same as a JSON object.
+bool checkForPrograms(const std::string& path, const ReadAs& as, std::ostream& out) {
+    const Input input(path);
+    const Detection detected = lookAt(input.file());
+    const auto* const source = std::get_if<ImportSource>(&as);
+    JSONText json;
+    json.beginObject();
+    json.member("path", displayText(path));
+    json.key("detection");
+    writeDetection(detected, json);
+    const bool isThere =
+        detected.obstacle != FailureReason::missing && detected.obstacle != FailureReason::notAFile;
+    bool isClean = false;
+    if (isThere) {
+        const ImportedExport imported = readExport(input.file(), {.as = as});
+        isClean = imported.records && isWithoutLoss(imported.report);
+        const auto layout = imported.report.layout();
+        json.member("layout", layout.transform([](Layout known) { return identifier(known); }));
+        if (!imported.records) {
+            json.key("failure");
+            writeFailure(imported.report, json);
+        } else {
+            json.member("passwords", imported.records->passwords.size());
+            json.member("notes", imported.records->notes.size());
+            json.member("cards", imported.records->cards.size());
+            json.key("report");
+            writeReport(imported.report, json);
+            const ImportedExport faithful =
+                source != nullptr ? readExport(input.file()) : ImportedExport();
+            if (source != nullptr && faithful.records) {
+                const Difference difference = differenceOf(*imported.records, *faithful.records);
+                isClean = isClean && difference == Difference();
+                json.key("difference");
+                json.beginObject();
+                json.member("more", difference.more);
+                json.member("fewer", difference.fewer);
+                json.member("other", difference.other);
+                json.endObject();
+            }
+        }
+    }
+    json.endObject();
+    out << json.written() << '\n';
+    return isClean;
+}
+
 } // namespace
 
-int runCheck(const std::vector<std::string>& paths, const ReadAs& as, std::ostream& out) {
+int runCheck(const std::vector<std::string>& paths, const ReadAs& as, Wording wording,
+             std::ostream& out) {
     int status = ExitStatus::success;
     for (const std::string& path : paths) {
+        if (wording == Wording::programs) {
+            if (!checkForPrograms(path, as, out)) {
+                status = ExitStatus::importFailed;
+            }
+            continue;
+        }
         out << displayPath(path) << ": ";
         bool isClean = false;
         try {

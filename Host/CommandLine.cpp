@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include <CLI/CLI.hpp>
+#include <Rellinor/rellinor.h>
 
 #include "Host/DisplayText.hpp"
 #include "Host/ExitStatus.hpp"
@@ -51,11 +52,20 @@ bool isSourceOrAutomatic(std::string_view word) {
     return word == automatic || sourceNamed(word);
 }
 
+Names wordings() {
+    static constexpr std::string_view names[] = {"text", "json"};
+    return names;
+}
+
+Wording wordingNamed(std::string_view name) {
+    return name == "json" ? Wording::programs : Wording::people;
+}
+
 /// The words of the command line that stand for something else.
 struct Words {
     std::string source;
     std::string layout;
-    std::string format = "summary";
+    std::string format;
 };
 
 bool isLayout(std::string_view word) {
@@ -65,28 +75,31 @@ bool isLayout(std::string_view word) {
 /// Adds the options that say what the files are.
 void addKind(CLI::App& command, Words& words) {
     CLI::Option* const source = command
-                                    .add_option("--source", words.source,
+                                    .add_option("-s,--source", words.source,
                                                 "Import as this source does, quirks and all;\n"
                                                 "auto is the same as no source")
                                     ->type_name("SOURCE")
                                     ->check(knownTo(isSourceOrAutomatic, sourceNames,
                                                     "rellinor sources lists the sources"));
-    command.add_option("--layout", words.layout, "Read as this layout instead of finding out")
+    command.add_option("-l,--layout", words.layout, "Read as this layout instead of finding out")
         ->type_name("LAYOUT")
         ->excludes(source)
         ->check(knownTo(isLayout, layoutNames, "rellinor layouts lists the layouts"));
 }
 
 void addPaths(CLI::App& command, std::vector<std::string>& paths) {
-    command.add_option("PATH", paths, "The files or profile folders")->required()->type_name("");
+    command.add_option("PATH", paths, "The files or profile folders; - is standard input")
+        ->required()
+        ->type_name("");
 }
 
 void addImport(CLI::App& app, ImportRequest& request, Words& words) {
     ImportOptions& options = request.options;
+    words.format = "summary";
     CLI::App& command = *app.add_subcommand("import", "Import files and show what they hold");
     addKind(command, words);
     command
-        .add_option("--format", words.format,
+        .add_option("-f,--format", words.format,
                     "summary: counts for each path;\n"
                     "table: aligned, for people;\n"
                     "json: one line for each path;\n"
@@ -95,24 +108,39 @@ void addImport(CLI::App& app, ImportRequest& request, Words& words) {
         ->capture_default_str()
         ->check(knownTo([](std::string_view word) { return formatNamed(word).has_value(); },
                         formatNames, "the formats are summary, table, json and tirel"));
-    command.add_flag("--reveal", options.reveal,
+    command.add_flag("-r,--reveal", options.reveal,
                      "Show passwords and all other secrets instead of\n"
                      "masking them, and allow a Tirel export on a terminal");
     CLI::Option* const file =
         command
-            .add_option("--output", request.output,
+            .add_option("-o,--output", request.output,
                         "Write to this new file, for its owner alone, instead\n"
                         "of standard output")
             ->type_name("FILE");
     command.add_flag("--force", request.force, "Replace the output file if it exists")->needs(file);
+    command.add_flag("--encrypted", options.takesEncrypted,
+                     "Export what a browser keeps encrypted as it is");
+    command.add_flag("--strict", options.isStrict, "Fail if anything is left out or worth a look");
     command.add_flag("--keep-importer", options.keepImporter,
                      "Use one importer of the source for all paths\n"
                      "instead of a fresh one for each");
     addPaths(command, options.paths);
 }
 
-void addDetect(CLI::App& app, DetectRequest& request) {
-    addPaths(*app.add_subcommand("detect", "Tell what files are, and why"), request.paths);
+/// Adds the option that says for whom something is told.
+void addWording(CLI::App& command, std::string& format) {
+    format = "text";
+    command.add_option("-f,--format", format, "text: for people;\njson: one line for each path")
+        ->type_name("FORMAT")
+        ->capture_default_str()
+        ->check(knownTo([](std::string_view word) { return word == "text" || word == "json"; },
+                        wordings, "the formats are text and json"));
+}
+
+void addDetect(CLI::App& app, DetectRequest& request, Words& words) {
+    CLI::App& command = *app.add_subcommand("detect", "Tell what files are, and why");
+    addWording(command, words.format);
+    addPaths(command, request.paths);
 }
 
 void addCheck(CLI::App& app, CheckRequest& request, Words& words) {
@@ -120,6 +148,7 @@ void addCheck(CLI::App& app, CheckRequest& request, Words& words) {
         *app.add_subcommand("check", "Tell what an import would bring, what it would\n"
                                      "leave out and what is worth a look");
     addKind(command, words);
+    addWording(command, words.format);
     addPaths(command, request.paths);
 }
 
@@ -207,7 +236,7 @@ std::string helpFor(const CLI::App& app) {
 
 std::expected<Request, int> readCommandLine(int argc, char* argv[]) {
     CLI::App app("Imports what other password managers and browsers hold", "rellinor");
-    app.set_version_flag("--version", "rellinor " RELLINOR_VERSION);
+    app.set_version_flag("-V,--version", std::string("rellinor ") + ::rellinor_version());
     app.require_subcommand(1);
     app.get_formatter()->column_width(27);
     ImportRequest import;
@@ -215,9 +244,10 @@ std::expected<Request, int> readCommandLine(int argc, char* argv[]) {
     CheckRequest check;
     Words importWords;
     Words checkWords;
+    Words detectWords;
     addImport(app, import, importWords);
     addCheck(app, check, checkWords);
-    addDetect(app, detect);
+    addDetect(app, detect, detectWords);
     app.add_subcommand("sources", "List the sources");
     app.add_subcommand("layouts", "List the layouts");
     app.failure_message([](const CLI::App* given, const CLI::Error& error) {
@@ -236,10 +266,12 @@ std::expected<Request, int> readCommandLine(int argc, char* argv[]) {
         return import;
     }
     if (app.got_subcommand("detect")) {
+        detect.wording = wordingNamed(detectWords.format);
         return detect;
     }
     if (app.got_subcommand("check")) {
         check.as = readAs(checkWords);
+        check.wording = wordingNamed(checkWords.format);
         return check;
     }
     if (app.got_subcommand("layouts")) {

@@ -9,6 +9,7 @@
 #include <Rellinor/ExportReader.hpp>
 
 #include "Host/ImportCommand.hpp"
+#include "Host/ReportJSON.hpp"
 
 namespace Rellinor::Host {
 
@@ -22,12 +23,14 @@ struct ImportRequest {
 /// `rellinor detect`.
 struct DetectRequest {
     std::vector<std::string> paths;
+    Wording wording = Wording::people;
 };
 
 /// `rellinor check`.
 struct CheckRequest {
     ReadAs as;
     std::vector<std::string> paths;
+    Wording wording = Wording::people;
 };
 
 /// `rellinor sources`.

@@ -12,19 +12,20 @@ DescriptorBuffer::DescriptorBuffer(int descriptor) noexcept : _descriptor(descri
 }
 
 DescriptorBuffer::~DescriptorBuffer() {
-    if (_descriptor >= 0) {
-        ::close(_descriptor);
-    }
+    close();
 }
 
 int DescriptorBuffer::finish() {
     if (drain() && ::fsync(_descriptor) != 0) {
         _failure = errno;
     }
-    if (::close(std::exchange(_descriptor, -1)) != 0 && _failure == 0) {
-        _failure = errno;
-    }
     return _failure;
+}
+
+void DescriptorBuffer::close() noexcept {
+    if (_descriptor >= 0) {
+        ::close(std::exchange(_descriptor, -1));
+    }
 }
 
 DescriptorBuffer::int_type DescriptorBuffer::overflow(int_type character) {

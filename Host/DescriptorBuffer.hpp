@@ -14,9 +14,12 @@ public:
     DescriptorBuffer(const DescriptorBuffer&) = delete;
     DescriptorBuffer& operator=(const DescriptorBuffer&) = delete;
 
-    /// Brings what was written to the disk, and closes the descriptor. Returns 0, or the `errno`
-    /// of the first call that failed since the beginning.
+    /// Brings what was written to the disk. Returns 0, or the `errno` of the first call that failed
+    /// since the beginning.
     [[nodiscard]] int finish();
+
+    /// Closes the descriptor, as the last call.
+    void close() noexcept;
 
 protected:
     int_type overflow(int_type character) override;

@@ -26,6 +26,18 @@ std::string_view described(Confidence confidence) {
     return words.at(static_cast<std::size_t>(confidence));
 }
 
+/// What a person should know of a store before anything else.
+std::string_view warning(Layout layout) {
+    switch (layout) {
+    case Layout::chromiumLogins:
+        return "the passwords in it are encrypted";
+    case Layout::firefoxProfile:
+        return "the user names and passwords in it are encrypted";
+    default:
+        return {};
+    }
+}
+
 /// How a file is called: by its layout, or else by its product; empty if neither is known.
 std::string kindOf(const Detection& detection) {
     if (!detection.layout) {
@@ -36,7 +48,7 @@ std::string kindOf(const Detection& detection) {
 }
 
 std::string optionOf(ImportSource source) {
-    return "--source " + std::string(nameOf(source));
+    return "--source " + std::string(identifier(source));
 }
 
 /// What is wrong with a file and what to do about that.
@@ -63,9 +75,9 @@ bool sameImporter(ImportSource one, ImportSource other) noexcept {
 
 } // namespace
 
-Detection lookAt(const std::string& path) {
+Detection lookAt(const ExportFile& file) {
     try {
-        return detect(ExportFile::atPath(path));
+        return detect(file);
     } catch (const std::bad_alloc&) {
         Detection nothing;
         nothing.obstacle = FailureReason::outOfMemory;
@@ -104,6 +116,9 @@ std::string described(const Detection& detection) {
     append(details, "; ", detection.evidence);
     if (detection.source) {
         append(details, "; ", "meant for " + optionOf(*detection.source));
+    }
+    if (detection.layout) {
+        append(details, "; ", warning(*detection.layout));
     }
     if (!isReadable(detection)) {
         const FailureReason known =

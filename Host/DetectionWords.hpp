@@ -6,9 +6,9 @@
 
 namespace Rellinor::Host {
 
-/// What is found out about the file or folder at a path. A damaged one may claim more memory than
+/// What is found out about a file or folder. A damaged one may claim more memory than
 /// there is, which is no reason to tell nothing of the others: it is an obstacle like any other.
-[[nodiscard]] Detection lookAt(const std::string& path);
+[[nodiscard]] Detection lookAt(const ExportFile& file);
 
 /// What is found out about a file, on one line: the layout, how sure that is, the product, what
 /// tells, which source is meant for the file, and what keeps it from being read.

@@ -1,6 +1,8 @@
 #include "Host/EndingSignals.hpp"
 
+#include <algorithm>
 #include <atomic>
+#include <iterator>
 
 #include <unistd.h>
 
@@ -8,18 +10,26 @@ namespace Rellinor::Host {
 
 namespace {
 
-/// Those by which a person or the system ends a process.
-constexpr int endingSignals[] = {SIGHUP, SIGINT, SIGPIPE, SIGQUIT, SIGTERM, SIGXCPU};
+/// The signals that end no process by themselves. All others do.
+constexpr int otherSignals[] = {
+    SIGCHLD, SIGCONT, SIGSTOP, SIGTSTP, SIGTTIN, SIGTTOU, SIGURG, SIGWINCH,
+#if defined(__APPLE__)
+    SIGINFO, SIGIO,
+#endif
+};
 
 /// A handler can reach nothing else.
 std::atomic<const char*> fileToRemove = nullptr; // NOLINT(*-non-const-global-variables)
 static_assert(std::atomic<const char*>::is_always_lock_free);
 
+/// All other signals wait meanwhile.
 extern "C" void removeFileAndEnd(int signal) {
-    if (const char* const path = fileToRemove.exchange(nullptr)) {
+    if (const char* const path = fileToRemove) {
         ::unlink(path);
     }
-    // Its own action is back in place, so that the exit status tells of the signal.
+    // Only now its own action: with that, a second such signal ends the process at once. The exit
+    // status tells of the signal.
+    ::signal(signal, SIG_DFL);
     ::raise(signal);
 }
 
@@ -30,26 +40,25 @@ void removeOnEndingSignal(const char* path) noexcept {
     if (path == nullptr) {
         return;
     }
-    for (const int signal : endingSignals) {
+    for (int signal = 1; signal < NSIG; ++signal) {
         struct sigaction action{};
-        if (::sigaction(signal, nullptr, &action) == 0 && action.sa_handler == SIG_DFL) {
-            action.sa_handler = removeFileAndEnd;
-            action.sa_flags = static_cast<int>(SA_RESETHAND);
-            ::sigaction(signal, &action, nullptr);
+        if (std::ranges::find(otherSignals, signal) != std::end(otherSignals) ||
+            ::sigaction(signal, nullptr, &action) != 0 || action.sa_handler != SIG_DFL) {
+            continue;
         }
+        action.sa_handler = removeFileAndEnd;
+        ::sigfillset(&action.sa_mask);
+        ::sigaction(signal, &action, nullptr); // fails for SIGKILL
     }
 }
 
-EndingSignalsHeld::EndingSignalsHeld() noexcept {
+SignalsHeld::SignalsHeld() noexcept {
     ::sigset_t signals{};
-    ::sigemptyset(&signals);
-    for (const int signal : endingSignals) {
-        ::sigaddset(&signals, signal);
-    }
+    ::sigfillset(&signals);
     ::sigprocmask(SIG_BLOCK, &signals, &_before);
 }
 
-EndingSignalsHeld::~EndingSignalsHeld() {
+SignalsHeld::~SignalsHeld() {
     ::sigprocmask(SIG_SETMASK, &_before, nullptr);
 }
 

@@ -8,13 +8,13 @@ namespace Rellinor::Host {
 /// call; none if it is null. Signals that are ignored stay so.
 void removeOnEndingSignal(const char* path) noexcept;
 
-/// Lets the signals that end the process wait, for a scope.
-class EndingSignalsHeld {
+/// Lets all signals wait, for a scope.
+class SignalsHeld {
 public:
-    EndingSignalsHeld() noexcept;
-    ~EndingSignalsHeld();
-    EndingSignalsHeld(const EndingSignalsHeld&) = delete;
-    EndingSignalsHeld& operator=(const EndingSignalsHeld&) = delete;
+    SignalsHeld() noexcept;
+    ~SignalsHeld();
+    SignalsHeld(const SignalsHeld&) = delete;
+    SignalsHeld& operator=(const SignalsHeld&) = delete;
 
 private:
     ::sigset_t _before{};

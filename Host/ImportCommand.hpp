@@ -33,8 +33,11 @@ struct ImportOptions {
     ReadAs as;
     Format format = Format::summary;
     bool reveal = false;
-    bool keepImporter = false; ///< of a source
+    bool takesEncrypted = false; ///< secrets that are encrypted are exported as they are
+    bool isStrict = false;       ///< a loss is a failure
+    bool keepImporter = false;   ///< of a source
     std::vector<std::string> paths;
+    std::ostream* progress = nullptr; ///< a terminal to show progress on
 };
 
 /// Imports every path in order, and shows the records on `out`, which is that terminal. On `errors`

@@ -5,103 +5,59 @@
 #include <span>
 
 #include "Host/JSONText.hpp"
+#include "Host/ReportJSON.hpp"
 
 namespace Rellinor::Host {
 
 namespace {
 
-void writeFields(const ImportedPasswordInfoProviding& password, Secrets secrets, JSONText& json) {
-    json.member("username", password.username());
-    json.member("password", shown(password.password(), secrets));
-    json.member("url", password.url());
-    json.member("service", password.service());
+void writeFields(const ImportedPasswordInfoProviding& password, const Masking& masking,
+                 JSONText& json) {
+    json.member("username", masking.shown(Field::loginUsername, password.username()));
+    json.member("password", masking.shown(Field::loginPassword, password.password()));
+    json.member("url", masking.shown(Field::loginURL, password.url()));
+    json.member("service", masking.shown(Field::loginService, password.service()));
     json.member("color", password.color());
-    json.member("note", password.note());
+    json.member("note", masking.shown(Field::loginNote, password.note()));
     json.member("pwdChange", password.pwdChange());
 }
 
-void writeFields(const ImportedNoteInfoProviding& note, Secrets /*secrets*/, JSONText& json) {
+void writeFields(const ImportedNoteInfoProviding& note, const Masking& masking, JSONText& json) {
     json.member("color", note.color());
-    json.member("title", note.title());
-    json.member("content", note.content());
+    json.member("title", masking.shown(Field::noteTitle, note.title()));
+    json.member("content", masking.shown(Field::noteContent, note.content()));
 }
 
-void writeFields(const ImportedCardInfoProviding& card, Secrets secrets, JSONText& json) {
-    json.member("cardNumber", shown(card.cardNumber(), secrets));
-    json.member("custName", card.custName());
-    json.member("holderName", card.holderName());
-    json.member("cvv", shown(card.cvv(), secrets));
-    json.member("pin", shown(card.pin(), secrets));
-    json.member("note", card.note());
+void writeFields(const ImportedCardInfoProviding& card, const Masking& masking, JSONText& json) {
+    json.member("cardNumber", masking.shown(Field::cardNumber, card.cardNumber()));
+    json.member("custName", masking.shown(Field::cardName, card.custName()));
+    json.member("holderName", masking.shown(Field::cardHolder, card.holderName()));
+    json.member("cvv", masking.shown(Field::cardCVV, card.cvv()));
+    json.member("pin", masking.shown(Field::cardPIN, card.pin()));
+    json.member("note", masking.shown(Field::cardNote, card.note()));
     json.member("expirationDay", card.expirationDay());
     json.member("expirationMonth", card.expirationMonth());
     json.member("expirationYear", card.expirationYear());
 }
 
-void writeExtras(std::span<const Extra> extras, Secrets secrets, JSONText& json) {
+void writeExtras(std::span<const Extra> extras, const Masking& masking, JSONText& json) {
     json.key("extras");
     json.beginArray();
     for (const Extra& extra : extras) {
         json.beginObject();
         json.member("kind", identifier(extra.kind));
         json.member("label", extra.label);
-        json.member("value", isSecret(extra.kind) ? shown(extra.value, secrets) : extra.value);
+        json.member("value", masking.shown(extra));
         json.endObject();
     }
     json.endArray();
-}
-
-/// What has a code, such as a record left out, or a finding.
-void writePlaces(std::string_view code, std::string_view identifier, std::string_view field,
-                 const Places& places, JSONText& json) {
-    json.beginObject();
-    json.member(code, identifier);
-    json.member("field", field);
-    json.member("count", places.count);
-    json.key("places");
-    json.beginArray();
-    for (const std::uint64_t place : places.first) {
-        json.value(place);
-    }
-    json.endArray();
-    json.endObject();
-}
-
-void writeList(std::string_view name, const auto& entries, JSONText& json, const auto& writeEntry) {
-    json.key(name);
-    json.beginArray();
-    for (const auto& entry : entries) {
-        writeEntry(entry);
-    }
-    json.endArray();
-}
-
-void writeReport(const ImportReport& report, JSONText& json) {
-    json.key("report");
-    json.beginObject();
-    json.member("placeUnit", identifier(report.placeUnit()));
-    json.member("recordCount", report.recordCount());
-    writeList("leftOut", report.leftOut(), json, [&](const LeftOut& left) {
-        writePlaces("reason", identifier(left.reason), left.field, left.places, json);
-    });
-    writeList("findings", report.findings(), json, [&](const Finding& finding) {
-        writePlaces("kind", identifier(finding.kind), finding.field, finding.places, json);
-    });
-    writeList("unread", report.unread(), json, [&](const Unread& unread) {
-        json.beginObject();
-        json.member("part", unread.part);
-        json.member("count", unread.count);
-        json.endObject();
-    });
-    json.member("isComplete", report.isComplete());
-    json.endObject();
 }
 
 /// Writes one import record by record, so that a long list never stands in memory a second time.
 class Line {
 public:
-    Line(Secrets secrets, Door door, std::ostream& out) noexcept
-        : _secrets(secrets), _door(door), _out(out) {}
+    Line(const Masking& masking, Door door, std::ostream& out) noexcept
+        : _masking(masking), _door(door), _out(out) {}
 
     void write(const ImportedExport& imported) {
         const ImportedRecords& records = *imported.records;
@@ -114,6 +70,7 @@ public:
         write("notes", records.notes, [&](std::size_t i) { return extras.ofNote(i); });
         write("cards", records.cards, [&](std::size_t i) { return extras.ofCard(i); });
         if (_door == Door::second) {
+            _json.key("report");
             writeReport(imported.report, _json);
         }
         _json.endObject();
@@ -127,9 +84,9 @@ private:
         _json.beginArray();
         for (std::size_t i = 0; i < records.size(); ++i) {
             _json.beginObject();
-            writeFields(*records[i], _secrets, _json);
+            writeFields(*records[i], _masking, _json);
             if (_door == Door::second) {
-                writeExtras(extrasOf(i), _secrets, _json);
+                writeExtras(extrasOf(i), _masking, _json);
             }
             _json.endObject();
             flush();
@@ -142,7 +99,7 @@ private:
         _json.clear();
     }
 
-    Secrets _secrets;
+    const Masking& _masking;
     Door _door;
     std::ostream& _out;
     JSONText _json;
@@ -151,8 +108,8 @@ private:
 } // namespace
 
 void JSONFormat::write(std::string_view /*path*/, const ImportedExport& imported,
-                       std::ostream& out) {
-    Line(_secrets, _door, out).write(imported);
+                       const Masking& masking, std::ostream& out) {
+    Line(masking, _door, out).write(imported);
 }
 
 void JSONFormat::writeFailure(const ImportedExport& failed, std::ostream& out) {

@@ -9,13 +9,13 @@ namespace Rellinor::Host {
 /// layout, what each record holds besides, and the report, or the reason of a failure.
 class JSONFormat final : public RecordsFormat {
 public:
-    JSONFormat(Secrets secrets, Door door) noexcept : _secrets(secrets), _door(door) {}
+    explicit JSONFormat(Door door) noexcept : _door(door) {}
 
-    void write(std::string_view path, const ImportedExport& imported, std::ostream& out) override;
+    void write(std::string_view path, const ImportedExport& imported, const Masking& masking,
+               std::ostream& out) override;
     void writeFailure(const ImportedExport& failed, std::ostream& out) override;
 
 private:
-    Secrets _secrets;
     Door _door;
 };
 

@@ -2,29 +2,61 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 
 namespace Rellinor::Host {
 
 namespace {
 
-constexpr bool isEscaped(char character) noexcept {
-    return static_cast<unsigned char>(character) < 0x20 || character == '"' || character == '\\';
+/// The code point in two bytes of UTF-8 or more that a text begins with, where it is one that is
+/// escaped: another control, a line separator, or what turns the direction of writing. 0 if not.
+constexpr std::uint32_t escapedCodePoint(std::string_view text) noexcept {
+    const auto byte = [&](std::size_t place) {
+        return place < text.size() ? static_cast<unsigned char>(text[place]) : 0U;
+    };
+    const std::uint32_t last = byte(1) & 0x3FU;
+    if (byte(0) == 0xC2 && byte(1) < 0xA0) {
+        return 0x80 + last;
+    }
+    if (byte(0) == 0xD8 && byte(1) == 0x9C) {
+        return 0x061C;
+    }
+    if (byte(0) != 0xE2 || (byte(1) != 0x80 && byte(1) != 0x81)) {
+        return 0;
+    }
+    const std::uint32_t codePoint = 0x2000 + (last << 6U) + (byte(2) & 0x3FU);
+    const bool isEscaped = codePoint == 0x200E || codePoint == 0x200F ||
+                           (codePoint >= 0x2028 && codePoint <= 0x202E) ||
+                           (codePoint >= 0x2066 && codePoint <= 0x2069);
+    return isEscaped ? codePoint : 0;
 }
 
-void appendEscape(char character, std::string& text) {
+constexpr std::size_t bytesOf(std::uint32_t codePoint) noexcept {
+    return codePoint < 0x80 ? 1 : codePoint < 0x800 ? 2 : 3;
+}
+
+/// Whether a byte is escaped, or may begin a code point that is.
+constexpr bool isSuspect(char character) noexcept {
+    return static_cast<unsigned char>(character) < 0x20 || character == '"' || character == '\\' ||
+           character == '\x7F' || character == '\xC2' || character == '\xD8' || character == '\xE2';
+}
+
+void appendEscape(std::uint32_t codePoint, std::string& text) {
     constexpr std::string_view characters = "\"\\\b\f\n\r\t";
     constexpr std::string_view letters = "\"\\bfnrt";
     constexpr std::string_view digits = "0123456789abcdef";
 
-    if (const std::size_t place = characters.find(character); place != std::string_view::npos) {
-        text += '\\';
+    const std::size_t place =
+        codePoint < 0x80 ? characters.find(static_cast<char>(codePoint)) : std::string_view::npos;
+    text += '\\';
+    if (place != std::string_view::npos) {
         text += letters[place];
         return;
     }
-    const auto byte = static_cast<unsigned char>(character);
-    text += "\\u00";
-    text += digits[byte / digits.size()];
-    text += digits[byte % digits.size()];
+    text += 'u';
+    for (const std::uint32_t shift : {12U, 8U, 4U, 0U}) {
+        text += digits[codePoint >> shift & 0xFU];
+    }
 }
 
 } // namespace
@@ -37,15 +69,24 @@ void JSONText::key(std::string_view name) {
 
 void JSONText::value(std::string_view text) {
     raw("\"");
-    while (true) {
-        const auto* const escaped = std::ranges::find_if(text, isEscaped);
-        const auto plain = static_cast<std::size_t>(escaped - text.begin());
+    while (!text.empty()) {
+        const auto* const suspect = std::ranges::find_if(text, isSuspect);
+        const auto plain = static_cast<std::size_t>(suspect - text.begin());
         _text += text.substr(0, plain);
-        if (plain == text.size()) {
+        text.remove_prefix(plain);
+        if (text.empty()) {
             break;
         }
-        appendEscape(text[plain], _text);
-        text.remove_prefix(plain + 1);
+        const bool isASCII = static_cast<unsigned char>(text.front()) < 0x80;
+        const std::uint32_t escaped =
+            isASCII ? static_cast<unsigned char>(text.front()) : escapedCodePoint(text);
+        if (isASCII || escaped != 0) {
+            appendEscape(escaped, _text);
+            text.remove_prefix(bytesOf(escaped));
+        } else {
+            _text += text.front();
+            text.remove_prefix(1);
+        }
     }
     _text += '"';
 }

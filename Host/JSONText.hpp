@@ -9,6 +9,10 @@
 namespace Rellinor::Host {
 
 /// A JSON text on one line, written member by member.
+///
+/// Besides what JSON asks for, characters are escaped that would command a terminal, break a line
+/// or turn the direction of writing wherever the text is looked at: those that
+/// `TirelExportData::encode` escapes.
 class JSONText {
 public:
     /// What was written since this was last taken.

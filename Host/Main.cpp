@@ -14,6 +14,7 @@
 #include "Host/DisplayText.hpp"
 #include "Host/ExitStatus.hpp"
 #include "Host/ImportCommand.hpp"
+#include "Host/Input.hpp"
 #include "Host/Layouts.hpp"
 #include "Host/OutputFile.hpp"
 #include "Host/ProcessState.hpp"
@@ -30,27 +31,31 @@ bool exposesSecrets(const ImportOptions& options, const Terminal& terminal) {
 }
 
 int answer(const ImportRequest& request) {
+    ImportOptions options = request.options;
+    if (terminalAt(STDERR_FILENO).width) {
+        options.progress = &std::cerr;
+    }
     if (request.output) {
         OutputFile file(*request.output, request.force ? Existing::replaced : Existing::kept);
-        const int status = import(request.options, Terminal(), file.stream(), std::cerr);
+        const int status = import(options, Terminal(), file.stream(), std::cerr);
         file.commit();
         return status;
     }
     const Terminal terminal = terminalAt(STDOUT_FILENO);
-    if (exposesSecrets(request.options, terminal)) {
+    if (exposesSecrets(options, terminal)) {
         std::cerr << "rellinor: a Tirel export holds unmasked secrets: write it with --output "
                      "FILE, or show it with --reveal\n";
         return ExitStatus::wrongUsage;
     }
-    return import(request.options, terminal, std::cout, std::cerr);
+    return import(options, terminal, std::cout, std::cerr);
 }
 
 int answer(const DetectRequest& request) {
-    return runDetect(request.paths, std::cout);
+    return runDetect(request.paths, request.wording, std::cout);
 }
 
 int answer(const CheckRequest& request) {
-    return runCheck(request.paths, request.as, std::cout);
+    return runCheck(request.paths, request.as, request.wording, std::cout);
 }
 
 int answer(const SourcesRequest& /*request*/) {
@@ -88,6 +93,9 @@ int main(int argc, char* argv[]) {
     } catch (const OutputError& error) {
         std::cerr << "rellinor: " << displayText(error.what()) << '\n';
         return ExitStatus::unwritableOutput;
+    } catch (const InputError& error) {
+        std::cerr << "rellinor: " << displayText(error.what()) << '\n';
+        return ExitStatus::importFailed;
     } catch (const std::bad_alloc&) {
         std::cerr << "rellinor: there is not enough memory\n";
         return ExitStatus::unwritableOutput;

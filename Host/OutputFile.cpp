@@ -27,26 +27,90 @@ bool isNoFile(const std::string& path, const struct stat& status) {
     return !S_ISREG(target.st_mode);
 }
 
+/// The name by which a file without one can be reached.
+std::string nameOf(int descriptor) {
+    return "/proc/self/fd/" + std::to_string(descriptor);
+}
+
+/// Opens a file without a name in a folder; negative where there is no such file, or no way to give
+/// it a name later.
+int openUnnamed([[maybe_unused]] const std::string& folder) {
+#if defined(O_TMPFILE)
+    constexpr int flags = O_TMPFILE | O_WRONLY | O_CLOEXEC;
+    const int descriptor = ::open(folder.c_str(), flags, S_IRUSR | S_IWUSR); // NOLINT(*-vararg)
+    if (descriptor >= 0 && ::access(nameOf(descriptor).c_str(), F_OK) != 0) {
+        ::close(descriptor);
+        return -1;
+    }
+    return descriptor;
+#else
+    return -1;
+#endif
+}
+
+/// Gives a file its first name, unless there is something of that name; if not, `errno` tells why.
+bool linkUnnamed(int descriptor, const std::string& name) {
+    return ::linkat(AT_FDCWD, nameOf(descriptor).c_str(), AT_FDCWD, name.c_str(),
+                    AT_SYMLINK_FOLLOW) == 0;
+}
+
 } // namespace
 
 OutputFile::OutputFile(std::string path, Existing existing)
     : _path(std::move(path)), _existing(existing), _buffer(open()), _stream(&_buffer) {}
 
 OutputFile::~OutputFile() {
-    ::unlink(_temporary.c_str()); // after a renaming there is none
-    removeOnEndingSignal(nullptr);
+    if (!_temporary.empty()) {
+        ::unlink(_temporary.c_str()); // after a renaming there is none
+        removeOnEndingSignal(nullptr);
+    }
 }
 
 void OutputFile::commit() {
     if (const int error = _buffer.finish(); error != 0 || !_stream) {
         fail(error != 0 ? error : EIO);
     }
+    if (const int error = _temporary.empty() ? placeUnnamed() : place(); error != 0) {
+        fail(error);
+    }
+    _buffer.close();
+}
+
+int OutputFile::place() const {
     // A new link fails where there is a file by now; a renaming would replace it.
     const int failed = _existing == Existing::kept ? ::link(_temporary.c_str(), _path.c_str())
                                                    : ::rename(_temporary.c_str(), _path.c_str());
-    if (failed != 0) {
-        fail(errno);
+    return failed != 0 ? errno : 0;
+}
+
+int OutputFile::placeUnnamed() const {
+    if (linkUnnamed(_descriptor, _path)) {
+        return 0;
     }
+    if (errno != EEXIST || _existing == Existing::kept) {
+        return errno;
+    }
+    // A file without a name replaces none. It has another one between two calls.
+    const SignalsHeld held;
+    for (int number = 0;; ++number) {
+        const std::string name =
+            beside(".rellinor-" + std::to_string(::getpid()) + '-' + std::to_string(number));
+        if (linkUnnamed(_descriptor, name)) {
+            if (::rename(name.c_str(), _path.c_str()) == 0) {
+                return 0;
+            }
+            const int error = errno;
+            ::unlink(name.c_str());
+            return error;
+        }
+        if (errno != EEXIST) {
+            return errno;
+        }
+    }
+}
+
+std::string OutputFile::beside(const std::string& name) const {
+    return std::filesystem::path(_path).replace_filename(name).string();
 }
 
 void OutputFile::fail(const std::string& reason) const {
@@ -72,16 +136,19 @@ int OutputFile::open() {
     } else if (errno != ENOENT || _path.empty()) {
         fail(errno);
     }
+    _descriptor = openUnnamed(beside("."));
+    if (_descriptor >= 0) {
+        return _descriptor;
+    }
     // In the same folder, since nothing can be renamed from one file system to another.
-    _temporary = std::filesystem::path(_path).replace_filename(".rellinor-XXXXXX").string();
-    const EndingSignalsHeld
-        held; // or one that came between the next two lines would leave the file
-    const int descriptor = ::mkostemp(_temporary.data(), O_CLOEXEC); // with mode 0600
-    if (descriptor < 0) {
+    _temporary = beside(".rellinor-XXXXXX");
+    const SignalsHeld held; // or one that came between the next two lines would leave the file
+    _descriptor = ::mkostemp(_temporary.data(), O_CLOEXEC); // with mode 0600
+    if (_descriptor < 0) {
         fail(errno);
     }
     removeOnEndingSignal(_temporary.c_str());
-    return descriptor;
+    return _descriptor;
 }
 
 } // namespace Rellinor::Host

@@ -23,10 +23,11 @@ enum class Existing : std::uint8_t {
 
 /// A file that is there whole or not at all, readable and writable for its owner alone.
 ///
-/// It is written beside its place under another name, and takes its own when it is complete. A link
-/// counts as a file of its own: it is kept or replaced, never followed. A signal that ends the
-/// process leaves nothing behind, unless it is one that cannot be caught. There is one such file at
-/// a time.
+/// It is written without a name, and gets its own when it is complete; whatever ends the process
+/// before leaves nothing behind. Where the system has no files without names it has another name
+/// beside its place meanwhile, and a signal leaves nothing behind unless it is one that cannot be
+/// caught. A link counts as a file of its own: it is kept or replaced, never followed. There is one
+/// such file at a time.
 class OutputFile {
 public:
     /// @throws OutputError  there is such a file that is to be kept, or that is neither a file
@@ -52,12 +53,20 @@ private:
     [[noreturn]] void fail(const std::string& reason) const;
     [[noreturn]] void fail(int error) const;
 
-    /// Opens the file beside its place.
+    /// Opens the file.
     [[nodiscard]] int open();
+
+    /// Gives the file that is complete its name; 0, or an `errno`.
+    [[nodiscard]] int place() const;
+    [[nodiscard]] int placeUnnamed() const;
+
+    /// The name of a file beside the place of this one.
+    [[nodiscard]] std::string beside(const std::string& name) const;
 
     std::string _path;
     Existing _existing;
-    std::string _temporary;
+    int _descriptor = -1;
+    std::string _temporary; ///< the name of a file that has another one meanwhile, or empty
     DescriptorBuffer _buffer;
     std::ostream _stream;
 };

@@ -1,34 +1,13 @@
 #pragma once
 
-#include <cstdint>
 #include <iosfwd>
 #include <string_view>
 
 #include <Rellinor/Rellinor.hpp>
 
+#include "Host/Masking.hpp"
+
 namespace Rellinor::Host {
-
-/// Which door of the library the records come through.
-enum class Door : std::uint8_t {
-    first,  ///< the import of a source, quirks and all
-    second, ///< the faithful reading
-};
-
-/// Whether passwords, card numbers, CVV, PIN and secrets among the extras are shown.
-enum class Secrets : std::uint8_t {
-    masked,
-    revealed,
-};
-
-/// A secret as it is shown. The mask does not tell its length, only whether there is one.
-[[nodiscard]] constexpr std::string_view shown(std::string_view secret, Secrets secrets) noexcept {
-    return secrets == Secrets::revealed || secret.empty() ? secret : "********";
-}
-
-/// Whether an extra is masked like a password.
-[[nodiscard]] constexpr bool isSecret(ExtraKind kind) noexcept {
-    return kind == ExtraKind::oneTimePassword || kind == ExtraKind::customSecret;
-}
 
 /// A way of showing the outcome of imports, one path after the other.
 class RecordsFormat {
@@ -41,7 +20,7 @@ public:
     ///
     /// @param imported  has records
     virtual void write(std::string_view path, const ImportedExport& imported,
-                       std::ostream& out) = 0;
+                       const Masking& masking, std::ostream& out) = 0;
 
     /// Shows that nothing was imported, where the format has a place for that.
     ///

@@ -47,6 +47,10 @@ std::string described(const Failure& failure, PlaceUnit unit) {
     return remark(std::move(where), failure.field, description(failure.reason));
 }
 
+bool isWithoutLoss(const ImportReport& report) noexcept {
+    return report.leftOut().empty() && report.findings().empty() && report.isComplete();
+}
+
 std::uint64_t countOfLeftOut(const ImportReport& report) noexcept {
     const auto leftOut = report.leftOut();
     return std::accumulate(

@@ -22,6 +22,9 @@ namespace Rellinor::Host {
 /// Why there is nothing; empty if the report does not tell.
 [[nodiscard]] std::string described(const Failure& failure, PlaceUnit unit);
 
+/// Whether everything has arrived that is read of the layout, and nothing is worth a look.
+[[nodiscard]] bool isWithoutLoss(const ImportReport& report) noexcept;
+
 /// How many raw records are left out.
 [[nodiscard]] std::uint64_t countOfLeftOut(const ImportReport& report) noexcept;
 

@@ -1,9 +1,10 @@
 #include "Host/Source.hpp"
 
 #include <algorithm>
-#include <array>
 #include <iomanip>
+#include <iterator>
 #include <ostream>
+#include <vector>
 
 #include "Host/Letters.hpp"
 
@@ -11,48 +12,44 @@ namespace Rellinor::Host {
 
 namespace {
 
-struct Description {
-    ImportSource source;
-    std::string_view name;
-    std::string_view path;
-};
-
-constexpr std::array<Description, 8> descriptions = {{
-    {ImportSource::chrome, "chrome", "login database"},
-    {ImportSource::lastPass, "lastPass", "CSV export"},
-    {ImportSource::dashlane, "dashlane", "CSV export"},
-    {ImportSource::onePassword, "onePassword", "1PIF export"},
-    {ImportSource::tirel, "tirel", "JSON export"},
-    {ImportSource::keePass, "keePass", "CSV export"},
-    {ImportSource::keePassXC, "keePassXC", "CSV export"},
-    {ImportSource::firefox, "firefox", "profile folder"},
-}};
+std::string_view pathOf(ImportSource source) {
+    switch (source) {
+        using enum ImportSource;
+    case chrome:
+        return "login database";
+    case onePassword:
+        return "1PIF export";
+    case tirel:
+        return "JSON export";
+    case firefox:
+        return "profile folder";
+    default:
+        return "CSV export";
+    }
+}
 
 } // namespace
 
 std::optional<ImportSource> sourceNamed(std::string_view name) {
-    const auto found = std::ranges::find_if(descriptions, [&](const Description& candidate) {
-        return std::ranges::equal(candidate.name, name, sameLetter);
+    const auto found = std::ranges::find_if(allSources(), [&](ImportSource source) {
+        return std::ranges::equal(identifier(source), name, sameLetter);
     });
-    return found == descriptions.end() ? std::nullopt : std::optional(found->source);
-}
-
-std::string_view nameOf(ImportSource source) {
-    return std::ranges::find(descriptions, source, &Description::source)->name;
+    return found == allSources().end() ? std::nullopt : std::optional(*found);
 }
 
 std::span<const std::string_view> sourceNames() {
-    static constexpr auto names = [] {
-        std::array<std::string_view, descriptions.size()> all;
-        std::ranges::transform(descriptions, all.begin(), &Description::name);
+    static const auto names = [] {
+        std::vector<std::string_view> all;
+        std::ranges::transform(allSources(), std::back_inserter(all),
+                               [](ImportSource source) { return identifier(source); });
         return all;
     }();
     return names;
 }
 
 void listSources(std::ostream& out) {
-    for (const Description& description : descriptions) {
-        out << std::left << std::setw(13) << description.name << description.path << '\n';
+    for (const ImportSource source : allSources()) {
+        out << std::left << std::setw(13) << identifier(source) << pathOf(source) << '\n';
     }
 }
 

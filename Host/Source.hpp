@@ -12,9 +12,6 @@ namespace Rellinor::Host {
 /// The source of that name, compared without regard to case; absent if there is none.
 [[nodiscard]] std::optional<ImportSource> sourceNamed(std::string_view name);
 
-/// The name of a source, as it is typed on the command line.
-[[nodiscard]] std::string_view nameOf(ImportSource source);
-
 /// The names of all sources.
 [[nodiscard]] std::span<const std::string_view> sourceNames();
 

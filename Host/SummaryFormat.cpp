@@ -8,7 +8,7 @@
 namespace Rellinor::Host {
 
 void SummaryFormat::write(std::string_view path, const ImportedExport& imported,
-                          std::ostream& out) {
+                          const Masking& /*masking*/, std::ostream& out) {
     const ImportedRecords& records = *imported.records;
     out << displayText(path) << ": " << counted(records.passwords.size(), "password") << ", "
         << counted(records.notes.size(), "note") << ", " << counted(records.cards.size(), "card")

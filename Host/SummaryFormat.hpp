@@ -7,7 +7,8 @@ namespace Rellinor::Host {
 /// One line with the counts for each path.
 class SummaryFormat final : public RecordsFormat {
 public:
-    void write(std::string_view path, const ImportedExport& imported, std::ostream& out) override;
+    void write(std::string_view path, const ImportedExport& imported, const Masking& masking,
+               std::ostream& out) override;
 };
 
 } // namespace Rellinor::Host

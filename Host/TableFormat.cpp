@@ -28,55 +28,54 @@ constexpr Column cardColumns[] = {{"NAME"},      {"HOLDER"},        {"NUMBER", t
 /// Makes the cells of records.
 class Cells {
 public:
-    Cells(Secrets secrets, std::size_t widest) noexcept : _secrets(secrets), _widest(widest) {}
+    Cells(const Masking& masking, std::size_t widest) noexcept
+        : _masking(masking), _widest(widest) {}
 
     [[nodiscard]] Row row(const ImportedPasswordInfoProviding& password) const {
-        return {cellOrDash(password.service()), cell(password.username()),
-                secret(password.password()), cell(password.url()), cellOrDash(password.note())};
+        return {cell(loginService, password.service()), cell(loginUsername, password.username()),
+                cell(loginPassword, password.password()), cell(loginURL, password.url()),
+                cell(loginNote, password.note())};
     }
 
     [[nodiscard]] Row row(const ImportedNoteInfoProviding& note) const {
-        return {cell(note.title()), cell(note.content())};
+        return {cell(noteTitle, note.title()), cell(noteContent, note.content())};
     }
 
     [[nodiscard]] Row row(const ImportedCardInfoProviding& card) const {
-        return {cell(card.custName()),
-                cell(card.holderName()),
-                secret(card.cardNumber()),
-                secret(card.cvv()),
-                secret(card.pin()),
-                cell(std::to_string(card.expirationDay()) + '.' +
-                     std::to_string(card.expirationMonth()) + '.' +
-                     std::to_string(card.expirationYear())),
-                cell(card.note())};
+        return {cell(cardName, card.custName()),
+                cell(cardHolder, card.holderName()),
+                cell(cardNumber, card.cardNumber()),
+                cell(cardCVV, card.cvv()),
+                cell(cardPIN, card.pin()),
+                {.text = std::to_string(card.expirationDay()) + '.' +
+                         std::to_string(card.expirationMonth()) + '.' +
+                         std::to_string(card.expirationYear())},
+                cell(cardNote, card.note())};
     }
 
 private:
-    [[nodiscard]] Cell cell(std::string_view text) const {
-        return {.text = shortened(text, _widest)};
+    using enum Field;
+
+    [[nodiscard]] Cell cell(Field field, std::string_view text) const {
+        return {.text = shortened(_masking.shown(field, text), _widest),
+                .style = _masking.masks(field) ? Style::dim : Style::plain};
     }
 
-    [[nodiscard]] Cell cellOrDash(const std::optional<std::string_view>& text) const {
-        return text ? cell(*text) : Cell{.text = "-", .style = Style::dim};
+    [[nodiscard]] Cell cell(Field field, const std::optional<std::string_view>& text) const {
+        return text ? cell(field, *text) : Cell{.text = "-", .style = Style::dim};
     }
 
-    [[nodiscard]] Cell secret(std::string_view text) const {
-        Cell made = cell(shown(text, _secrets));
-        made.style = _secrets == Secrets::masked ? Style::dim : Style::plain;
-        return made;
-    }
-
-    Secrets _secrets;
+    const Masking& _masking;
     std::size_t _widest;
 };
 
 void writeTable(std::string_view title, std::span<const Column> columns, const auto& records,
-                Secrets secrets, const Terminal& terminal, std::ostream& out) {
+                const Masking& masking, const Terminal& terminal, std::ostream& out) {
     if (records.empty()) {
         return;
     }
     TextTable table(columns, terminal);
-    const Cells cells(secrets, table.widest());
+    const Cells cells(masking, table.widest());
     for (const auto& record : records) {
         table.measure(cells.row(*record));
     }
@@ -90,12 +89,13 @@ void writeTable(std::string_view title, std::span<const Column> columns, const a
 
 } // namespace
 
-void TableFormat::write(std::string_view path, const ImportedExport& imported, std::ostream& out) {
+void TableFormat::write(std::string_view path, const ImportedExport& imported,
+                        const Masking& masking, std::ostream& out) {
     const ImportedRecords& records = *imported.records;
     out << styled(displayText(path), Style::bold, _terminal) << '\n';
-    writeTable("Passwords", passwordColumns, records.passwords, _secrets, _terminal, out);
-    writeTable("Notes", noteColumns, records.notes, _secrets, _terminal, out);
-    writeTable("Cards", cardColumns, records.cards, _secrets, _terminal, out);
+    writeTable("Passwords", passwordColumns, records.passwords, masking, _terminal, out);
+    writeTable("Notes", noteColumns, records.notes, masking, _terminal, out);
+    writeTable("Cards", cardColumns, records.cards, masking, _terminal, out);
     if (records.passwords.empty() && records.notes.empty() && records.cards.empty()) {
         out << "\nno records\n";
     }

@@ -10,13 +10,12 @@ namespace Rellinor::Host {
 /// control character of theirs reaches either.
 class TableFormat final : public RecordsFormat {
 public:
-    TableFormat(Secrets secrets, const Terminal& terminal) noexcept
-        : _secrets(secrets), _terminal(terminal) {}
+    explicit TableFormat(const Terminal& terminal) noexcept : _terminal(terminal) {}
 
-    void write(std::string_view path, const ImportedExport& imported, std::ostream& out) override;
+    void write(std::string_view path, const ImportedExport& imported, const Masking& masking,
+               std::ostream& out) override;
 
 private:
-    Secrets _secrets;
     Terminal _terminal;
 };
 

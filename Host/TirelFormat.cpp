@@ -76,7 +76,7 @@ void writeEntry(const ImportedCardInfoProviding& card, std::span<const Extra> ex
 } // namespace
 
 void TirelFormat::write(std::string_view /*path*/, const ImportedExport& imported,
-                        std::ostream& /*out*/) {
+                        const Masking& /*masking*/, std::ostream& /*out*/) {
     _imports.push_back(imported);
 }
 

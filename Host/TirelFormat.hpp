@@ -11,7 +11,8 @@ namespace Rellinor::Host {
 /// the end of its note, one `label: value` a line.
 class TirelFormat final : public RecordsFormat {
 public:
-    void write(std::string_view path, const ImportedExport& imported, std::ostream& out) override;
+    void write(std::string_view path, const ImportedExport& imported, const Masking& masking,
+               std::ostream& out) override;
     void finish(std::ostream& out) override;
 
 private:

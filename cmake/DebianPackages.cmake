@@ -36,7 +36,7 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME librellinor-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(boost "${Boost_VERSION_MAJOR}.${Boost_VERSION_MINOR}")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
-    "libboost-url${boost}-dev, libsodium-dev, libsqlite3-dev, \
+    "libboost-url${boost}-dev, libexpat1-dev, libsodium-dev, libsqlite3-dev, \
 libutf8proc-dev, pkgconf | pkg-config, zlib1g-dev")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SUGGESTS "libboost-json${boost}-dev")
 set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "importer of other password managers' exports, to build with

@@ -6,12 +6,27 @@
 option(RELLINOR_BOOST_FROM_HEADERS "Compile Boost's sources from its headers" OFF)
 
 # Starting a program takes as long as finding and binding its shared libraries: most of the time of a
-# short run of the host tool. A package of a system links the shared ones, which the system mends.
-option(RELLINOR_STATIC_DEPENDENCIES "Link the static kinds of the libraries that Rellinor calls" OFF)
+# short run of the host tool. A package of a system links the shared ones, which the system mends. A
+# shared library of ours links the shared ones too: static ones need not be position-independent.
+option(RELLINOR_STATIC_DEPENDENCIES
+    "Link the static kinds of the libraries that Rellinor calls, unless it is shared itself" OFF)
 
-if(RELLINOR_STATIC_DEPENDENCIES)
+if(RELLINOR_STATIC_DEPENDENCIES AND NOT BUILD_SHARED_LIBS AND NOT RELLINOR_BUILD_BOTH)
+    set(kind_of_dependencies static)
     set(Boost_USE_STATIC_LIBS ON)
     list(PREPEND CMAKE_FIND_LIBRARY_SUFFIXES .a)
+else()
+    set(kind_of_dependencies any)
+endif()
+
+# What was found of the other kind in this build tree is found anew.
+if(NOT kind_of_dependencies STREQUAL "${RELLINOR_KIND_OF_DEPENDENCIES}")
+    get_cmake_property(cached CACHE_VARIABLES)
+    list(FILTER cached INCLUDE REGEX "^(pkgcfg_lib_|[A-Za-z0-9]+_LIBRARY)")
+    foreach(variable IN LISTS cached)
+        unset(${variable} CACHE)
+    endforeach()
+    set(RELLINOR_KIND_OF_DEPENDENCIES "${kind_of_dependencies}" CACHE INTERNAL "")
 endif()
 
 if(RELLINOR_BOOST_FROM_HEADERS)
@@ -21,6 +36,12 @@ else()
 endif()
 
 find_package(SQLite3 3.31 REQUIRED)
+if(RELLINOR_ARCHIVES OR RELLINOR_TESTS)
+    find_package(ZLIB REQUIRED)
+endif()
+if(RELLINOR_XML)
+    find_package(EXPAT REQUIRED)
+endif()
 find_package(PkgConfig REQUIRED)
 if(NOT TARGET PkgConfig::sodium)
     pkg_check_modules(sodium REQUIRED IMPORTED_TARGET libsodium)

@@ -36,10 +36,14 @@ install(
 
 include(PkgConfigFile)
 
-install(
-    FILES "${PROJECT_SOURCE_DIR}/CHANGELOG.md" "${PROJECT_SOURCE_DIR}/LICENSE"
-          "${PROJECT_SOURCE_DIR}/README.md" "${PROJECT_SOURCE_DIR}/THIRD-PARTY.md"
-    DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT Development)
+# What the README leads to.
+file(GLOB documents RELATIVE "${PROJECT_SOURCE_DIR}" CONFIGURE_DEPENDS "*.md")
+foreach(document IN LISTS documents ITEMS LICENSE)
+    install(FILES "${PROJECT_SOURCE_DIR}/${document}"
+        DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT Development)
+endforeach()
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/Documentation"
+    DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT Development FILES_MATCHING PATTERN "*.md")
 
 # An installed tool finds a shared library wherever both have been put, but for the system's own
 # folder, where the loader looks anyway.

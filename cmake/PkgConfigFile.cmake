@@ -27,6 +27,25 @@ else()
 endif()
 list(JOIN private_libraries " " private_libraries)
 
+# Where there is no shared library, everybody needs what the static one needs.
+if(BUILD_SHARED_LIBS OR RELLINOR_BUILD_BOTH)
+    set(private ".private")
+    set(libraries "")
+else()
+    set(private "")
+    set(libraries " ${private_libraries}")
+    set(private_libraries "")
+endif()
+
+# The libraries that may be left out.
+set(private_requirements "")
+if(RELLINOR_ARCHIVES)
+    string(APPEND private_requirements ", zlib")
+endif()
+if(RELLINOR_XML)
+    string(APPEND private_requirements ", expat")
+endif()
+
 configure_file(
     "${CMAKE_CURRENT_LIST_DIR}/rellinor.pc.in" "${PROJECT_BINARY_DIR}/rellinor.pc" @ONLY)
 install(FILES "${PROJECT_BINARY_DIR}/rellinor.pc"

@@ -18,7 +18,9 @@ class Rellinor < Formula
   depends_on "pkgconf" # the CMake package asks it for libsodium and utf8proc
   depends_on "utf8proc"
 
+  uses_from_macos "expat"
   uses_from_macos "sqlite", since: :big_sur
+  uses_from_macos "zlib"
 
   def install
     args = %w[

@@ -7,6 +7,7 @@ from . import (chrome, dashlane, firefox, keepass, keepassxc, lastpass, onepassw
                tirel)
 from .databases import dump, write_database
 from .entries import VAULT
+from .layouts import LAYOUTS, Sample
 
 
 @dataclass(frozen=True)
@@ -68,3 +69,6 @@ STORES = (
     DatabaseStore("firefox", "Firefox/old.profile", "Firefox/old.profile/signons.sqlite",
                   firefox.arrivals_old, firefox.fill_old),
 )
+
+# Every file once, with how it is written and held.
+FILES = STORES + tuple(layout for layout in LAYOUTS if not isinstance(layout, Sample))

@@ -1,11 +1,10 @@
 #pragma once
 
-#include <cstddef>
-
 namespace Rellinor {
 
-/// Overwrites `size` bytes of the stack below the caller's frame. Functions that the caller has
-/// called, and that have returned, may have left secrets there.
-void wipeStack(std::size_t size) noexcept;
+/// Overwrites 16 KiB of the stack below the caller's frame, more than an import takes, and the
+/// registers (`wipeRegisters`). Functions that the caller has called, and that have returned, may
+/// have left secrets there.
+void wipeStack() noexcept;
 
 } // namespace Rellinor

@@ -38,7 +38,7 @@ std::string_view description(FailureReason reason) noexcept {
     case encrypted:
         return "The file is encrypted.";
     case refusedForItsCost:
-        return "Reading the database would take far more than an honest one of its size.";
+        return "Reading the file would take far more than an honest one of its size.";
     case tooLarge:
         return "The file is larger than is allowed.";
     case cancelled:

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "Private/Detection/BuiltIn.hpp"
+
 namespace Rellinor {
 
 namespace {
@@ -18,43 +20,43 @@ using enum Layout;
 
 /// In the order of the numbers.
 constexpr auto names = std::array{
-    LayoutName{lastPassCSV, "lastpass-csv", "LastPass CSV export", false},
-    LayoutName{dashlaneCSV, "dashlane-csv", "Dashlane CSV file", false},
+    LayoutName{lastPassCSV, "lastpass-csv", "LastPass CSV export", true},
+    LayoutName{dashlaneCSV, "dashlane-csv", "Dashlane CSV file", true},
     LayoutName{dashlaneZip, "dashlane-zip", "Dashlane export (ZIP)", false},
-    LayoutName{dashlanePositionalCSV, "dashlane-positional-csv", "old Dashlane CSV export", false},
-    LayoutName{keePassCSV, "keepass-csv", "KeePass CSV (1.x) export", false},
-    LayoutName{keePassXML, "keepass-xml", "KeePass XML export", false},
-    LayoutName{keePassXCCSV, "keepassxc-csv", "KeePassXC CSV export", false},
+    LayoutName{dashlanePositionalCSV, "dashlane-positional-csv", "old Dashlane CSV export", true},
+    LayoutName{keePassCSV, "keepass-csv", "KeePass CSV (1.x) export", true},
+    LayoutName{keePassXML, "keepass-xml", "KeePass XML export", true},
+    LayoutName{keePassXCCSV, "keepassxc-csv", "KeePassXC CSV export", true},
     LayoutName{onePassword1PIF, "1password-1pif", "1Password 1PIF export", true},
-    LayoutName{onePassword1PUX, "1password-1pux", "1Password 1PUX export", false},
-    LayoutName{onePassword8CSV, "1password8-csv", "1Password 8 CSV export", false},
-    LayoutName{onePassword7MacCSV, "1password7-mac-csv", "1Password 7 for Mac CSV export", false},
+    LayoutName{onePassword1PUX, "1password-1pux", "1Password 1PUX export", true},
+    LayoutName{onePassword8CSV, "1password8-csv", "1Password 8 CSV export", true},
+    LayoutName{onePassword7MacCSV, "1password7-mac-csv", "1Password 7 for Mac CSV export", true},
     LayoutName{onePassword7WindowsCSV, "1password7-windows-csv",
-               "1Password 7 for Windows CSV export", false},
+               "1Password 7 for Windows CSV export", true},
     LayoutName{chromiumCSV, "chromium-csv",
-               "CSV export of Chrome, Edge or another Chromium browser", false},
+               "CSV export of Chrome, Edge or another Chromium browser", true},
     LayoutName{chromiumLogins, "chromium-logins", "login database of a Chromium browser", true},
-    LayoutName{firefoxCSV, "firefox-csv", "Firefox CSV export", false},
+    LayoutName{firefoxCSV, "firefox-csv", "Firefox CSV export", true},
     LayoutName{firefoxProfile, "firefox-profile", "Firefox profile", true},
-    LayoutName{appleCSV, "apple-csv", "Apple Passwords or Safari CSV export", false},
+    LayoutName{appleCSV, "apple-csv", "Apple Passwords or Safari CSV export", true},
     LayoutName{safariZip, "safari-zip", "Safari export (ZIP)", false},
-    LayoutName{bitwardenCSV, "bitwarden-csv", "Bitwarden CSV export", false},
-    LayoutName{bitwardenJSON, "bitwarden-json", "Bitwarden JSON export", false},
-    LayoutName{bitwardenZip, "bitwarden-zip", "Bitwarden export (ZIP)", false},
-    LayoutName{protonPassCSV, "protonpass-csv", "Proton Pass CSV export", false},
-    LayoutName{protonPassJSON, "protonpass-json", "Proton Pass JSON export", false},
-    LayoutName{protonPassZip, "protonpass-zip", "Proton Pass export (ZIP)", false},
-    LayoutName{nordPassCSV, "nordpass-csv", "NordPass CSV export", false},
-    LayoutName{enpassJSON, "enpass-json", "Enpass JSON export", false},
-    LayoutName{enpassCSV, "enpass-csv", "Enpass CSV export", false},
-    LayoutName{keeperJSON, "keeper-json", "Keeper JSON export", false},
-    LayoutName{keeperCSV, "keeper-csv", "Keeper CSV export", false},
-    LayoutName{roboFormCSV, "roboform-csv", "RoboForm CSV export", false},
-    LayoutName{strongboxCSV, "strongbox-csv", "Strongbox CSV export", false},
+    LayoutName{bitwardenCSV, "bitwarden-csv", "Bitwarden CSV export", true},
+    LayoutName{bitwardenJSON, "bitwarden-json", "Bitwarden JSON export", true},
+    LayoutName{bitwardenZip, "bitwarden-zip", "Bitwarden export (ZIP)", true},
+    LayoutName{protonPassCSV, "protonpass-csv", "Proton Pass CSV export", true},
+    LayoutName{protonPassJSON, "protonpass-json", "Proton Pass JSON export", true},
+    LayoutName{protonPassZip, "protonpass-zip", "Proton Pass export (ZIP)", true},
+    LayoutName{nordPassCSV, "nordpass-csv", "NordPass CSV export", true},
+    LayoutName{enpassJSON, "enpass-json", "Enpass JSON export", true},
+    LayoutName{enpassCSV, "enpass-csv", "Enpass CSV export", true},
+    LayoutName{keeperJSON, "keeper-json", "Keeper JSON export", true},
+    LayoutName{keeperCSV, "keeper-csv", "Keeper CSV export", true},
+    LayoutName{roboFormCSV, "roboform-csv", "RoboForm CSV export", true},
+    LayoutName{strongboxCSV, "strongbox-csv", "Strongbox CSV export", true},
     LayoutName{credentialExchangeJSON, "credential-exchange-json", "FIDO Credential Exchange file",
-               false},
+               true},
     LayoutName{tirelJSON, "tirel-json", "Tirel export", true},
-    LayoutName{genericCSV, "generic-csv", "CSV file with usual column names", false},
+    LayoutName{genericCSV, "generic-csv", "CSV file with usual column names", true},
 };
 
 constexpr auto layouts = [] {
@@ -91,7 +93,7 @@ std::string_view description(Layout layout) noexcept {
 
 bool isRead(Layout layout) noexcept {
     const LayoutName* const name = nameOf(layout);
-    return name != nullptr && name->isRead;
+    return name != nullptr && name->isRead && !isLeftOutOfBuild(layout);
 }
 
 } // namespace Rellinor

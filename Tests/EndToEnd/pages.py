@@ -8,10 +8,10 @@ import sqlite3
 import driver.tool
 
 FILE = re.compile("^`([^`]+)`:$")
-COMMAND = re.compile("`rellinor import --source ([A-Za-z]+) --format json --reveal \"?([^`\"]+)\"?`")
+COMMAND = re.compile("`rellinor import --(source|layout) ([A-Za-z0-9-]+) --format json --reveal \"?([^`\"]+)\"?`")
 
-# The files by their paths below some folder, each as (language, text).
-Example = collections.namedtuple("Example", "page files source path wanted")
+# The files by their paths below some folder, each as (language, text). One of source and layout is None.
+Example = collections.namedtuple("Example", "page files source layout path wanted")
 
 
 class Strange(Exception):
@@ -44,7 +44,9 @@ def examples_of(page, text):
         if file:
             files[file[1]] = (language, block)
         elif command and language == "json":
-            examples.append(Example(page, dict(files), command[1], command[2], parsed(block)))
+            option, name, path = command.groups()
+            examples.append(Example(page, dict(files), name if option == "source" else None,
+                                    name if option == "layout" else None, path, parsed(block)))
         else:
             raise Strange("%s: a block after %r" % (page, said))
     return examples

@@ -2,7 +2,7 @@
 
     test_documentation.py TOOL SOURCE...
 
-Those of the sources that are named."""
+Those of the sources that are named, and those of all layouts, their reports aside."""
 import os
 import subprocess
 import sys
@@ -27,6 +27,14 @@ def outcome_of(example):
     return parse_line(lines[0]) if lines else errors
 
 
+def by_layout(example):
+    command = [TOOL, "import", "--layout", example.layout, "--format", "json", "--reveal"]
+    with tempfile.TemporaryDirectory() as folder:
+        done = subprocess.run(command + [write_files(example, folder)], capture_output=True, check=True)
+    read = parse_line(done.stdout)
+    return {name: read[name] for name in ("passwords", "notes", "cards")}
+
+
 class Documentation(unittest.TestCase):
     def assertSame(self, outcome, example):
         self.assertTrue(same(outcome, example.wanted), "%s says of %s\n%s\nwhere there is\n%s" % (
@@ -47,13 +55,23 @@ class Documentation(unittest.TestCase):
             for example in examples_with(source):
                 self.assertSame(outcome_of(example), example)
 
+    def test_layouts(self):
+        listed = subprocess.run([TOOL, "layouts"], stdout=subprocess.PIPE, check=True).stdout.decode()
+        layouts = {line.split()[0] for line in listed.splitlines()}
+        shown = [example for example in EXAMPLES if example.layout]
+        self.assertEqual({layout for layout in layouts if layout.endswith("-csv")},
+                         {example.layout for example in shown})
+        for example in shown:
+            self.assertSame(by_layout(example), example)
+
 
 class Pages(unittest.TestCase):
     def test_example(self):
         text = "`a b/c.csv`:\n\n```csv\nx,\n\ny\n```\n\n`rellinor import --source lastPass --format json --reveal a b`" \
                " gives:\n\n```json\n{\"passwords\":\n []}\n```\n"
         (example,) = examples_of("p.md", text)
-        self.assertEqual(example, ("p.md", {"a b/c.csv": ("csv", "x,\n\ny\n")}, "lastPass", "a b", {"passwords": []}))
+        self.assertEqual(example, ("p.md", {"a b/c.csv": ("csv", "x,\n\ny\n")}, "lastPass", None, "a b",
+                                   {"passwords": []}))
 
     def test_strange_blocks(self):
         for text in ("```csv\na\n```\n", "`a`:\n```csv\na\n", "`rellinor import --source a` gives:\n```json\n{}\n```\n",

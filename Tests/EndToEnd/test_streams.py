@@ -40,6 +40,35 @@ class Streams(Case):
                 self.assertEqual(self.run_tool(*command, path, stdin=file).stderr, "")
             self.assertEqual(os.lseek(file.fileno(), 0, os.SEEK_CUR), 0)
 
+    def test_the_standard_input_and_pipes_are_read_where_they_are_named(self):
+        text = b'{"logins":[],"notes":[{"color":0,"label":"t","text":"s3cret"}],"cards":[]}'
+        plain = self.folder / "export.json"
+        plain.write_bytes(text)
+        expected = self.run_tool("import", "--format", "json", str(plain)).stdout
+        read, write = os.pipe()
+        os.write(write, text)
+        os.close(write)
+        for path, more in (("-", {"input": text}),
+                           (f"/dev/fd/{read}", {"pass_fds": [read]})):
+            ended = subprocess.run([*TOOL, "import", "--format", "json", path], timeout=TIMEOUT,
+                                   capture_output=True, **more)
+            self.assertEqual((ended.returncode, ended.stdout.decode()), (0, expected))
+        ended = subprocess.run([*TOOL, "detect", "--format", "json", "-"], input=text,
+                               capture_output=True, timeout=TIMEOUT)
+        self.assertEqual(json.loads(ended.stdout)["detection"]["layout"], "tirel-json")
+
+    def test_check_has_all_codes_for_programs(self):
+        with open(self.folder / "export.1pif", "w") as file:
+            file.write('{"typeName":"webforms.WebForm","title":"t"}\n***\n{"typeName":"system.folder.Regular"}\n')
+        ended = self.run_tool("check", "--layout", "1password-1pif", "--format", "json",
+                              str(self.folder / "export.1pif"))
+        report = json.loads(ended.stdout)["report"]
+        self.assertEqual((report["recordCount"], report["leftOut"]),
+                         (2, [{"reason": "placeholder", "field": "", "count": 1, "places": [3]}]))
+        missing = self.run_tool("check", "--format", "json", str(self.folder / "missing"))
+        self.assertEqual((missing.returncode, json.loads(missing.stdout)["detection"]["obstacle"]),
+                         (1, "missing"))
+
     def test_without_a_controlling_terminal_it_does_the_same(self):
         path = self.export()
         expected = self.imported("--format", "table", path)

@@ -39,7 +39,7 @@ def commands():
 
 def options_of(*command):
     """{"--source": ("SOURCE", True)}: what an option takes, and whether it must be there."""
-    found = re.findall(r"^  (?:-h,)?(--[\w-]+)(?: ([A-Z]+)\b(?:=\w+)?)?( REQUIRED)?", help_of(*command),
+    found = re.findall(r"^  (?:-\w,)?(--[\w-]+)(?: ([A-Z]+)\b(?:=\w+)?)?( REQUIRED)?", help_of(*command),
                        re.MULTILINE)
     return {name: (value if value != "REQUIRED" else "", bool(required))
             for name, value, required in found}
@@ -58,7 +58,7 @@ def layouts():
 
 
 def formats():
-    described = re.search(r"--format FORMAT=(\w+) +(.*?)\n  -", help_of("import"), re.DOTALL)
+    described = re.search(r"--format FORMAT=(\w+)\s+(.*?)\n  -", help_of("import"), re.DOTALL)
     names = re.findall(r"(\w+): ", described[2])
     assert described[1] == names[0], "the default comes first"
     return names
@@ -108,7 +108,7 @@ class Manual(unittest.TestCase):
             self.assertRegex(section("DESCRIPTION"), rf"(?m)^ +{command} ")
 
     def test_it_describes_every_option(self):
-        described = re.findall(r"^     (?:-h, )?(--[\w-]+)", section("OPTIONS"), re.MULTILINE)
+        described = re.findall(r"^     (?:-\w, )?(--[\w-]+)", section("OPTIONS"), re.MULTILINE)
         known = [name for command in [[], *([name] for name in commands())]
                  for name in options_of(*command)]
         self.assertEqual(sorted(described), sorted(set(known)))
@@ -163,7 +163,10 @@ def cases():
              "check --source ": ["auto", *sources()],
              "import --layout ": layouts(),
              "check --layout ": layouts(),
-             "import --format ": formats()}
+             "import --format ": formats(),
+             "import -f ": formats(),
+             "detect --format ": ["text", "json"],
+             "check --format ": ["text", "json"]}
     for command in commands():
         words[command + " --"] = list(options_of(command))
     words["--"] = list(options_of())
@@ -181,21 +184,28 @@ class Completions(unittest.TestCase):
 
     def test_bash(self):
         def proposals(typed):
-            words = ("rellinor " + typed).split(" ")
-            script = ('source "$1"; shift; COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1)); _rellinor; '
-                      'printf "%s\\n" "${COMPREPLY[@]}"')
-            return output_of("bash", "-c", script, "bash", COMPLETIONS / "rellinor.bash",
-                             *words).split()
+            words = typed.split(" ")
+            return self.of_bash(*words).split()
         self.compare(proposals)
+
+    def of_bash(self, *words, folder=None):
+        script = ('source "$1"; shift; COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1)); _rellinor; '
+                  'printf "%s\\n" "${COMPREPLY[@]}"')
+        return output_of("bash", "-c", script, "bash", COMPLETIONS / "rellinor.bash", "rellinor",
+                         *words, cwd=folder)
 
     def test_bash_completes_files(self):
         with tempfile.TemporaryDirectory() as folder:
-            Path(folder, "an export.csv").touch()
-            for typed in ("import", "detect", "check"):
-                script = ('source "$1"; COMP_WORDS=(rellinor "$2" an); COMP_CWORD=2; _rellinor; '
-                          'printf "%s\\n" "${COMPREPLY[@]}"')
-                self.assertEqual(output_of("bash", "-c", script, "bash", COMPLETIONS / "rellinor.bash",
-                                           typed, cwd=folder), "an export.csv\n")
+            for name in ("an export.csv", "-dash.csv"):
+                Path(folder, name).touch()
+            for command in ("import", "detect", "check"):
+                for typed, proposed in (("an", "an export.csv"), (f"{folder}/a", f"{folder}/an export.csv"),
+                                        ("./-", "./-dash.csv")):
+                    self.assertEqual(self.of_bash(command, typed, folder=folder), proposed + "\n")
+
+    def test_bash_completes_behind_an_equals_sign(self):
+        self.assertEqual(self.of_bash("import", "--source", "=", "last"), "lastPass\n")
+        self.assertEqual(self.of_bash("import", "--source", "=").split(), ["auto", *sources()])
 
     def test_fish(self):
         with tempfile.TemporaryDirectory() as folder:
@@ -210,6 +220,8 @@ class Completions(unittest.TestCase):
     def test_zsh(self):
         with tempfile.TemporaryDirectory() as folder:
             self.compare(lambda typed: self._proposals_of_zsh(typed, folder))
+            self.assertEqual(sorted(self._proposals_of_zsh("import --source=", folder)),
+                             sorted(["auto", *sources()]))
 
     def _proposals_of_zsh(self, typed, folder):
         """What zsh lists below what is typed once the tabulator is pressed, or the one word that it

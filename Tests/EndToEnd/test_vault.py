@@ -22,7 +22,8 @@ VAULT = ROOT / "Examples" / "Vault"
 sys.path.insert(0, str(ROOT / "Scripts"))
 from vault import entries  # noqa: E402
 from vault.addresses import origin, page  # noqa: E402
-from vault.stores import STORES  # noqa: E402
+from vault.layouts import LAYOUTS, WITHOUT_HEADER  # noqa: E402
+from vault.stores import FILES, STORES  # noqa: E402
 
 TOOL = []
 TIMEOUT = 60
@@ -241,6 +242,27 @@ class Agreement(unittest.TestCase):
         return KEPT.get((source, field), _same)(value)
 
 
+class Layouts(unittest.TestCase):
+    """The vault comes out the same through every layout, as far as the layout holds it."""
+    maxDiff = None
+
+    def test_every_layout(self):
+        for layout in LAYOUTS:
+            with self.subTest(layout.file):
+                self.assertEqual(self._read(layout), layout.expected())
+
+    def _read(self, layout):
+        """As what the file is taken for, if its header tells that."""
+        option = ["--layout", layout.layout] if layout.layout in WITHOUT_HEADER else []
+        command = [*TOOL, "import", *option, "--format", "json", "--reveal", str(VAULT / layout.file)]
+        ended = subprocess.run(command, capture_output=True, timeout=TIMEOUT)
+        self.assertEqual(ended.returncode, 0, ended.stderr)
+        read = json.loads(ended.stdout)
+        self.assertEqual(read["layout"], layout.layout)
+        return {kind: [{name: value for name, value in record.items() if name != "extras"}
+                       for record in read[kind]] for kind in ("passwords", "notes", "cards")}
+
+
 class Files(unittest.TestCase):
     """Scripts/make-vault gives what is in the tree."""
 
@@ -248,14 +270,14 @@ class Files(unittest.TestCase):
         with tempfile.TemporaryDirectory() as name:
             folder = Path(name)
             self.assertEqual(make_vault(folder),
-                             "".join(f"{folder / store.file}\n" for store in STORES))
-            for store in STORES:
+                             "".join(f"{folder / store.file}\n" for store in FILES))
+            for store in FILES:
                 with self.subTest(store.file):
                     self.assertEqual(store.held(folder), store.held(VAULT))
 
     def test_the_tree_holds_nothing_else(self):
         files = {str(path.relative_to(VAULT)) for path in VAULT.rglob("*") if path.is_file()}
-        self.assertEqual(files, {store.file for store in STORES})
+        self.assertEqual(files, {store.file for store in FILES})
 
     def test_writing_again_changes_nothing(self):
         with tempfile.TemporaryDirectory() as name:
@@ -269,11 +291,11 @@ class Files(unittest.TestCase):
         with tempfile.TemporaryDirectory() as name:
             folder = Path(name)
             make_vault(folder)
-            for store in STORES:
+            for store in FILES:
                 (folder / store.file).write_bytes(b"changed")
             self.assertEqual(make_vault(folder),
-                             "".join(f"{folder / store.file}\n" for store in STORES))
-            for store in STORES:
+                             "".join(f"{folder / store.file}\n" for store in FILES))
+            for store in FILES:
                 self.assertEqual(store.held(folder), store.held(VAULT), store.file)
 
     def _state(self, folder):

@@ -177,7 +177,7 @@ protected:
         return all.try_emplace(GetParam(), GetParam()).first->second;
     }
 
-    [[nodiscard]] static std::string source() { return std::string(Host::nameOf(GetParam())); }
+    [[nodiscard]] static std::string source() { return std::string(identifier(GetParam())); }
 
     /// What comes of these arguments and paths, of which each is told something.
     [[nodiscard]] static Ended toldOf(const std::vector<std::string>& paths,
@@ -232,7 +232,7 @@ INSTANTIATE_TEST_SUITE_P(Each, ContentsTest,
                                          ImportSource::keePass, ImportSource::keePassXC,
                                          ImportSource::onePassword, ImportSource::tirel,
                                          ImportSource::firefox, ImportSource::chrome),
-                         [](const auto& test) { return std::string(Host::nameOf(test.param)); });
+                         [](const auto& test) { return std::string(identifier(test.param)); });
 
 } // namespace
 

@@ -43,6 +43,10 @@ protected:
         }
     }
 
+    [[nodiscard]] std::string file(std::string_view name, std::string_view contents) const {
+        return _folder.file(name, contents);
+    }
+
     void expectFailureOfFile(std::string_view name, std::string_view contents,
                              const std::string& why) const {
         expectFailure(_folder.file(name, contents), why);
@@ -113,6 +117,42 @@ TEST_F(HostTest, doesNotTellTheLengthOfAPassword) {
         return rellinor({"import", "--source", "lastPass", "--format", "json", path}).out;
     };
     EXPECT_EQ(json(one), json(two));
+}
+
+TEST_F(HostTest, masksNotesUnlessASourceIsNamed) {
+    const std::string path =
+        file("export.json",
+             R"({"cards":[],"notes":[{"color":0,"label":"Title","text":"s3cret"}],)"
+             R"("logins":[{"color":0,"custName":"Mail","loginName":"ann","note":"s3cret",)"
+             R"("pwd":"s3cret","url":"https://a.example"}]})");
+    for (const std::string format : {"table", "json"}) {
+        const Ended masked = rellinor({"import", "-f", format, path});
+        EXPECT_FALSE(masked.out.contains("s3cret")) << format;
+        for (const std::string_view shown : {"Title", "Mail", "ann", "https://a.example"}) {
+            EXPECT_TRUE(masked.out.contains(shown)) << format << shown;
+        }
+        EXPECT_TRUE(rellinor({"import", "-r", "-f", format, path}).out.contains("s3cret"));
+        EXPECT_TRUE(rellinor({"import", "-s", "tirel", "-f", format, path}).out.contains("s3cret"));
+    }
+}
+
+TEST_F(HostTest, exportsNothingThatIsStillEncryptedUnlessAsked) {
+    for (const std::string store : {"/Firefox/current.profile", "/Firefox/old.profile"}) {
+        const std::string path = RELLINOR_EXAMPLES + store;
+        const Ended refused = rellinor({"import", "-f", "tirel", path});
+        EXPECT_EQ(refused.status, 1);
+        EXPECT_EQ(refused.out, "{\"logins\":[],\"notes\":[],\"cards\":[]}\n");
+        EXPECT_TRUE(refused.errors.contains("still encrypted")) << refused.errors;
+        const Ended exported = rellinor({"import", "-f", "tirel", "--encrypted", path});
+        EXPECT_EQ(exported.status, 0);
+        EXPECT_TRUE(exported.out.contains("\"pwd\":\"M"));
+    }
+}
+
+TEST_F(HostTest, failsForALossOnlyIfThatIsAsked) {
+    const std::string path = file("export.1pif", "{\"typeName\":\"system.folder.Regular\"}\n");
+    EXPECT_EQ(rellinor({"import", "-l", "1password-1pif", path}).status, 0);
+    EXPECT_EQ(rellinor({"import", "-l", "1password-1pif", "--strict", path}).status, 1);
 }
 
 TEST_F(HostTest, alignsATableByDisplayWidth) {
@@ -255,12 +295,13 @@ TEST_F(HostTest, namesTheNearestOption) {
               "\"--formt\" is not known; did you mean --format? (rellinor import --help tells "
               "more)");
     EXPECT_EQ(complaint({"detect", "--source", "auto", "a"}),
-              "\"--source\" is not known; the only option is --help (rellinor detect --help tells "
+              "\"--source\" is not known; the options are --help and --format (rellinor detect "
+              "--help tells "
               "more)");
-    EXPECT_EQ(
-        complaint({"check", "-x", "a"}),
-        "\"-x\" is not known; the options are --help, --source and --layout (rellinor check --help "
-        "tells more)");
+    EXPECT_EQ(complaint({"check", "-x", "a"}),
+              "\"-x\" is not known; the options are --help, --source, --layout and --format "
+              "(rellinor check --help "
+              "tells more)");
 }
 
 TEST_F(HostTest, namesTheNearestCommand) {

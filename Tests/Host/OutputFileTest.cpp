@@ -1,18 +1,26 @@
 #include "Host/OutputFile.hpp"
 
+#include <algorithm>
+#include <array>
 #include <cstddef>
 #include <filesystem>
+#include <initializer_list>
 #include <ios>
+#include <iterator>
 #include <string>
 #include <vector>
 
 #include <signal.h> // NOLINT(modernize-deprecated-headers): SIGXFSZ is POSIX
+#include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <gtest/gtest.h>
 
 #include "Tests/Support/Descriptors.hpp"
 #include "Tests/Support/Limits.hpp"
+#include "Tests/Support/NoUnnamedFiles.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 
 namespace Rellinor::Host {
@@ -41,8 +49,16 @@ mode_t modeOf(const std::filesystem::path& file) {
     return ::lstat(file.c_str(), &status) == 0 ? status.st_mode & 07777U : 0;
 }
 
-class OutputFileTest : public testing::Test {
+/// Whether the C library keeps a signal to itself.
+bool isOfCLibrary(int signal) {
+    return signal > SIGSYS && signal < SIGRTMIN;
+}
+
+/// On a system that has files without names, and on one that has none.
+class OutputFileTest : public testing::TestWithParam<bool> {
 protected:
+    OutputFileTest() : _noUnnamed(!GetParam()) {}
+
     [[nodiscard]] const Tests::TemporaryFolder& folder() const { return _folder; }
 
     [[nodiscard]] std::string path() const { return _folder / "out"; }
@@ -83,24 +99,67 @@ protected:
         EXPECT_EQ(entries().size(), count);
     }
 
+    /// The signal that ends a process which has written half of a file, if it gets these at once.
+    [[nodiscard]] int endOf(std::initializer_list<int> signals) const {
+        std::array<int, 2> ready{};
+        EXPECT_EQ(::pipe(ready.data()), 0);
+        const pid_t process = ::fork();
+        if (process == 0) {
+            stopHalfWay(ready[1]);
+        }
+        ::close(ready[1]);
+        char byte = 0;
+        EXPECT_EQ(::read(ready[0], &byte, 1), 1);
+        ::close(ready[0]);
+        for (const int signal : signals) {
+            ::kill(process, signal);
+        }
+        int status = 0;
+        EXPECT_EQ(::waitpid(process, &status, 0), process);
+        return WIFSIGNALED(status) ? WTERMSIG(status) : 0;
+    }
+
 private:
+    /// Writes half of a file, says so, and waits for a signal.
+    [[noreturn]] void stopHalfWay(int ready) const {
+        const rlimit none{};
+        ::setrlimit(RLIMIT_CORE, &none);
+        for (int signal = 1; signal < NSIG; ++signal) {
+            ::signal(signal, SIG_DFL); // some may be ignored, or a sanitizer's
+        }
+        OutputFile file(path(), Existing::kept);
+        file.stream() << "half";
+        file.stream().flush();
+        if (::write(ready, "", 1) == 1) {
+            for (;;) {
+                ::pause();
+            }
+        }
+        ::_exit(1);
+    }
+
     Tests::TemporaryFolder _folder;
+    Tests::NoUnnamedFiles _noUnnamed;
 };
+
+INSTANTIATE_TEST_SUITE_P(Each, OutputFileTest, testing::Bool(), [](const auto& test) {
+    return std::string(test.param ? "withoutAName" : "underAnotherName");
+});
 
 // Writing
 
-TEST_F(OutputFileTest, holdsWhatWasWritten) {
+TEST_P(OutputFileTest, holdsWhatWasWritten) {
     write("one\ntwo\n");
     EXPECT_EQ(contentsOf(path()), "one\ntwo\n");
     EXPECT_EQ(entries().size(), 1);
 }
 
-TEST_F(OutputFileTest, mayBeEmpty) {
+TEST_P(OutputFileTest, mayBeEmpty) {
     write("");
     EXPECT_EQ(contentsOf(path()), "");
 }
 
-TEST_F(OutputFileTest, holdsALongTextInPiecesOfAnySize) {
+TEST_P(OutputFileTest, holdsALongTextInPiecesOfAnySize) {
     std::string expected;
     OutputFile file(path(), Existing::kept);
     for (std::size_t size = 1; expected.size() < mebibyte; size = size * 3 % 70001) {
@@ -114,7 +173,7 @@ TEST_F(OutputFileTest, holdsALongTextInPiecesOfAnySize) {
     EXPECT_TRUE(contentsOf(path()) == expected + "end");
 }
 
-TEST_F(OutputFileTest, isForItsOwnerAlone) {
+TEST_P(OutputFileTest, isForItsOwnerAlone) {
     for (const mode_t mask : {0000U, 0022U, 0077U}) {
         const Umask umask(mask);
         write("secret", Existing::replaced);
@@ -122,17 +181,18 @@ TEST_F(OutputFileTest, isForItsOwnerAlone) {
     }
 }
 
-TEST_F(OutputFileTest, isForItsOwnerAloneFromTheBeginning) {
+TEST_P(OutputFileTest, isForItsOwnerAloneFromTheBeginning) {
     const Umask umask(0000);
     OutputFile file(path(), Existing::kept);
     file.stream() << "secret";
     file.stream().flush();
-    ASSERT_EQ(entries().size(), 1);
-    EXPECT_EQ(contentsOf(entries().front()), "secret");
-    EXPECT_EQ(modeOf(entries().front()), 0600U);
+    for (const std::filesystem::path& entry : entries()) { // none if it has no name
+        EXPECT_EQ(contentsOf(entry), "secret");
+        EXPECT_EQ(modeOf(entry), 0600U);
+    }
 }
 
-TEST_F(OutputFileTest, isNotWholeIfItsStreamFailed) {
+TEST_P(OutputFileTest, isNotWholeIfItsStreamFailed) {
     {
         OutputFile file(path(), Existing::kept);
         file.stream().setstate(std::ios::badbit);
@@ -141,7 +201,7 @@ TEST_F(OutputFileTest, isNotWholeIfItsStreamFailed) {
     EXPECT_TRUE(entries().empty());
 }
 
-TEST_F(OutputFileTest, hasItsNameOnlyWhenItIsWhole) {
+TEST_P(OutputFileTest, hasItsNameOnlyWhenItIsWhole) {
     OutputFile file(path(), Existing::kept);
     file.stream() << std::string(mebibyte, 'a');
     file.stream().flush();
@@ -150,7 +210,7 @@ TEST_F(OutputFileTest, hasItsNameOnlyWhenItIsWhole) {
     EXPECT_EQ(std::filesystem::file_size(path()), mebibyte);
 }
 
-TEST_F(OutputFileTest, leavesNothingBehindUnlessCommitted) {
+TEST_P(OutputFileTest, leavesNothingBehindUnlessCommitted) {
     const std::size_t descriptors = Tests::openDescriptors();
     {
         OutputFile file(path(), Existing::kept);
@@ -162,14 +222,14 @@ TEST_F(OutputFileTest, leavesNothingBehindUnlessCommitted) {
     EXPECT_EQ(Tests::openDescriptors(), descriptors);
 }
 
-TEST_F(OutputFileTest, closesItsDescriptor) {
+TEST_P(OutputFileTest, closesItsDescriptor) {
     const std::size_t descriptors = Tests::openDescriptors();
     OutputFile file(path(), Existing::kept);
     file.commit();
     EXPECT_EQ(Tests::openDescriptors(), descriptors);
 }
 
-TEST_F(OutputFileTest, mayStandInTheCurrentFolder) {
+TEST_P(OutputFileTest, mayStandInTheCurrentFolder) {
     const std::filesystem::path before = std::filesystem::current_path();
     std::filesystem::current_path(folder().path());
     const std::string failure = failureOf([] {
@@ -183,16 +243,43 @@ TEST_F(OutputFileTest, mayStandInTheCurrentFolder) {
     EXPECT_EQ(entries().size(), 1);
 }
 
-TEST_F(OutputFileTest, mayHaveTheLongestName) {
+TEST_P(OutputFileTest, mayHaveTheLongestName) {
     const std::string name(255, 'n');
     OutputFile file(folder() / name, Existing::kept);
     file.commit();
     EXPECT_TRUE(std::filesystem::exists(folder() / name));
 }
 
+// What ends the process
+
+TEST_P(OutputFileTest, leavesNothingBehindWhicheverSignalEndsTheProcess) {
+    constexpr int others[] = {SIGKILL, SIGCHLD, SIGCONT, SIGSTOP, SIGTSTP,
+                              SIGTTIN, SIGTTOU, SIGURG,  SIGWINCH};
+    for (int signal = 1; signal <= SIGRTMAX; ++signal) {
+        if (std::ranges::find(others, signal) == std::end(others) && !isOfCLibrary(signal)) {
+            EXPECT_EQ(endOf({signal}), signal);
+            EXPECT_TRUE(entries().empty()) << signal;
+        }
+    }
+}
+
+TEST_P(OutputFileTest, leavesNothingBehindIfASecondSignalComesWhileTheFirstIsHandled) {
+    const int times = GetParam() ? 1 : 50; // without a name there is nothing to leave behind
+    for (int time = 0; time < times; ++time) {
+        EXPECT_NE(endOf({SIGTERM, SIGTERM}), 0);
+        EXPECT_NE(endOf({SIGINT, SIGUSR1, SIGINT}), 0);
+        ASSERT_TRUE(entries().empty()) << time;
+    }
+}
+
+TEST_P(OutputFileTest, thatHasNoNameIsNotLeftBehindByWhatCannotBeCaught) {
+    EXPECT_EQ(endOf({SIGKILL}), SIGKILL);
+    EXPECT_EQ(entries().size(), GetParam() ? 0 : 1);
+}
+
 // What exists. A pipe stands for every device: a test that fails must not cost root a real one.
 
-TEST_F(OutputFileTest, keepsAFileOrLink) {
+TEST_P(OutputFileTest, keepsAFileOrLink) {
     expectKept(folder().file("file", "old"));
     EXPECT_EQ(contentsOf(folder() / "file"), "old");
 
@@ -204,7 +291,7 @@ TEST_F(OutputFileTest, keepsAFileOrLink) {
     EXPECT_FALSE(std::filesystem::exists(folder() / "nowhere"));
 }
 
-TEST_F(OutputFileTest, keepsWhateverCameMeanwhile) {
+TEST_P(OutputFileTest, keepsWhateverCameMeanwhile) {
     const std::string message = path() + ": exists already; --force replaces it";
     {
         OutputFile file(path(), Existing::kept);
@@ -225,7 +312,7 @@ TEST_F(OutputFileTest, keepsWhateverCameMeanwhile) {
     EXPECT_EQ(entries().size(), 1);
 }
 
-TEST_F(OutputFileTest, replacesAFileWhole) {
+TEST_P(OutputFileTest, replacesAFileWhole) {
     static_cast<void>(folder().file("out", "old and longer"));
     std::filesystem::permissions(path(), std::filesystem::perms::all);
     {
@@ -240,7 +327,7 @@ TEST_F(OutputFileTest, replacesAFileWhole) {
     EXPECT_EQ(entries().size(), 1);
 }
 
-TEST_F(OutputFileTest, replacesNothingUnlessCommitted) {
+TEST_P(OutputFileTest, replacesNothingUnlessCommitted) {
     static_cast<void>(folder().file("out", "old"));
     {
         OutputFile file(path(), Existing::replaced);
@@ -250,7 +337,7 @@ TEST_F(OutputFileTest, replacesNothingUnlessCommitted) {
     EXPECT_EQ(entries().size(), 1);
 }
 
-TEST_F(OutputFileTest, replacesALinkAndDoesNotFollowIt) {
+TEST_P(OutputFileTest, replacesALinkAndDoesNotFollowIt) {
     static_cast<void>(folder().file("target", "old"));
     for (const std::string target : {"target", "nowhere"}) {
         std::filesystem::remove(path());
@@ -263,7 +350,7 @@ TEST_F(OutputFileTest, replacesALinkAndDoesNotFollowIt) {
     EXPECT_FALSE(std::filesystem::exists(folder() / "nowhere"));
 }
 
-TEST_F(OutputFileTest, keepsWhateverElseExists) {
+TEST_P(OutputFileTest, keepsWhateverElseExists) {
     std::filesystem::create_directory(folder() / "folder");
     expectNotReplaced(folder() / "folder");
     expectNotReplaced(folder() / "folder/");
@@ -273,7 +360,7 @@ TEST_F(OutputFileTest, keepsWhateverElseExists) {
     expectNotReplaced(folder() / "pipe");
 }
 
-TEST_F(OutputFileTest, keepsALinkToWhateverElseExists) {
+TEST_P(OutputFileTest, keepsALinkToWhateverElseExists) {
     std::filesystem::create_directory(folder() / "folder");
     ASSERT_EQ(::mkfifo((folder() / "pipe").c_str(), 0600), 0);
     for (const std::string target : {"folder", "pipe"}) {
@@ -286,7 +373,7 @@ TEST_F(OutputFileTest, keepsALinkToWhateverElseExists) {
     }
 }
 
-TEST_F(OutputFileTest, doesNotReplaceAFolderThatCameMeanwhile) {
+TEST_P(OutputFileTest, doesNotReplaceAFolderThatCameMeanwhile) {
     {
         OutputFile file(path(), Existing::replaced);
         std::filesystem::create_directory(path());
@@ -299,7 +386,7 @@ TEST_F(OutputFileTest, doesNotReplaceAFolderThatCameMeanwhile) {
 
 // What cannot be written
 
-TEST_F(OutputFileTest, saysAtOnceThatAFolderCannotBeWrittenTo) {
+TEST_P(OutputFileTest, saysAtOnceThatAFolderCannotBeWrittenTo) {
     static_cast<void>(folder().file("file", ""));
     for (const std::string& path :
          {folder() / "missing/out", folder() / "missing/", folder() / "file/out",
@@ -332,12 +419,14 @@ private:
     void (*_signal)(int);
 };
 
-TEST_F(OutputFileOnAFullDiskTest, holdsWhatFits) {
+INSTANTIATE_TEST_SUITE_P(Each, OutputFileOnAFullDiskTest, testing::Bool());
+
+TEST_P(OutputFileOnAFullDiskTest, holdsWhatFits) {
     EXPECT_EQ(failureOfWriting(std::size_t{100} << 10U, Existing::kept), "");
     EXPECT_EQ(std::filesystem::file_size(path()), std::size_t{100} << 10U);
 }
 
-TEST_F(OutputFileOnAFullDiskTest, leavesNothingOfWhatDoesNotFit) {
+TEST_P(OutputFileOnAFullDiskTest, leavesNothingOfWhatDoesNotFit) {
     const std::size_t descriptors = Tests::openDescriptors();
     // One byte too many, which shows at the end; and so many that it shows on the way.
     for (const std::size_t size : {(std::size_t{100} << 10U) + 1, mebibyte}) {
@@ -348,14 +437,14 @@ TEST_F(OutputFileOnAFullDiskTest, leavesNothingOfWhatDoesNotFit) {
     EXPECT_EQ(Tests::openDescriptors(), descriptors);
 }
 
-TEST_F(OutputFileOnAFullDiskTest, keepsWhatWasToBeReplaced) {
+TEST_P(OutputFileOnAFullDiskTest, keepsWhatWasToBeReplaced) {
     static_cast<void>(folder().file("out", "old"));
     EXPECT_NE(failureOfWriting(mebibyte, Existing::replaced), "");
     EXPECT_EQ(contentsOf(path()), "old");
     EXPECT_EQ(entries().size(), 1);
 }
 
-TEST_F(OutputFileOnAFullDiskTest, doesNotGoOnAfterAFailure) {
+TEST_P(OutputFileOnAFullDiskTest, doesNotGoOnAfterAFailure) {
     OutputFile file(path(), Existing::kept);
     {
         const FileSizeLimit limit(1);

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 #include <condition_variable>
 #include <filesystem>
 #include <functional>
@@ -25,8 +26,11 @@
 
 #include "Tests/Memory/MemorySearch.hpp"
 #include "Tests/Memory/OwnMemory.hpp"
+#include "Tests/Memory/Registers.hpp"
 #include "Tests/Memory/Store.hpp"
+#include "Tests/Support/OtherProcess.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
+#include "Tests/Support/Zip.hpp"
 
 // No secret outlives its record, anywhere in the memory of the process: exports full of canaries
 // are imported, and all memory is searched for them while the records live and when they are gone.
@@ -37,7 +41,7 @@ namespace Rellinor::Tests {
 namespace {
 
 /// A thread that does what it is told and stands still in between, so that its stack can be
-/// searched.
+/// searched, and what its registers were.
 class StandingThread {
 public:
     StandingThread() {
@@ -83,6 +87,7 @@ private:
             isLast = !*_work;
             if (!isLast) {
                 (*_work)();
+                keepRegisters();
             }
             _work = nullptr;
             _changed.notify_all();
@@ -232,6 +237,77 @@ TEST_P(SecretsTest, areGoneWithTheResultOfTheCInterface) {
     ::rellinor_importer_free(importer);
 }
 
+TEST_P(SecretsTest, areNowhereOnceAFileIsDetected) {
+    _thread.ask([&] { static_cast<void>(detect(ExportFile::atPath(_path))); });
+    expectNothing();
+}
+
+/// A file of a layout that no source has: an archive, unpacked by zlib, or XML, read by Expat.
+struct LayoutStore {
+    std::string_view name;
+    Layout layout;
+    std::string_view text; ///< a template, of the member in an archive; of XML with braces for tags
+    bool isArchive;
+};
+
+constexpr auto layoutStores = std::to_array<LayoutStore>({
+    {.name = "bitwardenZip",
+     .layout = Layout::bitwardenZip,
+     .text = R"({"folders":[{"id":"<101>","name":"<1n>"}],"items":[{"type":1,"id":"<102u:64>",)"
+             R"("name":"<2>","notes":"<3n:20000>","login":{"username":"<4>","password":"<5u:300>",)"
+             R"("totp":"<6>","fido2Credentials":["<103:3000>"]},"folderId":"<101>"}]})",
+     .isArchive = true},
+    {.name = "bitwardenZipThatIsCut",
+     .layout = Layout::bitwardenZip,
+     .text = R"({"items":[{"type":1,"name":"<101n>","notes":"<102n:20000>)",
+     .isArchive = true},
+    {.name = "keePassXML",
+     .layout = Layout::keePassXML,
+     .text = "{KeePassFile}{!-- <101:5000> --}{Root}{Group}{Name}<1>{/Name}{Entry}"
+             "{String}{Key}Title{/Key}{Value a='<102:300>'}<2>{/Value}{/String}"
+             "{String}{Key}Notes{/Key}{Value}<3:20000>&amp;<4>{/Value}{/String}"
+             "{String}{Key}<5>{/Key}{Value}{![CDATA[<6:3000>]]}{/Value}{/String}"
+             "{UUID}<103>{/UUID}{/Entry}{/Group}{/Root}{/KeePassFile}",
+     .isArchive = false},
+    {.name = "keePassXMLThatIsCut",
+     .layout = Layout::keePassXML,
+     .text = "{KeePassFile}{Root}{Group}{Name}<101>{/Name}{Entry}{Value}<102:20000>",
+     .isArchive = false},
+});
+
+class LayoutSecretsTest : public testing::TestWithParam<LayoutStore> {};
+
+TEST_P(LayoutSecretsTest, areGoneWithTheRecords) {
+    const std::uint32_t family = families++;
+    const std::vector<Canary> canaries = canariesIn(GetParam().text, family);
+    const MemorySearch search(canaries);
+    const TemporaryFolder folder;
+    StandingThread thread;
+    dieAfter([&] {
+        std::string text = expanded(GetParam().text, family);
+        if (!GetParam().isArchive) {
+            std::ranges::replace(text, '{', '<');
+            std::ranges::replace(text, '}', '>');
+        }
+        const ZipFile member{.name = "data.json", .contents = text, .isDeflated = true};
+        (void)folder.file("export", GetParam().isArchive ? zipOf({member}) : text);
+    });
+    std::optional<ImportedExport> result;
+    thread.ask([&] {
+        result = readExport(ExportFile::atPath(folder / "export"),
+                            {.as = GetParam().layout, .onProgress = {}, .limits = {}});
+    });
+    EXPECT_EQ(result->records.has_value(), !GetParam().name.contains("Cut"));
+    if (result->records) {
+        const std::set<std::uint32_t> there = search.search(thread.stack()).anywhere();
+        for (const std::uint32_t number : deliveredOf(canaries)) {
+            EXPECT_TRUE(there.contains(number)) << number;
+        }
+    }
+    thread.ask([&] { result.reset(); });
+    EXPECT_EQ(search.search(thread.stack()), Found());
+}
+
 /// A small store runs through the same places as a large one.
 class SecretsWithoutMemoryTest : public SecretsTest {};
 
@@ -339,6 +415,10 @@ std::vector<std::size_t> storesOfTirel() {
 const auto everyStore = testing::Range<std::size_t>(0, allStores().size());
 
 INSTANTIATE_TEST_SUITE_P(Each, SecretsTest, testing::Combine(everyStore, testing::Bool()), nameOf);
+INSTANTIATE_TEST_SUITE_P(Each, LayoutSecretsTest, testing::ValuesIn(layoutStores),
+                         [](const testing::TestParamInfo<LayoutStore>& parameter) {
+                             return std::string(parameter.param.name);
+                         });
 INSTANTIATE_TEST_SUITE_P(Each, TirelSecretsTest,
                          testing::Combine(testing::ValuesIn(storesOfTirel()), testing::Bool()),
                          nameOf);

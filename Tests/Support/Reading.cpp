@@ -84,8 +84,10 @@ std::string Reading::texts() const {
     return texts;
 }
 
-Reading readingOf(Layout layout, const ExportFile& file) {
-    ImportedExport read = readExport(file, {.as = layout});
+namespace {
+
+Reading readingAs(const ReadAs& as, const ExportFile& file) {
+    ImportedExport read = readExport(file, {.as = as});
     Reading reading{.records = copyOf(read.records), .extras = {}, .report = read.report};
     for (std::size_t index = 0; index < reading.records.passwords.size(); ++index) {
         reading.extras.push_back(linesOf(read.extras.ofPassword(index)));
@@ -102,6 +104,16 @@ Reading readingOf(Layout layout, const ExportFile& file) {
     }
     EXPECT_EQ(reading.report.recordCount(), accounted);
     return reading;
+}
+
+} // namespace
+
+Reading readingOf(std::string_view text) {
+    return readingAs({}, ExportFile::inMemory(text, "export"));
+}
+
+Reading readingOf(Layout layout, const ExportFile& file) {
+    return readingAs(layout, file);
 }
 
 Reading readingOf(Layout layout, std::string_view text) {

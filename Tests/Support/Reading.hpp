@@ -28,7 +28,10 @@ struct Reading {
     [[nodiscard]] std::string texts() const;
 };
 
-/// Reads a text as a layout. Expects every raw record to be accounted for.
+/// Reads a text as what it is taken for. Expects every raw record to be accounted for.
+[[nodiscard]] Reading readingOf(std::string_view text);
+
+/// Reads a text as a layout.
 [[nodiscard]] Reading readingOf(Layout layout, std::string_view text);
 [[nodiscard]] Reading readingOf(Layout layout, const ExportFile& file);
 

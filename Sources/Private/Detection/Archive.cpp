@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "Private/Detection/Recognisers.hpp"
+#include "Private/Proxies/ZipDirectory.hpp"
 #include "Private/Text/Letters.hpp"
 
 namespace Rellinor {
@@ -13,11 +14,6 @@ using namespace std::string_view_literals;
 
 /// The most bytes of the list of members that are looked at: those of some thousand members.
 constexpr std::size_t sizeOfList = std::size_t{256} * 1024;
-
-constexpr std::size_t sizeOfEndRecord = 22;
-constexpr std::size_t sizeOfEntry = 46;
-constexpr std::string_view signatureOfEndRecord = "PK\5\6";
-constexpr std::string_view signatureOfEntry = "PK\1\2";
 
 /// What the members of an archive tell. The first that is there counts.
 struct KnownMember {
@@ -67,37 +63,6 @@ constexpr KnownMember knownMembers[] = {
      "a file of an office program", saveAsCSV},
 };
 
-std::uint32_t number(std::string_view bytes, std::size_t at, std::size_t size) noexcept {
-    std::uint32_t value = 0;
-    for (std::size_t i = size; i > 0; --i) {
-        value = (value << 8U) | static_cast<unsigned char>(bytes[at + i - 1]);
-    }
-    return value;
-}
-
-/// Whether a member has this name, in any folder of the archive.
-bool isNamed(std::string_view member, std::string_view name) noexcept {
-    if (member.size() < name.size()) {
-        return false;
-    }
-    const std::size_t begin = member.size() - name.size();
-    return sameIgnoringCase(member.substr(begin), name) && (begin == 0 || member[begin - 1] == '/');
-}
-
-/// Calls `tell` for each member that a list names, with its name and whether it is encrypted.
-void forEachMember(std::string_view list, auto&& tell) {
-    while (list.size() >= sizeOfEntry && list.starts_with(signatureOfEntry)) {
-        const std::size_t sizeOfName = number(list, 28, 2);
-        const std::size_t size =
-            sizeOfEntry + sizeOfName + number(list, 30, 2) + number(list, 32, 2);
-        if (list.size() - sizeOfEntry < sizeOfName) {
-            return;
-        }
-        tell(list.substr(sizeOfEntry, sizeOfName), (number(list, 8, 2) & 1U) != 0);
-        list.remove_prefix(std::min(size, list.size()));
-    }
-}
-
 bool hasExtension(std::string_view name, std::string_view extension) noexcept {
     return name.size() > extension.size() &&
            sameIgnoringCase(name.substr(name.size() - extension.size()), extension);
@@ -128,18 +93,18 @@ struct Contents {
 Contents contentsOf(std::string_view list) {
     Contents contents;
     bool isAnyEncrypted = false;
-    forEachMember(list, [&](std::string_view name, bool isEncrypted) {
-        isAnyEncrypted = isAnyEncrypted || isEncrypted;
+    while (const auto member = nextZipMember(list)) {
+        isAnyEncrypted = isAnyEncrypted || member->isEncrypted;
         for (std::size_t i = 0; i < contents.known.size(); ++i) {
-            if (isNamed(name, knownMembers[i].name)) {
+            if (member->isNamed(knownMembers[i].name)) {
                 contents.known.at(i) = true;
                 contents.hasKnown = true;
-                contents.isEncrypted = contents.isEncrypted || isEncrypted;
+                contents.isEncrypted = contents.isEncrypted || member->isEncrypted;
             }
         }
-        std::size_t& count = contents.countFor(name);
-        count += name.ends_with('/') ? 0U : 1U;
-    });
+        std::size_t& count = contents.countFor(member->name);
+        count += member->isFolder() ? 0U : 1U;
+    }
     contents.isEncrypted = contents.hasKnown ? contents.isEncrypted : isAnyEncrypted;
     return contents;
 }
@@ -180,46 +145,34 @@ Detection detectKinds(const Contents& contents) noexcept {
     return unknown("a ZIP archive", "unpack it, and look at what is in it");
 }
 
-/// The list of members as far as it is looked at; absent if the archive has none.
-std::optional<FilePart> listOf(const FileParts& file) {
-    constexpr std::size_t longestComment = 0xFFFF;
-
-    const std::uint64_t size = file.size();
-    const std::uint64_t begin =
-        size - std::min<std::uint64_t>(size, sizeOfEndRecord + longestComment);
-    const auto end = file.part(begin, sizeOfEndRecord + longestComment);
-    if (!end || end->bytes().size() < sizeOfEndRecord) {
-        return std::nullopt;
-    }
-    const std::size_t last = end->bytes().size() - sizeOfEndRecord;
-    const std::size_t record = end->bytes().rfind(signatureOfEndRecord, last);
-    if (record == std::string_view::npos) {
-        return std::nullopt;
-    }
-    const std::size_t count = number(end->bytes(), record + 10, 2);
-    const std::size_t sizeOfAll = number(end->bytes(), record + 12, 4);
-    auto list = file.part(number(end->bytes(), record + 16, 4), std::min(sizeOfAll, sizeOfList));
-    const bool isSound = list && (count == 0 || list->bytes().starts_with(signatureOfEntry));
-    return isSound ? std::move(list) : std::nullopt;
-}
-
-} // namespace
-
-std::optional<Detection> detectArchive(const FileParts& file, std::string_view beginning) {
-    if (!beginning.starts_with("PK\3\4") && !beginning.starts_with(signatureOfEndRecord)) {
-        return std::nullopt;
-    }
-    const auto list = listOf(file);
-    if (!list) {
-        return obstructed(FailureReason::damaged, "a ZIP archive without a list of its files");
-    }
-    const Contents contents = contentsOf(list->bytes());
+Detection detectMembers(const Contents& contents) noexcept {
     for (std::size_t i = 0; i < contents.known.size(); ++i) {
         if (contents.known.at(i)) {
             return detectionOf(knownMembers[i], contents.isEncrypted);
         }
     }
     return detectKinds(contents);
+}
+
+} // namespace
+
+std::optional<Detection> detectArchive(const FileParts& file, std::string_view beginning) {
+    if (!isZip(beginning)) {
+        return std::nullopt;
+    }
+    const auto place = zipListOf(file);
+    if (!place) {
+        return obstructed(place.error(), "a ZIP archive without a list of its files");
+    }
+    const auto list = file.part(place->begin, std::min(place->size, sizeOfList));
+    if (!list) {
+        return obstructed(FailureReason::unreadable);
+    }
+    Detection found = detectMembers(contentsOf(list->bytes()));
+    if (!hasArchives && found.obstacle == FailureReason::none) {
+        found.obstacle = FailureReason::notBuiltIn;
+    }
+    return found;
 }
 
 } // namespace Rellinor

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "Private/Detection/FileParts.hpp"
+#include "Private/Detection/Beginning.hpp"
 
 namespace Rellinor {
 

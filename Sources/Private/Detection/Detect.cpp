@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <string>
 
+#include "Platform/WipedStack.hpp"
 #include "Private/Detection/Recognisers.hpp"
 #include "Private/Proxies/ExportContents.hpp"
 
@@ -38,6 +39,27 @@ Detection detectFile(const FileParts& file, std::string_view name) {
     return found.layout ? found : detectName(name).value_or(found);
 }
 
+// Kept out of line: what the detection had on the stack lies beyond the end of the caller's frame.
+[[gnu::noinline]] Detection detected(const ExportFile& file) {
+    if (!file.url()) {
+        return detectFile(FileParts(file.bytes()), file.name());
+    }
+    const std::string path(file.url()->path());
+    // Only what is a regular file is opened: to open a device may do something.
+    const auto kind = kindOfFile(path);
+    if (!kind) {
+        return obstructed(reasonOf(kind.error()));
+    }
+    if (*kind == FileKind::folder) {
+        return detectFolder(*file.url());
+    }
+    if (*kind == FileKind::other) {
+        return obstructed(FailureReason::notAFile, "a device, pipe or socket");
+    }
+    const auto opened = FileParts::of(file);
+    return opened ? detectFile(*opened, path) : obstructed(opened.error());
+}
+
 } // namespace
 
 Detection detectText(Beginning beginning) {
@@ -65,24 +87,9 @@ Detection detectText(Beginning beginning) {
 }
 
 Detection detect(const ExportFile& file) {
-    if (!file.url()) {
-        return detectFile(FileParts(file.bytes()), file.name());
-    }
-    const std::string path(file.url()->path());
-    // Only what is a regular file is opened: to open a device may do something.
-    const auto kind = kindOfFile(path);
-    if (!kind) {
-        return obstructed(reasonOf(kind.error()));
-    }
-    if (*kind == FileKind::folder) {
-        return detectFolder(*file.url());
-    }
-    if (*kind == FileKind::other) {
-        return obstructed(FailureReason::notAFile, "a device, pipe or socket");
-    }
-    auto opened = OpenFile::at(path);
-    return opened ? detectFile(FileParts(*std::move(opened)), path)
-                  : obstructed(reasonOf(opened.error()));
+    Detection found = detected(file);
+    wipeStack();
+    return found;
 }
 
 } // namespace Rellinor

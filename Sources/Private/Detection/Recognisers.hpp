@@ -6,7 +6,9 @@
 #include <Rellinor/Detection.hpp>
 #include <Rellinor/URL.hpp>
 
-#include "Private/Detection/FileParts.hpp"
+#include "Private/Detection/Beginning.hpp"
+#include "Private/Detection/BuiltIn.hpp"
+#include "Private/Proxies/FileParts.hpp"
 
 // A recogniser for each kind of file; they are asked one after the other. Of a file of another kind
 // a recogniser returns nothing, and the next is asked. Of one of its own kind it returns what it
@@ -35,7 +37,7 @@ inline constexpr std::string_view saveAsUTF8 = "save the file as UTF-8";
     return obstructed(FailureReason::unknown, evidence, advice);
 }
 
-/// A layout, with the obstacle that it is not read if that is so.
+/// A layout, with the obstacle that it is not read or not built in if that is so.
 [[nodiscard]] inline Detection recognised(Layout layout, Confidence confidence,
                                           std::string_view product,
                                           std::string_view evidence) noexcept {
@@ -44,7 +46,10 @@ inline constexpr std::string_view saveAsUTF8 = "save the file as UTF-8";
     detection.confidence = confidence;
     detection.product = product;
     detection.evidence = evidence;
-    detection.obstacle = isRead(layout) ? FailureReason::none : FailureReason::notRead;
+    if (!isRead(layout)) {
+        detection.obstacle =
+            isLeftOutOfBuild(layout) ? FailureReason::notBuiltIn : FailureReason::notRead;
+    }
     return detection;
 }
 

@@ -1,55 +1,50 @@
 #pragma once
 
-#include <cstdint>
-#include <optional>
 #include <span>
-#include <string_view>
 
-#include <Rellinor/Layout.hpp>
-#include <Rellinor/Models/ImportSource.hpp>
+#include "Private/Importers/CSVLayout.hpp"
 
 namespace Rellinor {
 
-/// The names of columns, in lower case.
-using ColumnNames = std::span<const std::string_view>;
+/// The tables of the layouts that a header tells, those of one product together. A layout may have
+/// several, one for each kind of file that it stands for.
+[[nodiscard]] std::span<const CSVLayout* const> csvLayouts() noexcept;
 
-/// Columns beside those that a layout knows, which a header may have all the same.
-enum class OtherColumns : std::uint8_t {
-    any,  ///< the required names are used by no other product
-    few,  ///< fewer than the known ones
-    none, ///< the required names are usual ones
-};
+/// The tables of the layouts that are read when they are asked for alone: they have no header.
+[[nodiscard]] std::span<const CSVLayout* const> csvLayoutsWithoutHeader() noexcept;
 
-/// A CSV file that a product writes, with a header. Names are compared without regard to case and
-/// surrounding blanks, in any order.
-struct CSVLayout {
-    Layout layout;
-    OtherColumns others = OtherColumns::any;
-    /// The specified import that takes a header of `exactNames`, in any order.
-    std::optional<ImportSource> source = std::nullopt;
-    std::string_view product;
-    ColumnNames required;        ///< all of them have to be there
-    ColumnNames optional;        ///< what the product writes besides, in some of its versions
-    std::string_view evidence;   ///< the names that tell, for people
-    ColumnNames exactNames = {}; ///< with regard to case and blanks
-};
+/// Whether a layout has a table, one of those without a header included.
+[[nodiscard]] bool isCSV(Layout layout) noexcept;
 
-/// All of them, those of one product together. A layout may have several, one for each kind of file
-/// that it stands for.
-[[nodiscard]] std::span<const CSVLayout> csvLayouts() noexcept;
+/// Any file with usual names of columns. What no other layout knows is read by it.
+extern const CSVLayout genericCSV;
 
-/// The kinds of column that a header of no known product may name.
-enum class UsualColumn : std::uint8_t {
-    title,
-    url,
-    username,
-    password,
-    note,
-    oneTimePassword,
-    folder,
-};
+// The tables, each in the folder of its product.
+extern const CSVLayout lastPassCSV;
+extern const CSVLayout dashlaneCredentialsCSV;
+extern const CSVLayout dashlaneNotesCSV;
+extern const CSVLayout dashlanePaymentsCSV;
+extern const CSVLayout dashlaneDocumentsCSV;
+extern const CSVLayout dashlanePersonsCSV;
+extern const CSVLayout dashlaneNetworksCSV;
+extern const CSVLayout keePassCSV;
+extern const CSVLayout keePassXCCSV;
+extern const CSVLayout onePassword8CSV;
+extern const CSVLayout onePassword7MacCSV;
+extern const CSVLayout onePassword7MacChosenCSV;
+extern const CSVLayout onePassword7WindowsCSV;
+extern const CSVLayout chromiumCSV;
+extern const CSVLayout firefoxCSV;
+extern const CSVLayout olderFirefoxCSV;
+extern const CSVLayout appleCSV;
+extern const CSVLayout bitwardenCSV;
+extern const CSVLayout protonPassCSV;
+extern const CSVLayout nordPassCSV;
+extern const CSVLayout roboFormCSV;
+extern const CSVLayout strongboxCSV;
 
-/// The usual names of a kind of column. Of several in one header the first in this order counts.
-[[nodiscard]] ColumnNames usualNames(UsualColumn column) noexcept;
+extern const CSVLayout dashlanePositionalCSV;
+extern const CSVLayout enpassCSV;
+extern const CSVLayout keeperCSV;
 
 } // namespace Rellinor

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string_view>
 
 #include "Private/Proxies/CSVFileProxy.hpp"
 #include "Private/Proxies/JSONFileProxy.hpp"
@@ -39,6 +40,13 @@ inline void reportFailure(const JSONFileProxy& file, Reporter* reporter) {
         reporter->setPlaces(PlaceUnit::line, LineCounter(file.text()));
         reporter->fail(file.failure());
     }
+}
+
+/// Tells the reporter why a text gives nothing, with the line where that shows.
+inline void reportFailure(const ReadFailure& failure, std::string_view text, Reporter& reporter) {
+    reporter.setPlaces(PlaceUnit::line, LineCounter(text));
+    reporter.fail(failure);
+    reporter.setPlaces(PlaceUnit::line); // the text may go
 }
 
 /// Tells the reporter, which may be null, that positions are the numbers of records in a 1PIF file,

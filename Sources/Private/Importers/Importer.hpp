@@ -228,14 +228,11 @@ template <Importer Source>
     }
 }
 
-/// More than an import takes of the stack.
-inline constexpr std::size_t stackOfImport = std::size_t{16} * 1024;
-
-/// Reads a file and leaves nothing of it on the stack.
+/// Reads a file and leaves nothing of it on the stack and in registers.
 template <Importer Source>
 Assembled readWith(Source& source, const ExportFile& file, Reporter* reporter) {
     Assembled result = assembled(source, file, reporter);
-    wipeStack(stackOfImport);
+    wipeStack();
     return result;
 }
 

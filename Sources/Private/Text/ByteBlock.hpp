@@ -171,4 +171,17 @@ using ByteBlock = PortableByteBlock;
 
 #endif
 
+/// For each bit, the parity of the bits up to and including it.
+[[nodiscard]] constexpr std::uint64_t prefixParity(std::uint64_t bits) noexcept {
+    for (unsigned shift = 1; shift < 64; shift *= 2) {
+        bits ^= bits << shift;
+    }
+    return bits;
+}
+
+/// The bits below a place; all of them if there are no more.
+[[nodiscard]] constexpr std::uint64_t bitsBelow(std::size_t place) noexcept {
+    return place < 64 ? (std::uint64_t{1} << place) - 1 : ~std::uint64_t{0};
+}
+
 } // namespace Rellinor

@@ -4,18 +4,6 @@
 
 namespace Rellinor {
 
-namespace {
-
-/// For each bit, the parity of the bits up to and including it.
-constexpr std::uint64_t prefixParity(std::uint64_t bits) noexcept {
-    for (unsigned shift = 1; shift < 64; shift *= 2) {
-        bits ^= bits << shift;
-    }
-    return bits;
-}
-
-} // namespace
-
 void SeparatorScanner::scanNextBlock() noexcept {
     static_assert(blockSize == ByteBlock::size);
 

@@ -150,11 +150,6 @@ static_assert(RELLINOR_FINDING_NARROWED_NUMBER == std::to_underlying(FindingKind
 static_assert(RELLINOR_FINDING_HEADER_TAKEN_FOR_RECORD ==
               std::to_underlying(FindingKind::headerTakenForRecord));
 
-constexpr auto namesOfSources = std::to_array<std::string_view>(
-    {"chrome", "lastPass", "dashlane", "onePassword", "tirel", "keePass", "keePassXC", "firefox"});
-
-static_assert(namesOfSources.size() == RELLINOR_SOURCE_FIREFOX + 1);
-
 /// What a function says of a case in C++; absent if there is no such case.
 template <typename Case>
 rellinor_text said(std::string_view (*function)(Case) noexcept, std::int32_t number) noexcept {
@@ -170,9 +165,7 @@ rellinor_text said(std::string_view (*function)(Case) noexcept, std::int32_t num
 } // namespace Rellinor
 
 rellinor_text rellinor_source_name(rellinor_source source) {
-    return Rellinor::isSource(source)
-               ? Rellinor::asC(Rellinor::namesOfSources.at(static_cast<std::size_t>(source)))
-               : rellinor_text{};
+    return Rellinor::said<Rellinor::ImportSource>(Rellinor::identifier, source);
 }
 
 size_t rellinor_layout_count() {

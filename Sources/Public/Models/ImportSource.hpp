@@ -1,6 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
+#include <string_view>
+
+#include <Rellinor/Export.hpp>
 
 namespace Rellinor {
 
@@ -15,5 +19,11 @@ enum class ImportSource : std::uint8_t {
     keePassXC,   ///< the same as `keePass`
     firefox,     ///< a profile folder
 };
+
+/// All sources, in the order above.
+[[nodiscard]] RELLINOR_PUBLIC std::span<const ImportSource> allSources() noexcept;
+
+/// The short name of a source for machines, such as "lastPass"; empty for a number that is none.
+[[nodiscard]] RELLINOR_PUBLIC std::string_view identifier(ImportSource source) noexcept;
 
 } // namespace Rellinor

@@ -210,13 +210,13 @@ private:
 
 std::optional<TirelExportData> TirelExportData::decode(std::string_view text) {
     auto data = decoded(text);
-    wipeStack(stackOfImport);
+    wipeStack();
     return data;
 }
 
 std::string TirelExportData::encode() const {
     std::string text = encoded(*this);
-    wipeStack(stackOfImport);
+    wipeStack();
     return text;
 }
 

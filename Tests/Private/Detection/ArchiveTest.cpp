@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "Tests/Private/Detection/Detected.hpp"
+#include "Tests/Support/Zip.hpp"
 
 namespace Rellinor::Tests {
 
@@ -13,30 +14,14 @@ namespace {
 
 using enum Confidence;
 
-/// A number as archives write it.
-std::string number(std::size_t value, std::size_t size) {
-    std::string bytes;
-    for (; size > 0; --size, value /= 256) {
-        bytes += static_cast<char>(value % 256);
-    }
-    return bytes;
-}
-
 /// An archive of empty files with these names.
 std::string archive(const std::vector<std::string_view>& names, bool isEncrypted = false,
                     std::string_view comment = {}) {
-    std::string files;
-    std::string list;
+    std::vector<ZipFile> files;
     for (const std::string_view name : names) {
-        const std::string common = number(isEncrypted ? 1 : 0, 2) + std::string(18, '\0');
-        list += "PK\1\2" + number(20, 2) + number(20, 2) + common + number(name.size(), 2) +
-                std::string(12, '\0') + number(files.size(), 4) + std::string(name);
-        files += "PK\3\4" + number(20, 2) + common + number(name.size(), 2) + number(0, 2) +
-                 std::string(name);
+        files.push_back({.name = name, .isEncrypted = isEncrypted});
     }
-    return files + list + "PK\5\6" + number(0, 4) + number(names.size(), 2) +
-           number(names.size(), 2) + number(list.size(), 4) + number(files.size(), 4) +
-           number(comment.size(), 2) + std::string(comment);
+    return zipOf(files, comment);
 }
 
 TEST(ArchiveTest, knowsWhatProductsWrite) {
@@ -77,7 +62,7 @@ TEST(ArchiveTest, looksAtTheListOfALongArchive) {
     const std::size_t list = long_.find("PK\1\2");
     std::string text = "PK\3\4" + std::string(300'000, 'x') + long_.substr(list);
     const std::size_t end = text.find("PK\5\6");
-    text.replace(end + 16, 4, number(4 + 300'000, 4));
+    text.replace(end + 16, 4, zipNumber(4 + 300'000, 4));
     EXPECT_EQ(detected(text), layoutFound("1password-1pux"));
 }
 

@@ -158,26 +158,26 @@ TEST(ColumnsTest, endsRowsAsTheFirstEnds) {
 }
 
 TEST(ColumnsTest, needsEveryName) {
-    for (const CSVLayout& layout : csvLayouts()) {
-        for (const std::string_view missing : layout.required) {
+    for (const CSVLayout* const layout : csvLayouts()) {
+        for (const std::string_view missing : layout->required) {
             std::string header = "x";
-            for (const std::string_view name : layout.required) {
+            for (const std::string_view name : layout->required) {
                 header += name != missing ? "," + std::string(name) : "";
             }
-            EXPECT_NE(detected(header).layout, identifier(layout.layout)) << header;
+            EXPECT_NE(detected(header).layout, identifier(layout->layout)) << header;
         }
     }
 }
 
 TEST(ColumnsTest, isSureOfEveryLayoutByItsRequiredNames) {
-    for (const CSVLayout& layout : csvLayouts()) {
+    for (const CSVLayout* const layout : csvLayouts()) {
         std::string header;
-        for (const std::string_view name : layout.required) {
+        for (const std::string_view name : layout->required) {
             header += (header.empty() ? "" : ",") + std::string(name);
         }
-        EXPECT_EQ(detected(header).layout, identifier(layout.layout)) << header;
+        EXPECT_EQ(detected(header).layout, identifier(layout->layout)) << header;
         EXPECT_GE(detected(header).confidence, likely) << header;
-        EXPECT_FALSE(layout.evidence.empty() || layout.product.empty()) << header;
+        EXPECT_FALSE(layout->evidence.empty() || layout->product.empty()) << header;
     }
 }
 

@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "Private/Importers/VaultItem.hpp"
+
 namespace Rellinor {
 
 /// What becomes of an entry.
@@ -18,6 +20,7 @@ enum class OnePasswordShape : std::uint8_t {
 /// A category of entries.
 struct OnePasswordCategory {
     std::string_view typeName; ///< in a 1PIF file
+    std::string_view number;   ///< in a 1PUX file; empty if there are none there
     std::string_view name;     ///< as a person knows the category; a literal
     OnePasswordShape shape = OnePasswordShape::other;
 };
@@ -25,24 +28,18 @@ struct OnePasswordCategory {
 /// The category of that type name. One with the name "unknown kind" for any other.
 [[nodiscard]] const OnePasswordCategory& onePasswordCategoryOf(std::string_view typeName) noexcept;
 
-/// The fields of an entry that are fields of a record.
-enum class OnePasswordField : std::uint8_t {
-    username,
-    password,
-    address,
-    cardHolder,
-    cardNumber,
-    cvv,
-    pin,
-    expiry, ///< year and month in one
-    expiryMonth,
-    expiryYear,
-    none, ///< any other
-};
+/// The category that a person knows by that name. One with the name "unknown kind" for any other.
+[[nodiscard]] const OnePasswordCategory& onePasswordCategoryNamed(std::string_view name) noexcept;
+
+/// The category of that number. One with the name "unknown kind" for any other.
+[[nodiscard]] const OnePasswordCategory&
+onePasswordCategoryNumbered(std::string_view number) noexcept;
+
+/// What the category makes of an entry.
+[[nodiscard]] ItemShape itemShapeOf(OnePasswordShape shape) noexcept;
 
 /// What a field is by its name, which is the same in every language.
-[[nodiscard]] OnePasswordField onePasswordFieldOf(OnePasswordShape shape,
-                                                  std::string_view name) noexcept;
+[[nodiscard]] ItemField onePasswordFieldOf(OnePasswordShape shape, std::string_view name) noexcept;
 
 /// Whether the product hides what stands in a field of that name.
 [[nodiscard]] bool isHiddenInOnePassword(std::string_view name) noexcept;

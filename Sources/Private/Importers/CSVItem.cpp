@@ -1,0 +1,190 @@
+#include "Private/Importers/CSVItem.hpp"
+
+#include <algorithm>
+#include <optional>
+
+#include "Private/Memory/Join.hpp"
+#include "Private/Text/Letters.hpp"
+
+namespace Rellinor {
+
+namespace {
+
+using enum CSVField;
+
+/// Whether a kind has a field; of the parts of a card's date none is meant.
+constexpr bool has(CSVKind owner, CSVField field) noexcept {
+    switch (field) {
+    case title:
+    case note:
+        return true;
+    case url:
+    case username:
+    case password:
+    case passwordChange:
+        return owner == CSVKind::login;
+    case cardHolder:
+    case cardNumber:
+    case cvv:
+    case pin:
+        return owner == CSVKind::card;
+    default:
+        return false;
+    }
+}
+
+/// Whether an entry takes the place of a user name that is missing.
+bool isName(const CSVEntry& entry) noexcept {
+    return entry.field == none &&
+           (entry.extra == ExtraKind::furtherUserName || entry.extra == ExtraKind::email);
+}
+
+} // namespace
+
+void CSVItem::begin(ImportMemory& memory, Reporter& reporter) noexcept {
+    _memory = &memory;
+    _reporter = &reporter;
+    clear();
+    _unread.clear();
+    _kind = CSVKind::login;
+    _kindName = {};
+    _date = {};
+}
+
+void CSVItem::clear() noexcept {
+    _entries.clear();
+    _places = {};
+}
+
+void CSVItem::add(const CSVEntry& entry) {
+    if (entry.text.empty()) {
+        return;
+    }
+    _entries.push_back(entry);
+    std::size_t& place = _places[std::to_underlying(entry.field)];
+    place = place != 0 ? place : _entries.size();
+}
+
+void CSVItem::addAddress(const CSVEntry& cell, std::string_view address) {
+    const std::string_view known = text(url);
+    if (known != address) {
+        add({.field = known.empty() ? url : none,
+             .extra = ExtraKind::furtherURL,
+             .name = cell.name,
+             .label = cell.label,
+             .text = address});
+    }
+}
+
+std::string_view CSVItem::text(CSVField field) const noexcept {
+    const std::size_t place = _places[std::to_underlying(field)];
+    return place != 0 ? _entries[place - 1].text : std::string_view();
+}
+
+void CSVItem::settle() {
+    if (_kind == CSVKind::login && text(username).empty()) {
+        if (const auto name = std::ranges::find_if(_entries, isName); name != _entries.end()) {
+            name->field = username;
+            _places[std::to_underlying(username)] =
+                static_cast<std::size_t>(name - _entries.begin()) + 1;
+        }
+    }
+    takeFields();
+    if (_kind == CSVKind::card) {
+        takeDate();
+    }
+}
+
+/// The first text is the field's. The same text once more has arrived with it.
+void CSVItem::takeFields() noexcept {
+    for (std::size_t index = 0; index < _entries.size(); ++index) {
+        CSVEntry& entry = _entries[index];
+        if (entry.field != none && has(_kind, entry.field)) {
+            const std::size_t first = _places[std::to_underlying(entry.field)] - 1;
+            entry.isTaken = first == index || entry.text == _entries[first].text;
+        }
+    }
+}
+
+void CSVItem::takeDate() {
+    const auto read = [&](CSVField field, auto&& parse) {
+        for (CSVEntry& entry : _entries) {
+            if (entry.field != field) {
+                continue;
+            }
+            const std::string_view text = withoutBlanksAround(entry.text);
+            const std::optional<CardDate> parsed = parse(text);
+            entry.isTaken = text.empty() || parsed;
+            if (!entry.isTaken) {
+                _reporter->found(FindingKind::unreadableDate, entry.name);
+            } else if (parsed) {
+                _date.month = _date.month != 0 ? _date.month : parsed->month;
+                _date.year = _date.year != 0 ? _date.year : parsed->year;
+            }
+        }
+    };
+    read(expiry, [](std::string_view text) { return cardDate(text); });
+    read(expiryMonth, [](std::string_view text) { return cardDate(text, ""); });
+    read(expiryYear, [](std::string_view text) { return cardDate("", text); });
+}
+
+bool CSVItem::isEmpty() const noexcept {
+    return std::ranges::all_of(_entries, isFact);
+}
+
+bool CSVItem::isFact(const CSVEntry& entry) noexcept {
+    if (entry.field != none) {
+        return entry.field == passwordChange;
+    }
+    switch (entry.extra) {
+        using enum ExtraKind;
+    case folder:
+    case tag:
+    case favourite:
+    case archived:
+    case createdAt:
+    case modifiedAt:
+    case lastUsedAt:
+        return true;
+    default:
+        return false;
+    }
+}
+
+ExtraKind CSVItem::extraKindOf(const CSVEntry& entry) noexcept {
+    if (entry.extra != ExtraKind::other) {
+        return entry.extra;
+    }
+    switch (entry.field) {
+    case none:
+    case passwordChange:
+        return ExtraKind::other;
+    case url:
+        return ExtraKind::furtherURL;
+    case username:
+        return ExtraKind::furtherUserName;
+    case password:
+    case cardNumber:
+    case cvv:
+    case pin:
+        return ExtraKind::customSecret;
+    default:
+        return ExtraKind::customText;
+    }
+}
+
+std::string_view CSVItem::linesAndNote() const {
+    std::vector<std::string_view> parts;
+    for (const CSVEntry& entry : _entries) {
+        if (!entry.isTaken && !isFact(entry)) {
+            parts.insert(parts.end(), {parts.empty() ? "" : "\n", entry.label,
+                                       entry.label.empty() ? "" : ": ", entry.text});
+        }
+    }
+    if (const std::string_view own = text(note); !own.empty()) {
+        parts.insert(parts.end(), {parts.empty() ? "" : "\n\n", own});
+    }
+    return joined(parts, *_memory);
+}
+
+} // namespace Rellinor

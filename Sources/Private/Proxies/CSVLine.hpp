@@ -1,0 +1,104 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <span>
+#include <string_view>
+#include <vector>
+
+namespace Rellinor {
+
+/// The cells of one line of a CSV text, which takes several lines of the file if there are line
+/// ends inside quotes. Filled time and again without an allocation each time.
+class CSVLine {
+public:
+    /// Where the line begins in the text.
+    std::size_t begin = 0;
+    /// Whether the quote at the beginning of a cell was taken for a letter.
+    bool hasRunOnCell = false;
+
+    /// Whether another quote where none may stand was.
+    [[nodiscard]] bool hasStrayQuote() const noexcept { return _firstStray < _count; }
+
+    /// The cells without the quotes around them.
+    [[nodiscard]] std::span<const std::string_view> cells() const noexcept {
+        return std::span(_cells).first(_count);
+    }
+
+    [[nodiscard]] std::size_t count() const noexcept { return _count; }
+
+    /// Which cells hold quotes as they are written, to be undone.
+    [[nodiscard]] std::span<const std::size_t> written() const noexcept { return _written; }
+
+    void clear() noexcept {
+        keepFirst(0);
+        hasRunOnCell = false;
+        _firstStray = none;
+    }
+
+    void keepFirst(std::size_t count) noexcept {
+        _mostCount = std::max(_mostCount, _count);
+        _count = count;
+        while (!_written.empty() && _written.back() >= count) {
+            _written.pop_back();
+        }
+        if (_firstStray >= count) {
+            _firstStray = none;
+        }
+    }
+
+    /// Says that the next cell has a quote where none may stand.
+    void addStrayQuote() noexcept { _firstStray = std::min(_firstStray, _count); }
+
+    /// @throws std::bad_alloc
+    void append(std::string_view cell) {
+        if (_count == _cells.size()) {
+            _cells.resize(std::max<std::size_t>(8, 2 * _count), "");
+        }
+        _cells[_count++] = cell;
+    }
+
+    /// Appends a cell that holds quotes as they are written.
+    ///
+    /// @throws std::bad_alloc
+    void appendWritten(std::string_view cell) {
+        _written.push_back(_count);
+        append(cell);
+    }
+
+    /// Says that no cell holds quotes as they are written any more.
+    void forgetWritten() noexcept { _written.clear(); }
+
+    /// Takes over what is said of the quotes of a line that becomes a part of this one.
+    void takeDamageOf(const CSVLine& line) noexcept {
+        hasRunOnCell = hasRunOnCell || line.hasRunOnCell;
+        _firstStray = line.hasStrayQuote() ? 0 : _firstStray;
+    }
+
+    void replace(std::size_t index, std::string_view cell) noexcept { _cells[index] = cell; }
+
+    /// The cells, and empty ones if there are too few. Costs as much as there were cells lately,
+    /// not as are asked for.
+    ///
+    /// @throws std::bad_alloc
+    [[nodiscard]] std::span<const std::string_view> cellsAtLeast(std::size_t fewest) {
+        if (_cells.size() < fewest) {
+            _cells.resize(fewest, "");
+        }
+        for (; _mostCount > _count; --_mostCount) {
+            _cells[_mostCount - 1] = "";
+        }
+        return std::span(_cells).first(std::max(_count, fewest));
+    }
+
+private:
+    static constexpr auto none = static_cast<std::size_t>(-1);
+
+    std::vector<std::string_view> _cells;
+    std::size_t _count = 0;
+    std::size_t _mostCount = 0; // no cell behind it was ever written, or it is empty again
+    std::vector<std::size_t> _written;
+    std::size_t _firstStray = none; // the first cell with a quote where none may stand
+};
+
+} // namespace Rellinor

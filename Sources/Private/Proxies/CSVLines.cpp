@@ -1,0 +1,40 @@
+#include "Private/Proxies/CSVLines.hpp"
+
+namespace Rellinor {
+
+bool CSVLines::read(CSVLine& line) {
+    std::size_t delimiter = 0;
+    do { // Lines without any character are none.
+        if (_place >= _text.size()) {
+            return false;
+        }
+        line.begin = _place;
+        delimiter = _scanner.next();
+        _place = delimiter + 1;
+    } while (isEndOfRow(delimiter) && cellEnd(line.begin, delimiter) == line.begin);
+
+    line.clear();
+    for (std::size_t begin = line.begin;; delimiter = _scanner.next()) {
+        if (delimiter == CellScanner::unsound) [[unlikely]] {
+            goTo(_recovery.read(line.begin, line) + 1);
+            return true;
+        }
+        const bool isLast = isEndOfRow(delimiter);
+        const std::size_t end = isLast ? cellEnd(begin, delimiter) : delimiter;
+        const char* const cell = _text.data() + begin;
+        if (end == begin || *cell != '"') {
+            line.append({cell, end - begin});
+        } else if (_scanner.hasPair(begin, delimiter)) {
+            line.appendWritten({cell + 1, end - begin - 2});
+        } else {
+            line.append({cell + 1, end - begin - 2});
+        }
+        begin = delimiter + 1;
+        if (isLast) {
+            _place = begin;
+            return true;
+        }
+    }
+}
+
+} // namespace Rellinor
