@@ -1,8 +1,8 @@
 #include "Private/Importers/Keeper/KeeperJSON.hpp"
 
 #include <algorithm>
-#include <iterator>
 #include <array>
+#include <iterator>
 
 namespace Rellinor {
 
