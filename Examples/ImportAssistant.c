@@ -1,4 +1,4 @@
-// An import assistant in C: tells what a file is, reads it, shows what would arrive and what would not.
+// An import assistant in C: tells what a file is, reads it, shows what would arrive and what not.
 
 #include <inttypes.h>
 #include <stdio.h>
