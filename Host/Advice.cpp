@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <ranges>
 #include <span>
 #include <string_view>
+#include <tuple>
 #include <utility>
 #include <variant>
 #include <vector>
@@ -70,8 +70,8 @@ std::vector<const Finding*> gravestFirst(std::span<const Finding> findings) {
     for (const Finding& finding : findings) {
         sorted.push_back(&finding);
     }
-    std::ranges::stable_sort(sorted, std::ranges::greater(), [&](const Finding* finding) {
-        return std::pair(isGrave(*finding), finding->places.count);
+    std::ranges::sort(sorted, {}, [&](const Finding* finding) {
+        return std::tuple(!isGrave(*finding), ~finding->places.count, finding);
     });
     return sorted;
 }

@@ -243,7 +243,7 @@ std::string repeated(std::string_view part, std::size_t count) {
 }
 
 using Size = std::pair<std::size_t, std::size_t>;
-constexpr std::size_t many = affordable(500'000);
+const std::size_t many = affordable(std::size_t{500'000});
 
 TEST(CSVTableTest, readsQuotesOnly) {
     EXPECT_EQ(sizeOf("a\n" + repeated("\"", 16 * many)), (Size{1, 1}));
