@@ -28,7 +28,7 @@ static bool introduce(const char* path) {
 
 static bool tell(uint64_t done, uint64_t total, void* context) {
     (void)context;
-    fprintf(stderr, "%" PRIu64 " of %" PRIu64 "\n", done, total);
+    printf("%" PRIu64 " of %" PRIu64 "\n", done, total);
     return true; // false ends the reading
 }
 

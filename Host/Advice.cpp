@@ -76,17 +76,21 @@ std::vector<const Finding*> gravestFirst(std::span<const Finding> findings) {
     return sorted;
 }
 
+/// What a field of a browser's store holds.
+std::string_view encryptedThing(std::string_view field) {
+    if (field.contains("sername")) {
+        return "user name";
+    }
+    return field.contains("note") ? "note" : "password";
+}
+
 std::string inWords(const Finding& finding, PlaceUnit unit) {
     constexpr std::size_t mostPlaces = 3;
 
     if (finding.kind == FindingKind::stillEncrypted) {
-        const bool isName = finding.field.contains("sername");
-        const bool isNote = finding.field.contains("note");
         const std::size_t count = finding.places.count;
-        return counted(count, isName   ? "user name"
-                              : isNote ? "note"
-                                       : "password") +
-               (count == 1 ? " is" : " are") + " still encrypted";
+        return counted(count, encryptedThing(finding.field)) + (count == 1 ? " is" : " are") +
+               " still encrypted";
     }
     std::string words = described(finding, unit, mostPlaces);
     words.pop_back(); // the full stop
