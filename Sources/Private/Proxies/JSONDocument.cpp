@@ -254,15 +254,16 @@ Parsed JSONDocument::parsed(std::string_view text, JSONKeys keys, ImportMemory& 
     });
 }
 
-Parsed JSONDocument::parsedEach(std::span<const std::string_view> texts, JSONKeys keys,
-                                ImportMemory& memory) {
+Parsed JSONDocument::parsedEach(const std::function<std::optional<std::string_view>()>& next,
+                                JSONKeys keys, ImportMemory& memory) {
     NodesBuilder<JSONExtent::everything> builder(keys, memory);
     builder.beginArray();
-    for (std::size_t index = 0; index < texts.size(); ++index) {
-        JSONParser parser(texts[index], builder);
+    std::uint64_t element = 1;
+    for (auto text = next(); text; text = next(), ++element) {
+        JSONParser parser(*text, builder);
         if (!parser.parse()) {
             JSONFailure failure = parser.failure();
-            failure.element = index + 1;
+            failure.element = element;
             return std::unexpected(failure);
         }
     }

@@ -2,6 +2,8 @@
 
 #include <cstdint>
 #include <expected>
+#include <functional>
+#include <optional>
 #include <span>
 #include <string_view>
 #include <utility>
@@ -42,9 +44,11 @@ public:
     /// Parses several texts, as if they were the elements of one array, and keeps everything. A
     /// failure says in which of them, and at which offset of that one.
     ///
+    /// @param next  gives the next text, and none at the end
     /// @throws std::bad_alloc
     [[nodiscard]] static std::expected<JSONDocument, JSONFailure>
-    parsedEach(std::span<const std::string_view> texts, JSONKeys keys, ImportMemory& memory);
+    parsedEach(const std::function<std::optional<std::string_view>()>& next, JSONKeys keys,
+               ImportMemory& memory);
 
     /// The object or array that the text is.
     [[nodiscard]] JSONValue root() const noexcept { return JSONValue(*_root); }

@@ -7,7 +7,6 @@
 #include <span>
 #include <string>
 #include <utility>
-#include <vector>
 
 #include "Private/Proxies/PIFParsingError.hpp"
 #include "Private/Text/UTF8.hpp"
@@ -39,32 +38,51 @@ bool isOther(std::string_view line) noexcept {
     return line.find_first_not_of(" \t\r") != std::string_view::npos && !line.starts_with("***");
 }
 
-/// Calls `visit` with each line and its number, from 1 on.
-void forEachLine(std::string_view text, auto&& visit) {
-    std::uint64_t number = 1;
-    for (std::size_t begin = 0; begin < text.size(); ++number) {
-        const std::size_t end = std::min(text.find('\n', begin), text.size());
-        visit(text.substr(begin, end - begin), number);
-        begin = end + 1;
-    }
-}
+/// Goes from line to line.
+class LineWalk {
+public:
+    explicit LineWalk(std::string_view text) noexcept : _rest(text) {}
 
-/// Moves the lines that begin with "{" together, in place, with a comma between two of them.
+    /// Goes to the next line; false at the end.
+    bool next() noexcept {
+        if (_rest.empty()) {
+            return false;
+        }
+        _line = _rest.substr(0, _rest.find('\n'));
+        _rest.remove_prefix(std::min(_line.size() + 1, _rest.size()));
+        ++_number;
+        return true;
+    }
+
+    [[nodiscard]] std::string_view line() const noexcept { return _line; }
+
+    /// From 1 on.
+    [[nodiscard]] std::uint64_t number() const noexcept { return _number; }
+
+    /// Whether the line is a record.
+    [[nodiscard]] bool isAtRecord() const noexcept { return _line.starts_with('{'); }
+
+private:
+    std::string_view _rest;
+    std::string_view _line;
+    std::uint64_t _number = 0;
+};
+
+/// Moves the records together, in place, with a comma between two of them.
 std::span<char> joinedRecords(std::span<char> text, PIFLines* lines) {
-    const std::string_view view(text.data(), text.size());
     std::size_t kept = 0;
-    forEachLine(view, [&](std::string_view line, std::uint64_t number) {
-        if (line.starts_with('{')) {
+    for (LineWalk walk({text.data(), text.size()}); walk.next();) {
+        if (walk.isAtRecord()) {
             if (lines != nullptr) {
-                lines->add(number);
+                lines->add(walk.number());
             }
             if (kept > 0) {
                 text[kept++] = ','; // where the line before had its line feed
             }
-            std::memmove(&text[kept], line.data(), line.size());
-            kept += line.size();
+            std::memmove(&text[kept], walk.line().data(), walk.line().size());
+            kept += walk.line().size();
         }
-    });
+    }
     return text.first(kept);
 }
 
@@ -109,26 +127,32 @@ JSON PIFFileProxy::toJSON(const ExportFile& file, std::string_view topLevelKey, 
 PIFRecords PIFFileProxy::records(const ExportFile& file, JSONKeys keys, ImportMemory& memory,
                                  PIFLines* lines, std::uint64_t mostBytes) {
     const std::span<char> text = textOf(file, {}, memory, mostBytes);
-    std::vector<std::string_view> records;
+    LineWalk walk({text.data(), text.size()});
+    bool hasRecords = false;
     std::uint64_t otherLines = 0;
-    forEachLine({text.data(), text.size()}, [&](std::string_view line, std::uint64_t number) {
-        if (line.starts_with('{')) {
-            records.push_back(line);
-            if (lines != nullptr) {
-                lines->add(number);
+    const auto nextRecord = [&]() -> std::optional<std::string_view> {
+        while (walk.next()) {
+            if (walk.isAtRecord()) {
+                hasRecords = true;
+                if (lines != nullptr) {
+                    lines->add(walk.number());
+                }
+                return walk.line();
             }
-        } else if (isOther(line)) {
-            ++otherLines;
+            if (isOther(walk.line())) {
+                ++otherLines;
+            }
         }
-    });
-    if (records.empty() && otherLines > 0) {
-        throw notJSON({.reason = FailureReason::notJSON, .position = {}});
-    }
-    auto document = JSONDocument::parsedEach(records, keys, memory);
+        return std::nullopt;
+    };
+    auto document = JSONDocument::parsedEach(nextRecord, keys, memory);
     if (!document) {
         const JSONFailure& failure = document.error();
-        throw notJSON({.reason = failureOf(failure, records[failure.element - 1]).reason,
-                       .position = failure.element});
+        throw notJSON(
+            {.reason = failureOf(failure, walk.line()).reason, .position = failure.element});
+    }
+    if (!hasRecords && otherLines > 0) {
+        throw notJSON({.reason = FailureReason::notJSON, .position = {}});
     }
     return {.document = *std::move(document), .otherLines = otherLines};
 }

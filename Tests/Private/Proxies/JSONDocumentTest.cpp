@@ -182,7 +182,10 @@ TEST(JSONDocumentTest, keepsEverythingIfThatIsAskedFor) {
 TEST(JSONDocumentTest, parsesEachOfSeveralTexts) {
     ImportMemory memory;
     const auto parsed = [&](std::initializer_list<std::string_view> texts) {
-        return JSONDocument::parsedEach({texts.begin(), texts.size()}, keys, memory);
+        auto text = texts.begin();
+        return JSONDocument::parsedEach(
+            [&] { return text == texts.end() ? std::nullopt : std::optional(*text++); }, keys,
+            memory);
     };
     EXPECT_EQ(kept(parsed({R"({"a":1})", R"({"b":2})"}).value().root()), "[{a=1;}{b=2;}]");
     EXPECT_EQ(kept(parsed({}).value().root()), "[]");
