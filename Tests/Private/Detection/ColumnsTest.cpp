@@ -235,7 +235,8 @@ TEST(ColumnsTest, knowsNoOtherTable) {
     for (const std::string_view text :
          {"a,b\n1,2\n", "a,b,c,d,e\n1,2,3,4,5\n", "A,https://a.example,c,d,e\nA,b,c,d,e\nA,b,c,d,e",
           "a,b,c,d,{01234567-89AB-cdef-0123-456789ABCDEG}\n", ",,,,\n", "one\ntwo\n", "x",
-          "a,b,{01234567-89AB-cdef-0123-456789ABCDEF}\n"}) {
+          "a,b,{01234567-89AB-cdef-0123-456789ABCDEF}\n", "A,c++://a,c,d,e\n", "A,://a,c,d,e\n",
+          "A,https://a.example,https://b.example,d,e\n"}) {
         EXPECT_EQ(detected(text), Found{}) << text;
     }
 }

@@ -88,7 +88,8 @@ TEST(DetectTest, knowsWhatIsNoExport) {
           "\x1F\x8B\b\0"sv, "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1"sv, "\x80\x01\x02\x03\xFF"sv,
           "# A title\n\nSome text, and more.\n"sv, "<!DOCTYPE html><html>"sv,
           "<?xml version=\"1.0\"?><pwlist></pwlist>"sv, "<KeePassFiles>"sv,
-          "<!DOCTYPE KeePassFile><KeePassFile>"sv}) {
+          "<!DOCTYPE KeePassFile><KeePassFile>"sv, "<KeePassFile"sv,
+          "<html>url,username,password,"sv, "<KeePass"sv, "<p>"sv}) {
         EXPECT_EQ(detected(bytes), Found{}) << bytes;
     }
     for (const std::string_view bytes : {""sv, " \r\n\t\n"sv, "\xEF\xBB\xBF"sv, "\xFF\xFE"sv}) {
@@ -102,6 +103,11 @@ TEST(DetectTest, knowsTheRootOfAnXMLDocument) {
           "\uFEFF<!-- <a> -->\n<KeePassFile x=\"\">", "<KeePassFile/>"}) {
         EXPECT_EQ(detected(text), layoutFound("keepass-xml")) << text;
     }
+}
+
+TEST(DetectTest, knowsTheWebPageInWhichLastPassShowsItsExport) {
+    EXPECT_EQ(detected("<html><body><pre>url,username,password,totp,extra,name,grouping,fav\n"),
+              obstructedBy(FailureReason::wrongColumns, "lastpass-csv", certain));
 }
 
 // Encodings
@@ -131,6 +137,8 @@ TEST(DetectTest, knowsTextThatIsNotInUTF8) {
     EXPECT_EQ(detected("url,username,password,extra,name,grouping,fav\n,caf\xE9,,,,,\n"),
               obstructedBy(FailureReason::notUTF8, "lastpass-csv", certain));
     EXPECT_EQ(detected("caf\xE9\n"), obstructedBy(FailureReason::notUTF8));
+    EXPECT_EQ(detected("-----BEGIN PGP MESSAGE-----\nComment: caf\xE9\n").obstacle,
+              FailureReason::encrypted);
 }
 
 TEST(DetectTest, doesNotMindACharacterThatIsCutAtTheEndOfWhatItLooksAt) {

@@ -34,10 +34,13 @@ TEST(JSONMembersTest, knowsWhatProductsWrite) {
          proton},
         {R"({"encrypted":true,"version":"1","vaults":{}})",
          obstructedBy(FailureReason::encrypted, "protonpass-json", certain)},
+        {R"({"version":"1","vaults":{}})", proton},
+        {R"({"userId":"u","vaults":{}})", proton},
         {R"({"accounts":[{"attrs":{},"vaults":[]}]})", layoutFound("1password-1pux")},
         {R"({"version":{"major":1,"minor":0},"exporterRpId":"a.example","accounts":[]})", exchange},
         {R"({"id":"a","collections":[],"items":[{"title":"","credentials":[{"type":"note"}]}]})",
          exchange},
+        {R"({"accounts":[{"items":[{"credentials":[]}]}]})", exchange},
         {R"({"shared_folders":[],"records":[]})", layoutFound("keeper-json")},
         {R"({"records":[{"title":"Mail","$type":"login"}]})", layoutFound("keeper-json")},
         {R"({"folders":[],"items":[{"title":"Mail","template_type":"login.default"}]})",
@@ -45,6 +48,8 @@ TEST(JSONMembersTest, knowsWhatProductsWrite) {
         {R"({"metadata":{"browser_name":"Safari","data_type":"payment_cards"},"payment_cards":[]})",
          layoutFound("safari-zip")},
         {R"( {"logins":[],"notes":[],"cards":[]} )", tirel},
+        {R"({"notes":[{"label":"a"}],"cards":[]})", tirel},
+        {R"({"cards":[{"holderName":"a"}]})", tirel},
         {R"({"cards":[],"x":{"y":[[1]]},"notes":[{}],"logins":[null]})", tirel},
         {"{\r\"logins\":[],\r\"notes\":[],\r\"cards\":[]\r}\r", tirel},
         {"\uFEFF{\"logins\":[],\"notes\":[],\"cards\":[]}", tirel},
@@ -65,14 +70,27 @@ TEST(JSONMembersTest, knowsALongDocumentByItsBeginning) {
 
 TEST(JSONMembersTest, needsTheMembersInTheirPlaces) {
     for (const std::string_view text :
-         {"{}", "[]", "[1,2]", "{", R"({"items":[],"folders":[]})", R"({"logins":[]})",
-          R"({"logins":[],"notes":[]})", R"({"logins":[],"notes":[],"cards":{}})",
+         {"{}",
+          "[]",
+          "[1,2]",
+          "{",
+          R"({"items":[],"folders":[]})",
+          R"({"logins":[]})",
+          R"({"logins":[],"notes":[]})",
+          R"({"logins":[],"notes":[],"cards":{}})",
           R"([{"logins":[],"notes":[],"cards":[]}])",
           R"({"a":{"logins":[],"notes":[],"cards":[]}})",
           R"([{"logins":1},[],{"notes":1},[],{"cards":1},[]])",
-          R"({"Logins":[],"notes":[],"cards":[]})", R"({"accounts":[],"vaults":[]})",
-          R"({"accounts":{"vaults":[]}})", R"({"records":[[{"$type":1}]]})",
-          R"({"items":[{"x":{"credentials":[]}}]})"}) {
+          R"({"Logins":[],"notes":[],"cards":[]})",
+          R"({"accounts":[],"vaults":[]})",
+          R"({"accounts":{"vaults":[]}})",
+          R"({"records":[[{"$type":1}]]})",
+          R"({"items":[{"x":{"credentials":[]}}]})",
+          R"({"vaults":{}})",
+          R"({"encrypted":false})",
+          R"({"payment_cards":[]})",
+          R"({"notes":[{"label":"a"}]})",
+          R"({"a":{"b":{"c":{"d":{"e":{"f":{"logins":[],"notes":[],"cards":[]}}}}}}})"}) {
         EXPECT_EQ(detected(text), Found{}) << text;
     }
 }
@@ -109,8 +127,9 @@ TEST(JSONMembersTest, knowsTheLinesOf1Password) {
     EXPECT_EQ(detected(R"({"uuid":"1","securityLevel":"SL5","secureContents":{}})"),
               records(likely));
     for (const std::string_view text :
-         {R"({"a":"{\"uuid\":1,\"typeName\":2}"})", R"( {"uuid":"1","typeName":"x"})",
-          R"({"uuid":"typeName"})", "***separator***\n"}) {
+         {R"({"a":"{\"uuid\":1,\"typeName\":2}"})", R"({"uuid":"1","a":"typeName"})",
+          R"({"uuid":"1","typeName")", R"( {"uuid":"1","typeName":"x"})", R"({"uuid":"typeName"})",
+          "***separator***\n"}) {
         EXPECT_EQ(detected(text), Found{}) << text;
     }
 }
