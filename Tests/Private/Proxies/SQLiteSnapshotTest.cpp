@@ -128,6 +128,56 @@ TEST_F(SQLiteSnapshotTest, hasChangesThatStandInTheLogAlone) {
     EXPECT_EQ(leftOut(), Names());
 }
 
+TEST_F(SQLiteSnapshotTest, hasChangesOfTheLargestPages) {
+    leave({"PRAGMA page_size = 65536", "PRAGMA journal_mode = WAL"});
+    leave({"PRAGMA wal_autocheckpoint = 0", someRows[0], someRows[1]});
+    ASSERT_GT(std::filesystem::file_size(path() + "-wal"), 65536U);
+    EXPECT_EQ(rowsAt(path()), oneAndTwo);
+    EXPECT_EQ(leftOut(), Names());
+}
+
+/// A log as a machine writes it that has the high byte of a number first: with other sums.
+std::string bigEndianLog(std::string log, std::size_t pageSize) {
+    std::uint32_t one = 0;
+    std::uint32_t other = 0;
+    const auto wordAt = [&](std::size_t place) {
+        std::uint32_t word = 0;
+        for (const char byte : log.substr(place, 4)) {
+            word = word << 8U | static_cast<unsigned char>(byte);
+        }
+        return word;
+    };
+    const auto add = [&](std::size_t place, std::size_t size) {
+        for (const std::size_t end = place + size; place < end; place += 8) {
+            one += wordAt(place) + other;
+            other += wordAt(place + 4) + one;
+        }
+    };
+    const auto write = [&](std::size_t place) {
+        log.replace(place, 8, sqliteNumber(one) + sqliteNumber(other));
+    };
+    log[3] = '\x83';
+    add(0, 24);
+    write(24);
+    for (std::size_t frame = 32; frame < log.size(); frame += 24 + pageSize) {
+        add(frame, 8);
+        add(frame + 24, pageSize);
+        write(frame + 16);
+    }
+    return log;
+}
+
+TEST_F(SQLiteSnapshotTest, hasChangesThatAnotherKindOfMachineWrote) {
+    leave({"PRAGMA page_size = 512", "PRAGMA journal_mode = WAL"});
+    leave({"PRAGMA wal_autocheckpoint = 0", someRows[0], someRows[1]});
+    const std::string log = bigEndianLog(contentsOf(path() + "-wal"), 512);
+    (void)folder().file("database-wal", log);
+    EXPECT_EQ(rowsAt(path()), oneAndTwo);
+    EXPECT_EQ(leftOut(), Names());
+    Connection(path()).execute({"PRAGMA wal_checkpoint(TRUNCATE)"}); // SQLite takes it as well
+    EXPECT_EQ(rowsAt(path()), oneAndTwo);
+}
+
 TEST_F(SQLiteSnapshotTest, doesNotHaveChangesThatWereBrokenOff) {
     leave(someRows);
     leave({"PRAGMA cache_size = 1", "BEGIN", "UPDATE t SET a = 'broken off'",
