@@ -3,8 +3,7 @@
 # Nobody has run this formula: neither brew, nor a build on macOS. What was tried on Debian 12 is the
 # build of both kinds of library with these options (the preset `package`), its installation, hosts that
 # find it by pkg-config (Scripts/test-package), the sample import of `test`, and a build with Clang and
-# libc++ (the preset `clang-libcxx`). Names and versions of the formulae below are as documented, not as
-# installed.
+# libc++ (the preset `clang-libcxx`). The names of the formulae below were not tried either.
 #
 # To be filled in by the publisher of Rellinor: `homepage`, and either `url` with `sha256` (an archive of a
 # release; `shasum -a 256 FILE` prints the sum) or `head` alone (the repository, for `brew install --HEAD`).
