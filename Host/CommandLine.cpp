@@ -119,8 +119,11 @@ void addImport(CLI::App& app, ImportRequest& request, Words& words) {
             ->type_name("FILE");
     command.add_flag("--force", request.force, "Replace the output file if it exists")->needs(file);
     command.add_flag("--encrypted", options.takesEncrypted,
-                     "Export what a browser keeps encrypted as it is");
-    command.add_flag("--strict", options.isStrict, "Fail if anything is left out or worth a look");
+                     "Take passwords that a browser keeps encrypted into\n"
+                     "a Tirel export, as they are");
+    command.add_flag("--strict", options.isStrict,
+                     "Fail if anything is left out or worth a look;\n"
+                     "without --source only");
     command.add_flag("--keep-importer", options.keepImporter,
                      "Use one importer of the source for all paths\n"
                      "instead of a fresh one for each");

@@ -1,8 +1,13 @@
 # A formula for macOS hosts, to be put into a tap.
 #
-# To be filled in by whoever publishes Rellinor, since only they know the address: `homepage`, and
-# either `url` with `sha256` (an archive of a release; `shasum -a 256 FILE` prints the sum) or `head`
-# alone (the repository, for `brew install --HEAD`). Until then brew refuses the formula.
+# Nobody has run this formula: neither brew, nor a build on macOS. What was tried on Debian 12 is the
+# build of both kinds of library with these options (the preset `package`), its installation, hosts that
+# find it by pkg-config (Scripts/test-package), the sample import of `test`, and a build with Clang and
+# libc++ (the preset `clang-libcxx`). The names of the formulae below were not tried either.
+#
+# To be filled in by the publisher of Rellinor: `homepage`, and either `url` with `sha256` (an archive of a
+# release; `shasum -a 256 FILE` prints the sum) or `head` alone (the repository, for `brew install --HEAD`).
+# Until then brew refuses the formula.
 class Rellinor < Formula
   desc "Imports logins, notes and cards that other password managers hold"
   # homepage ""

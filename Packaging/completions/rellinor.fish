@@ -28,6 +28,6 @@ complete -c rellinor -n $import -s f -l format -x -a "$formats" -d 'How the reco
 complete -c rellinor -n $import -s r -l reveal -d 'Show secrets instead of masking them'
 complete -c rellinor -n $import -s o -l output -r -F -d 'Write to this new file'
 complete -c rellinor -n $import -l force -d 'Replace the output file'
-complete -c rellinor -n $import -l encrypted -d 'Export what a browser keeps encrypted as it is'
+complete -c rellinor -n $import -l encrypted -d 'Take encrypted passwords into a Tirel export'
 complete -c rellinor -n $import -l strict -d 'Fail if anything is left out or worth a look'
 complete -c rellinor -n $import -l keep-importer -d 'Use one importer for all paths'

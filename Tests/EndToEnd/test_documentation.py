@@ -1,4 +1,4 @@
-"""The examples of the pages about sources come out as the pages say.
+"""The examples of the pages about sources come out as the pages say, and so does the recording in the README.
 
     test_documentation.py TOOL SOURCE...
 
@@ -10,9 +10,10 @@ import tempfile
 import unittest
 
 from driver.tool import Tool, parse_line
-from pages import Strange, examples_in, examples_of, same, write_files
+from pages import FILE, Strange, examples_in, examples_of, fences_of, same, write_files
 
-PAGES = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "Documentation", "sources")
+ROOT = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..")
+PAGES = os.path.join(ROOT, "Documentation", "sources")
 EXAMPLES = examples_in(PAGES)
 TOOL, CHECKED_SOURCES = (sys.argv[1], sys.argv[2:]) if len(sys.argv) > 2 else (None, [])
 
@@ -63,6 +64,30 @@ class Documentation(unittest.TestCase):
                          {example.layout for example in shown})
         for example in shown:
             self.assertSame(by_layout(example), example)
+
+
+class Readme(unittest.TestCase):
+    maxDiff = None
+
+    def test_recording(self):
+        """Each command prints what stands below it, with its standard error."""
+        with open(os.path.join(ROOT, "README.md"), encoding="utf-8") as file:
+            fences = list(fences_of(file.read()))
+        (recording,) = [block for _, language, block in fences if language == "console"]
+        folders = os.pathsep.join([os.path.dirname(os.path.abspath(TOOL)), os.environ["PATH"]])
+        recorded = ""
+        with tempfile.TemporaryDirectory() as folder:
+            for said, _, block in fences:
+                if name := FILE.match(said):
+                    with open(os.path.join(folder, name[1]), "w", encoding="utf-8") as file:
+                        file.write(block)
+            for line in recording.splitlines(keepends=True):
+                if line.startswith("$ "):
+                    recorded += line + subprocess.run(
+                        line[2:], shell=True, cwd=folder, env={**os.environ, "PATH": folders}, check=False,
+                        text=True, stdout=subprocess.PIPE, stderr=subprocess.STDOUT).stdout
+        self.assertIn("import --format tirel", recording)
+        self.assertEqual(recorded, recording)
 
 
 class Pages(unittest.TestCase):

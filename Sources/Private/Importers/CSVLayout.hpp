@@ -60,7 +60,7 @@ struct CSVLayout {
     ColumnNames required = {};      ///< all of them have to be there; none without a header
     std::span<const CSVColumn> columns = {}; ///< the required ones, and others that it may have
     OtherColumns others = OtherColumns::any;
-    /// The specified import that takes a header of `exactNames`, in any order.
+    /// The source that takes a header of `exactNames`, in any order.
     std::optional<ImportSource> source = std::nullopt;
     ColumnNames exactNames = {}; ///< with regard to case and blanks
     CSVQuotes quotes = CSVQuotes::doubled;
