@@ -14,6 +14,7 @@
 #include "Host/Counted.hpp"
 #include "Host/DetectionWords.hpp"
 #include "Host/DisplayText.hpp"
+#include "Host/Letters.hpp"
 #include "Host/ReportWords.hpp"
 #include "Host/Source.hpp"
 
@@ -94,6 +95,9 @@ std::string inWords(const Finding& finding, PlaceUnit unit) {
     }
     std::string words = described(finding, unit, mostPlaces);
     words.pop_back(); // the full stop
+    if (finding.places.first.empty() && finding.field.empty()) {
+        words.front() = lowerCase(words.front()); // of a sentence within others
+    }
     return words;
 }
 

@@ -51,6 +51,16 @@ std::string optionOf(ImportSource source) {
     return "--source " + std::string(identifier(source));
 }
 
+/// Whether a file is read only by whoever names its layout.
+bool mustBeNamed(const Detection& detection) noexcept {
+    return detection.confidence == Confidence::possible && isReadable(detection);
+}
+
+/// How to name a layout.
+std::string nameIt(Layout layout) {
+    return "if it is one, read it with --layout " + std::string(identifier(layout));
+}
+
 /// What is wrong with a file and what to do about that.
 std::string remedied(std::string problem, const Detection& detection, const ReadAs& as = {}) {
     std::string remedy(detection.advice);
@@ -120,6 +130,9 @@ std::string described(const Detection& detection) {
     if (detection.layout) {
         append(details, "; ", warning(*detection.layout));
     }
+    if (mustBeNamed(detection)) {
+        append(details, "; ", nameIt(*detection.layout));
+    }
     if (!isReadable(detection)) {
         const FailureReason known =
             detection.layout ? FailureReason::notRead : FailureReason::unknown;
@@ -133,6 +146,9 @@ std::string described(const Detection& detection) {
 
 std::string refusal(const Detection& detection, const ReadAs& as, const Failure& failure,
                     PlaceUnit unit) {
+    if (failure.reason == FailureReason::unknown && mustBeNamed(detection)) {
+        return "it may be " + kindOf(detection) + ": " + nameIt(*detection.layout);
+    }
     Failure reason = failure;
     if (reason.reason == FailureReason::none) {
         reason.reason = detection.obstacle;

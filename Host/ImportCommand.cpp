@@ -112,7 +112,7 @@ std::string message(const std::string& path, const ReadAs& as, const Detection& 
         return "not imported: " + told;
     }
     return "not imported as " + std::string(identifier(*source)) + ": " +
-           imported.records.error().localizedDescription() + (told.empty() ? "" : " ") + told;
+           (told.empty() ? imported.records.error().localizedDescription() : told);
 }
 
 } // namespace

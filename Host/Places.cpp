@@ -8,7 +8,7 @@ namespace Rellinor::Host {
 
 std::string described(const Places& places, PlaceUnit unit, std::size_t most) {
     if (places.first.empty()) {
-        return counted(places.count, "record");
+        return places.count == 1 ? "" : counted(places.count, "time");
     }
     std::string text(identifier(unit));
     text += places.count == 1 ? " " : "s ";

@@ -9,12 +9,12 @@ namespace Rellinor::Host {
 
 namespace {
 
-std::string inBrackets(std::string_view field) {
-    return field.empty() ? "" : " (" + std::string(field) + ')';
-}
-
 std::string remark(std::string where, std::string_view field, std::string_view sentence) {
-    where += inBrackets(field);
+    if (where.empty()) {
+        where = field;
+    } else if (!field.empty()) {
+        where += " (" + std::string(field) + ')';
+    }
     return where + (where.empty() ? "" : ": ") + std::string(sentence);
 }
 
@@ -41,9 +41,6 @@ std::string described(const Failure& failure, PlaceUnit unit) {
     std::string where = failure.place == 0
                             ? ""
                             : std::string(identifier(unit)) + ' ' + std::to_string(failure.place);
-    if (where.empty() && !failure.field.empty()) {
-        return std::string(failure.field) + ": " + std::string(description(failure.reason));
-    }
     return remark(std::move(where), failure.field, description(failure.reason));
 }
 

@@ -132,8 +132,7 @@ TEST_F(DetectCommandTest, objectsToASourceThatIsNotMeantForTheFile) {
         "this looks like tirel-json (Tirel export): try without --source\n";
     const Ended failed = rellinor({"import", "--source", "lastPass", path});
     EXPECT_EQ(failed.status, 1);
-    EXPECT_EQ(linesIn(failed.errors), 1);
-    EXPECT_TRUE(failed.errors.ends_with(") " + objection)) << failed.errors;
+    EXPECT_EQ(failed.errors, "rellinor: " + path + ": not imported as lastPass: " + objection);
     EXPECT_TRUE(rellinor({"check", "--source", "lastPass", path}).out.ends_with("  " + objection));
 }
 

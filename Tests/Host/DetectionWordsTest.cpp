@@ -66,6 +66,23 @@ TEST(DetectionWordsTest, refusesWithWhatTheFileIsAndWhatToDo) {
     EXPECT_EQ(refusal(missing, ImportSource::chrome, {}, line), "There is no such file.");
 }
 
+TEST(DetectionWordsTest, sayHowALayoutIsNamedThatIsNoMoreThanPossible) {
+    const Detection keeper{.layout = Layout::keeperCSV,
+                           .confidence = Confidence::possible,
+                           .source = {},
+                           .obstacle = FailureReason::none,
+                           .product = "Keeper",
+                           .evidence = "an address in the fifth cell",
+                           .advice = ""};
+    EXPECT_EQ(described(keeper), "keeper-csv (possible): Keeper; an address in the fifth cell; if "
+                                 "it is one, read it with --layout keeper-csv");
+    const Failure unknown{.reason = FailureReason::unknown, .place = 0, .field = ""};
+    EXPECT_TRUE(refusal(keeper, {}, unknown, PlaceUnit::record)
+                    .ends_with("if it is one, read it with --layout keeper-csv"));
+    EXPECT_EQ(refusal(Detection(), {}, unknown, PlaceUnit::record),
+              "It is no export or store that is known.");
+}
+
 TEST(DetectionWordsTest, objectsToTheSourceOfAnotherFile) {
     EXPECT_EQ(objection(tirel, ImportSource::lastPass),
               "this looks like tirel-json (Tirel export): try without --source");

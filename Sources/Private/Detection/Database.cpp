@@ -79,15 +79,13 @@ Detection partOfProfile(std::string_view evidence) noexcept {
 }
 
 /// What a page of the schema tells.
-std::optional<Detection> detectPage(std::string_view page, bool isInMemory) noexcept {
+std::optional<Detection> detectPage(std::string_view page) noexcept {
     if (holds(page, chromium)) {
         Detection found =
             recognised(Layout::chromiumLogins, Confidence::certain,
                        "Chrome, Edge or another Chromium browser", "the table logins");
         found.source = ImportSource::chrome;
-        return isInMemory ? obstructed(found, FailureReason::notAFile,
-                                       "give the path of the database, not its contents")
-                          : found;
+        return found;
     }
     if (holds(page, firefox)) {
         return partOfProfile("the table moz_logins");
@@ -109,7 +107,7 @@ std::optional<Detection> detectDatabase(const FileParts& file, std::string_view 
     const std::uint32_t written = number(beginning, 16, 2);
     const std::uint32_t sizeOfPage = written == 1 ? largestPage : written;
     const std::string_view first = beginning.substr(0, sizeOfPage);
-    if (auto found = detectPage(first, file.isInMemory())) {
+    if (auto found = detectPage(first)) {
         return found;
     }
     std::vector<std::uint32_t> pages = pagesNamedBy(first, sizeOfHeader);
@@ -124,7 +122,7 @@ std::optional<Detection> detectDatabase(const FileParts& file, std::string_view 
         if (!page) {
             break;
         }
-        if (auto found = detectPage(page->bytes(), file.isInMemory())) {
+        if (auto found = detectPage(page->bytes())) {
             return found;
         }
         const std::vector<std::uint32_t> more = pagesNamedBy(page->bytes(), 0);

@@ -42,8 +42,6 @@ public:
 
     explicit FileParts(OpenFile file) noexcept : _file(std::move(file)) {}
 
-    [[nodiscard]] bool isInMemory() const noexcept { return !_file; }
-
     [[nodiscard]] std::uint64_t size() const noexcept {
         return _file ? _file->size() : _bytes.size();
     }

@@ -199,9 +199,9 @@ TEST_F(DetectDatabaseTest, knowsNoOtherDatabase) {
     EXPECT_EQ(detected("SQLite format 3\0 and no more"sv), Found{});
 }
 
-TEST_F(DetectDatabaseTest, takesNoContentsOfADatabase) {
+TEST_F(DetectDatabaseTest, knowsTheBytesOfADatabase) {
     EXPECT_EQ(detected(contentsOf(made(chromeTable))),
-              obstructedBy(FailureReason::notAFile, "chromium-logins", certain));
+              layoutFound("chromium-logins", certain, ImportSource::chrome));
 }
 
 TEST_F(DetectDatabaseTest, endsWhateverThePagesName) {
