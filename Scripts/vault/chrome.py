@@ -22,9 +22,10 @@ def fill(database, vault):
         login = _insert(database, page(url), entry.username or "", _secret(entry),
                         changed=entry.changed)
         if entry.note:
+            # The browser stores these bytes as a text, which they are not.
             database.execute(
                 "INSERT INTO password_notes (parent_id, key, value, date_created, confidential)"
-                " VALUES (?, '', ?, ?, 0)",
+                " VALUES (?, '', CAST(? AS TEXT), ?, 0)",
                 (login, chrome_secret(entry.note, entry.key, "note"), _time(entry.changed)))
     _insert(database, NEVER_SAVED + "/", "", b"", is_never_saved=True)
 

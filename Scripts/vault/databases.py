@@ -16,6 +16,7 @@ def dump(path):
     """All that a database holds, as SQL."""
     address = path.resolve().as_uri() + "?mode=ro"
     with contextlib.closing(sqlite3.connect(address, uri=True)) as database:
+        database.text_factory = lambda text: text.decode(errors="surrogateescape")
         settings = [f"PRAGMA {name} = {database.execute(f'PRAGMA {name}').fetchone()[0]};"
                     for name in ("page_size", "encoding", "user_version")]
         return "\n".join([*settings, *database.iterdump()])

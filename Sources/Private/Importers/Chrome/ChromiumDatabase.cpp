@@ -46,7 +46,9 @@ ChromiumDatabase::ChromiumDatabase(SQLiteSnapshot& snapshot, ImportMemory& memor
 void ChromiumDatabase::readNotes(SQLiteSnapshot& snapshot, ImportMemory& memory) {
     SQLiteFileProxy proxy(snapshot, SQLiteFaithfulness::whole, memory);
     // The notes themselves stay in the import's memory; the rows are let go.
-    const SQLiteRows notes = proxy.select("SELECT parent_id, \"key\", value FROM password_notes");
+    // Browsers store the encrypted bytes of a note as a text, which they are not.
+    const SQLiteRows notes =
+        proxy.select("SELECT parent_id, \"key\", CAST(value AS BLOB) FROM password_notes");
     _numberOfNotes = notes.size();
     for (const SQLiteRow& note : notes) {
         const auto values = note.values();

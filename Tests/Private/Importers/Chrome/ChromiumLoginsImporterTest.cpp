@@ -128,6 +128,18 @@ TEST_F(ChromiumLoginsImporterTest, readsTheNotesOfALogin) {
     EXPECT_EQ(std::ranges::count(read.report.unread(), "note without a login", &Unread::part), 1);
 }
 
+TEST_F(ChromiumLoginsImporterTest, readsTheBytesOfANoteThatTheBrowserStoresAsAText) {
+    const ImportedExport read = this->read({login(1, "'a'", "'ann'", "x''"),
+                                            "INSERT INTO password_notes (parent_id, key, value, "
+                                            "date_created) VALUES (1, '', CAST(x'763130FF00FE' AS "
+                                            "TEXT), 0)"});
+    EXPECT_EQ(copyOf(read.records),
+              (Outcome{.passwords = {
+                           {.username = "ann", .password = "", .url = "a", .note = "djEw/wD+"}}}));
+    EXPECT_EQ(findingsOf(read.report),
+              (Told<FindingKind>{{FindingKind::stillEncrypted, "password_notes", 1}}));
+}
+
 TEST_F(ChromiumLoginsImporterTest, readsWhateverColumnsThereAre) {
     const TemporaryFolder other;
     const std::string path =
