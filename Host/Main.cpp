@@ -20,6 +20,7 @@
 #include "Host/ProcessState.hpp"
 #include "Host/Source.hpp"
 #include "Host/Terminal.hpp"
+#include "Host/Wall.hpp"
 
 namespace {
 
@@ -30,6 +31,22 @@ bool exposesSecrets(const ImportOptions& options, const Terminal& terminal) {
     return options.format == Format::tirel && !options.reveal && terminal.width;
 }
 
+/// What an import still has to do once it has begun to read.
+WallGates gatesOf(const ImportOptions& options) {
+    WallGates gates;
+    const auto* const source = std::get_if<ImportSource>(&options.as);
+    if (source != nullptr && options.keepImporter) { // the only import that SQLite does in place
+        for (const std::string& path : options.paths) {
+            const bool isFirefox = *source == ImportSource::firefox;
+            if (isFirefox || *source == ImportSource::chrome) {
+                gates.databases.push_back(
+                    folderOfDatabase(isFirefox ? path + "/signons.sqlite" : path));
+            }
+        }
+    }
+    return gates;
+}
+
 int answer(const ImportRequest& request) {
     ImportOptions options = request.options;
     if (terminalAt(STDERR_FILENO).width) {
@@ -37,6 +54,9 @@ int answer(const ImportRequest& request) {
     }
     if (request.output) {
         OutputFile file(*request.output, request.force ? Existing::replaced : Existing::kept);
+        WallGates gates = gatesOf(options);
+        gates.output = file.folder();
+        wallIn(gates);
         const int status = import(options, Terminal(), file.stream(), std::cerr);
         file.commit();
         return status;
@@ -47,14 +67,17 @@ int answer(const ImportRequest& request) {
                      "FILE, or show it with --reveal\n";
         return ExitStatus::wrongUsage;
     }
+    wallIn(gatesOf(options));
     return import(options, terminal, std::cout, std::cerr);
 }
 
 int answer(const DetectRequest& request) {
+    wallIn({});
     return runDetect(request.paths, request.wording, std::cout);
 }
 
 int answer(const CheckRequest& request) {
+    wallIn({});
     return runCheck(request.paths, request.as, request.wording, std::cout);
 }
 
