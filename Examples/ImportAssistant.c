@@ -1,4 +1,4 @@
-// An import assistant in C: tells what a file is, reads it, shows what would arrive and what would not.
+// An import assistant in C: tells what a file is, reads it, shows what would arrive and what not.
 
 #include <inttypes.h>
 #include <stdio.h>
@@ -28,7 +28,7 @@ static bool introduce(const char* path) {
 
 static bool tell(uint64_t done, uint64_t total, void* context) {
     (void)context;
-    fprintf(stderr, "%" PRIu64 " of %" PRIu64 "\n", done, total);
+    printf("%" PRIu64 " of %" PRIu64 "\n", done, total);
     return true; // false ends the reading
 }
 

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <ranges>
 #include <span>
 #include <string_view>
+#include <tuple>
 #include <utility>
 #include <variant>
 #include <vector>
@@ -70,23 +70,27 @@ std::vector<const Finding*> gravestFirst(std::span<const Finding> findings) {
     for (const Finding& finding : findings) {
         sorted.push_back(&finding);
     }
-    std::ranges::stable_sort(sorted, std::ranges::greater(), [&](const Finding* finding) {
-        return std::pair(isGrave(*finding), finding->places.count);
+    std::ranges::sort(sorted, {}, [&](const Finding* finding) {
+        return std::tuple(!isGrave(*finding), ~finding->places.count, finding);
     });
     return sorted;
+}
+
+/// What a field of a browser's store holds.
+std::string_view encryptedThing(std::string_view field) {
+    if (field.contains("sername")) {
+        return "user name";
+    }
+    return field.contains("note") ? "note" : "password";
 }
 
 std::string inWords(const Finding& finding, PlaceUnit unit) {
     constexpr std::size_t mostPlaces = 3;
 
     if (finding.kind == FindingKind::stillEncrypted) {
-        const bool isName = finding.field.contains("sername");
-        const bool isNote = finding.field.contains("note");
         const std::size_t count = finding.places.count;
-        return counted(count, isName   ? "user name"
-                              : isNote ? "note"
-                                       : "password") +
-               (count == 1 ? " is" : " are") + " still encrypted";
+        return counted(count, encryptedThing(finding.field)) + (count == 1 ? " is" : " are") +
+               " still encrypted";
     }
     std::string words = described(finding, unit, mostPlaces);
     words.pop_back(); // the full stop

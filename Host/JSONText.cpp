@@ -32,7 +32,10 @@ constexpr std::uint32_t escapedCodePoint(std::string_view text) noexcept {
 }
 
 constexpr std::size_t bytesOf(std::uint32_t codePoint) noexcept {
-    return codePoint < 0x80 ? 1 : codePoint < 0x800 ? 2 : 3;
+    if (codePoint < 0x80) {
+        return 1;
+    }
+    return codePoint < 0x800 ? 2 : 3;
 }
 
 /// Whether a byte is escaped, or may begin a code point that is.

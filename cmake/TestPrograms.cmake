@@ -1,5 +1,9 @@
 # What the programs of tests have in common.
 
+# A name may hide one of another file. A library of its own, so that the flag comes behind the warnings.
+add_library(RellinorUnited INTERFACE)
+target_compile_options(RellinorUnited INTERFACE -Wno-shadow)
+
 # rellinor_unite(TARGET [ALONE file...]): compiles the files of a folder as one, those of a format in large
 # folders: to parse what each includes takes most of the time. Files whose own names collide stay alone, and
 # all do for clang-tidy.
@@ -9,6 +13,7 @@ function(rellinor_unite target)
         return()
     endif()
     set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP)
+    target_link_libraries(${target} PRIVATE RellinorUnited)
     get_target_property(files ${target} SOURCES)
     list(REMOVE_ITEM files ${arg_ALONE} "")
     foreach(file IN LISTS files)

@@ -23,7 +23,8 @@ Header* headerOf(void* memory) noexcept {
 } // namespace
 
 void* allocateWiped(std::size_t size) noexcept {
-    if (size > std::numeric_limits<std::size_t>::max() - sizeof(Header)) {
+    // No object is larger than a difference of pointers can tell.
+    if (size > std::numeric_limits<std::ptrdiff_t>::max() - sizeof(Header)) {
         return nullptr;
     }
     void* const memory = ::operator new(sizeof(Header) + size, std::nothrow);

@@ -180,7 +180,7 @@ protected:
             const std::size_t open = openDescriptors();
             EXPECT_GT(whole.passwords.size(), 50U) << database.name;
             EXPECT_GT(first.reads(), 5U) << database.name;
-            for (std::size_t nth = 1; nth <= first.reads(); nth += isThorough() ? 1 : 5) {
+            for (std::size_t nth = 1; nth <= first.reads(); nth += isThorough() ? 1U : 5U) {
                 Reading reading(database);
                 const Outcome outcome =
                     reading.with(nth, [&](const Read& read) { return otherwise(reading, read); });

@@ -32,7 +32,8 @@ TEST_F(CheckTest, saysThatEverythingWouldArrive) {
     EXPECT_EQ(ended.errors, "");
     EXPECT_EQ(ended.out, path + ": read as lastPass, 1 record\n"
                                 "  1 record would arrive: 1 password, 0 notes, 0 cards\n"
-                                "  everything would arrive\n");
+                                "  everything would arrive\n"
+                                "  the faithful reading, lastpass-csv, gives the same records\n");
 }
 
 TEST_F(CheckTest, isContentIfOnlyPartsAreNotRead) {
@@ -43,7 +44,8 @@ TEST_F(CheckTest, isContentIfOnlyPartsAreNotRead) {
                                 "  1 record would arrive: 1 password, 0 notes, 0 cards\n"
                                 "  every record would arrive\n"
                                 "  would not be read:\n"
-                                "    grouping (1)\n");
+                                "    grouping (1)\n"
+                                "  the faithful reading, lastpass-csv, gives the same records\n");
 }
 
 TEST_F(CheckTest, namesTwelvePlacesAtMost) {
@@ -79,7 +81,8 @@ TEST_F(CheckTest, goesOnAfterAFailure) {
                              good +
                              ": read as lastPass, 0 records\n"
                              "  0 records would arrive: 0 passwords, 0 notes, 0 cards\n"
-                             "  everything would arrive\n");
+                             "  everything would arrive\n"
+                             "  the faithful reading, lastpass-csv, gives the same records\n");
 }
 
 TEST_F(CheckTest, comparesASourceWithTheFaithfulReading) {

@@ -157,7 +157,7 @@ TEST(PropertiesTest, aFileIsReadByAnyNameItMayHave) {
             std::ofstream(path) << "contents";
             ++files;
         }
-        const auto read = readFile(path);
+        auto read = readFile(path);
         ASSERT_EQ(read.has_value(), !isFolder) << testing::PrintToString(name);
         if (read) {
             ASSERT_EQ(std::string_view(read->bytes().data(), read->bytes().size()), "contents");

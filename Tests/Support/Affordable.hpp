@@ -5,7 +5,8 @@
 
 namespace Rellinor::Tests {
 
-/// Whether the tests may take their time: the environment has RELLINOR_THOROUGH, as in Scripts/check.
+/// Whether the tests may take their time: the environment has RELLINOR_THOROUGH, as in
+/// Scripts/check.
 inline bool isThorough() noexcept {
     return std::getenv("RELLINOR_THOROUGH") != nullptr; // NOLINT(concurrency-mt-unsafe)
 }

@@ -7,7 +7,7 @@ namespace Rellinor::Tests {
 
 namespace {
 
-Value copyOf(const SQLiteValue& value) {
+Value contentOf(const SQLiteValue& value) {
     if (const auto integer = value.integer()) {
         return *integer;
     }
@@ -37,7 +37,7 @@ std::vector<Values> copyOf(const SQLiteRows& rows) {
     for (const SQLiteRow& row : rows) {
         Values& values = copies.emplace_back();
         for (const std::string_view name : row.names()) {
-            values[std::string(name)] = copyOf(row[name].value());
+            values[std::string(name)] = contentOf(row[name].value());
         }
     }
     return copies;

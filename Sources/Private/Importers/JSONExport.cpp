@@ -68,16 +68,17 @@ JSONDocument readJSON(const ExportFile& file, ImportMemory& memory, Reporter& re
                   memory, reporter);
 }
 
-JSONDocument readJSONMember(const ExportFile& file, std::string_view name, ImportMemory& memory,
-                            Reporter& reporter, std::string_view beside) {
-    ZipArchive archive = opened(file, reporter);
-    return parsedMember(archive, valueOrThrow(archive.find(name)), memory, reporter, beside);
+JSONDocument readJSONMember(const ExportFile& archive, std::string_view member,
+                            ImportMemory& memory, Reporter& reporter, std::string_view beside) {
+    ZipArchive zip = opened(archive, reporter);
+    return parsedMember(zip, valueOrThrow(zip.find(member)), memory, reporter, beside);
 }
 
-JSONDocument readOnlyJSONMember(const ExportFile& file, ImportMemory& memory, Reporter& reporter) {
-    ZipArchive archive = opened(file, reporter);
+JSONDocument readOnlyJSONMember(const ExportFile& archive, ImportMemory& memory,
+                                Reporter& reporter) {
+    ZipArchive zip = opened(archive, reporter);
     const ZipMember* only = nullptr;
-    for (const ZipMember& member : archive.members()) {
+    for (const ZipMember& member : zip.members()) {
         if (hasExtension(member.name, ".json")) {
             if (only != nullptr) {
                 throw ReadError(FailureReason::wrongShape);
@@ -85,7 +86,7 @@ JSONDocument readOnlyJSONMember(const ExportFile& file, ImportMemory& memory, Re
             only = &member;
         }
     }
-    return parsedMember(archive, only, memory, reporter, {});
+    return parsedMember(zip, only, memory, reporter, {});
 }
 
 JSONObject topOf(const JSONDocument& document, std::span<const std::string_view> members) {

@@ -76,6 +76,9 @@ void VaultItemBuilder::addValue(ExtraKind kind, std::string_view label, std::str
     }
 }
 
+// The depth of a JSON text is bounded, and so is this recursion.
+// NOLINTBEGIN(misc-no-recursion)
+
 void VaultItemBuilder::addAny(ExtraKind kind, std::string_view label, const JSONValue& value,
                               std::string_view name, ItemField field) {
     if (const auto parts = value.object()) {
@@ -90,6 +93,8 @@ void VaultItemBuilder::addAny(ExtraKind kind, std::string_view label, const JSON
         addField(field, kind, label, scalar(value, name));
     }
 }
+
+// NOLINTEND(misc-no-recursion)
 
 void VaultItemBuilder::addCustom(ExtraKind kind, std::string_view label, const JSONValue& value,
                                  std::string_view name) {

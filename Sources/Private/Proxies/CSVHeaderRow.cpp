@@ -88,8 +88,7 @@ CSVHeaderRow::CSVHeaderRow(std::string_view text, CSVDialect dialect)
 
     end = separator ? std::min(grammar.endOfLine(0) + 1, text.size()) : 0;
     for (bool isBlank = true; isBlank && end < text.size();) {
-        line.clear();
-        line.begin = end;
+        line.beginAt(end);
         std::size_t delimiter = readCell(grammar, end, line);
         isBlank = grammar.isEndOfRow(delimiter) && grammar.cell(end, delimiter).empty();
         while (!grammar.isEndOfRow(delimiter)) {
@@ -97,7 +96,7 @@ CSVHeaderRow::CSVHeaderRow(std::string_view text, CSVDialect dialect)
         }
         end = std::min(delimiter + 1, text.size());
         if (isBlank) {
-            line.clear();
+            line.keepFirst(0);
         }
     }
 }

@@ -13,9 +13,10 @@ namespace Rellinor {
 class CSVLine {
 public:
     /// Where the line begins in the text.
-    std::size_t begin = 0;
+    [[nodiscard]] std::size_t begin() const noexcept { return _begin; }
+
     /// Whether the quote at the beginning of a cell was taken for a letter.
-    bool hasRunOnCell = false;
+    [[nodiscard]] bool hasRunOnCell() const noexcept { return _hasRunOnCell; }
 
     /// Whether another quote where none may stand was.
     [[nodiscard]] bool hasStrayQuote() const noexcept { return _firstStray < _count; }
@@ -30,10 +31,11 @@ public:
     /// Which cells hold quotes as they are written, to be undone.
     [[nodiscard]] std::span<const std::size_t> written() const noexcept { return _written; }
 
-    void clear() noexcept {
+    /// Forgets everything.
+    void beginAt(std::size_t place) noexcept {
         keepFirst(0);
-        hasRunOnCell = false;
-        _firstStray = none;
+        _begin = place;
+        _hasRunOnCell = false;
     }
 
     void keepFirst(std::size_t count) noexcept {
@@ -46,6 +48,9 @@ public:
             _firstStray = none;
         }
     }
+
+    /// Says that the quote at the beginning of a cell is a letter.
+    void addRunOnCell() noexcept { _hasRunOnCell = true; }
 
     /// Says that the next cell has a quote where none may stand.
     void addStrayQuote() noexcept { _firstStray = std::min(_firstStray, _count); }
@@ -71,7 +76,7 @@ public:
 
     /// Takes over what is said of the quotes of a line that becomes a part of this one.
     void takeDamageOf(const CSVLine& line) noexcept {
-        hasRunOnCell = hasRunOnCell || line.hasRunOnCell;
+        _hasRunOnCell = _hasRunOnCell || line._hasRunOnCell;
         _firstStray = line.hasStrayQuote() ? 0 : _firstStray;
     }
 
@@ -95,9 +100,11 @@ private:
     static constexpr auto none = static_cast<std::size_t>(-1);
 
     std::vector<std::string_view> _cells;
+    std::size_t _begin = 0;
     std::size_t _count = 0;
     std::size_t _mostCount = 0; // no cell behind it was ever written, or it is empty again
     std::vector<std::size_t> _written;
+    bool _hasRunOnCell = false;
     std::size_t _firstStray = none; // the first cell with a quote where none may stand
 };
 

@@ -3,20 +3,21 @@
 namespace Rellinor {
 
 bool CSVLines::read(CSVLine& line) {
+    std::size_t begin = 0;
     std::size_t delimiter = 0;
     do { // Lines without any character are none.
         if (_place >= _text.size()) {
             return false;
         }
-        line.begin = _place;
+        begin = _place;
         delimiter = _scanner.next();
         _place = delimiter + 1;
-    } while (isEndOfRow(delimiter) && cellEnd(line.begin, delimiter) == line.begin);
+    } while (isEndOfRow(delimiter) && cellEnd(begin, delimiter) == begin);
 
-    line.clear();
-    for (std::size_t begin = line.begin;; delimiter = _scanner.next()) {
+    line.beginAt(begin);
+    for (;; delimiter = _scanner.next()) {
         if (delimiter == CellScanner::unsound) [[unlikely]] {
-            goTo(_recovery.read(line.begin, line) + 1);
+            goTo(_recovery.read(line.begin(), line) + 1);
             return true;
         }
         const bool isLast = isEndOfRow(delimiter);

@@ -51,36 +51,21 @@ CSVOutlook::Answer CSVOutlook::from(std::size_t begin, std::span<const std::size
 /// @param open  where the cell begins that the place is inside of; nowhere if a cell begins there
 CSVOutlook::Part CSVOutlook::part(std::size_t begin, std::size_t open,
                                   std::span<const std::size_t> letters) const noexcept {
-    const std::size_t lineEnd = _grammar.endOfLine(begin);
-    bool beganBefore = open != nowhere;
-    Part part{.open = open};
-    for (std::size_t place = begin;; ++place, beganBefore = false) {
+    Part part{.end = _grammar.endOfLine(begin), .open = open};
+    std::size_t lineBegin = open == nowhere ? nowhere : begin; // if the cell began before
+    for (std::size_t place = begin;; ++place, lineBegin = nowhere) {
         if (part.open == nowhere && _grammar.isQuote(place) &&
             std::ranges::find(letters, place) == letters.end()) {
             part.open = place;
             ++place;
         }
         if (part.open != nowhere) {
-            bool hasStrayQuote = false;
-            CSVGrammar::Quote quote = _grammar.quoteFrom(place, lineEnd);
-            while (quote.place < lineEnd && !quote.closes) {
-                hasStrayQuote = true;
-                quote = _grammar.quoteFrom(quote.place + 1, lineEnd);
-            }
-            const bool isClosed = quote.place < lineEnd;
-            const bool runsOut = !isClosed && lineEnd == _grammar.text().size();
-            if (runsOut ||
-                (hasStrayQuote && (!isClosed || (beganBefore && isSoundByItself(begin))))) {
-                part.broken = part.broken == nowhere ? part.open : part.broken;
-            }
-            part.end = lineEnd;
-            if (!isClosed) {
-                part.count += runsOut ? 1 : 0;
-                part.open = runsOut ? nowhere : part.open;
+            const std::size_t quote = closingQuote(place, lineBegin, part);
+            if (quote == nowhere) {
                 return part;
             }
             part.open = nowhere;
-            place = quote.place + 1;
+            place = quote + 1;
         }
         place = _grammar.delimiterFrom(place);
         ++part.count;
@@ -89,6 +74,30 @@ CSVOutlook::Part CSVOutlook::part(std::size_t begin, std::size_t open,
             return part;
         }
     }
+}
+
+/// The quote that closes the cell that is open in a part, if it does so on the same line.
+///
+/// @param lineBegin  where that is if the cell began before
+std::size_t CSVOutlook::closingQuote(std::size_t begin, std::size_t lineBegin,
+                                     Part& part) const noexcept {
+    bool hasStrayQuote = false;
+    CSVGrammar::Quote quote = _grammar.quoteFrom(begin, part.end);
+    while (quote.place < part.end && !quote.closes) {
+        hasStrayQuote = true;
+        quote = _grammar.quoteFrom(quote.place + 1, part.end);
+    }
+    const bool isClosed = quote.place < part.end;
+    const bool runsOut = !isClosed && part.end == _grammar.text().size();
+    const bool isOnSoundLine = hasStrayQuote && lineBegin != nowhere && isSoundByItself(lineBegin);
+    if (part.broken == nowhere && (runsOut || isOnSoundLine || (hasStrayQuote && !isClosed))) {
+        part.broken = part.open;
+    }
+    if (runsOut) {
+        part.open = nowhere;
+        ++part.count;
+    }
+    return isClosed ? quote.place : nowhere;
 }
 
 /// What follows from the beginning of a line inside quotes.

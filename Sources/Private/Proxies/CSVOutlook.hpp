@@ -62,6 +62,8 @@ private:
 
     [[nodiscard]] Part part(std::size_t begin, std::size_t open,
                             std::span<const std::size_t> letters) const noexcept;
+    [[nodiscard]] std::size_t closingQuote(std::size_t begin, std::size_t lineBegin,
+                                           Part& part) const noexcept;
     [[nodiscard]] const Line* known(std::size_t lineBegin) const noexcept;
     [[nodiscard]] Line line(std::size_t begin);
 

@@ -5,8 +5,7 @@
 namespace Rellinor {
 
 std::size_t CSVRecovery::read(std::size_t begin, CSVLine& line) {
-    line.clear();
-    line.begin = begin;
+    line.beginAt(begin);
     _letters.clear();
     _candidate.reset();
     _outlook.forgetBefore(begin);
@@ -82,7 +81,7 @@ std::size_t CSVRecovery::readUnquoted(std::size_t begin, CSVLine& line) const {
     const std::size_t delimiter = _grammar.delimiterFrom(begin);
     const std::string_view cell = _grammar.cell(begin, delimiter);
     if (cell.starts_with('"')) {
-        line.hasRunOnCell = true;
+        line.addRunOnCell();
     } else if (cell.contains('"')) {
         line.addStrayQuote();
     }

@@ -32,7 +32,7 @@ bool CSVTable::readRow() {
     if (_row.hasStrayQuote()) [[unlikely]] {
         tell(CSVDamage::strayQuote);
     }
-    if (_row.hasRunOnCell) [[unlikely]] {
+    if (_row.hasRunOnCell()) [[unlikely]] {
         tell(CSVDamage::runOnCell);
     }
     _cells = _row.cellsAtLeast(_header.size());
@@ -111,7 +111,7 @@ void CSVTable::undoQuotesOf(CSVLine& line) const noexcept {
 
 void CSVTable::tell(CSVDamage damage) const {
     if (_onDamage) {
-        _onDamage(damage, _row.begin);
+        _onDamage(damage, _row.begin());
     }
 }
 

@@ -99,7 +99,7 @@ public:
     [[nodiscard]] static std::default_sentinel_t end() noexcept { return {}; }
 
     /// Where the row that was read last begins in the text.
-    [[nodiscard]] std::size_t position() const noexcept { return _row.begin; }
+    [[nodiscard]] std::size_t position() const noexcept { return _row.begin(); }
 
 private:
     struct Run {

@@ -64,7 +64,7 @@ public:
 
     [[nodiscard]] Iterator begin() const noexcept { return Iterator(_first); }
 
-    [[nodiscard]] static Iterator end() noexcept { return Iterator(); }
+    [[nodiscard]] static Iterator end() noexcept { return {}; }
 
     /// The first element of that name in it; null if there is none.
     [[nodiscard]] const XMLElement* find(std::string_view name) const noexcept;
@@ -76,7 +76,7 @@ public:
     [[nodiscard]] std::string_view attribute(std::string_view name) const noexcept;
 
 private:
-    friend class XMLDocumentBuilder;
+    friend class XMLDocumentBuilder; // NOLINT(*-virtual-class-destructor): it is final
 
     std::string_view _name;
     std::string_view _text;
@@ -104,7 +104,7 @@ public:
     [[nodiscard]] bool hasTextBesideElements() const noexcept { return _hasTextBesideElements; }
 
 private:
-    friend class XMLDocumentBuilder;
+    friend class XMLDocumentBuilder; // NOLINT(*-virtual-class-destructor): it is final
 
     ChunkedList<XMLElement> _elements;
     ChunkedList<XMLAttribute> _attributes;

@@ -219,6 +219,103 @@ TEST(CSVTableTest, leavesNothingOfALongRowInAShortOne) {
               (Rows{{"1", "2", "3", "4"}, {"5", ""}, {"6", "7", "8"}}));
 }
 
+// Size: each of these would take minutes if time grew faster than the text.
+
+/// How many rows there are, and cells in them.
+std::pair<std::size_t, std::size_t> sizeOf(std::string text) {
+    ImportMemory memory;
+    CSVTable table(text, {}, memory, {});
+    std::pair<std::size_t, std::size_t> size;
+    for (const std::span<const std::string_view> row : table) {
+        size.first += 1;
+        size.second += row.size();
+    }
+    return size;
+}
+
+std::string repeated(std::string_view part, std::size_t count) {
+    std::string text;
+    text.reserve(part.size() * count);
+    for (; count > 0; --count) {
+        text += part;
+    }
+    return text;
+}
+
+using Size = std::pair<std::size_t, std::size_t>;
+const std::size_t many = affordable(std::size_t{500'000});
+
+TEST(CSVTableTest, readsQuotesOnly) {
+    EXPECT_EQ(sizeOf("a\n" + repeated("\"", 16 * many)), (Size{1, 1}));
+}
+
+TEST(CSVTableTest, readsAnOpenQuoteAndLineFeeds) {
+    EXPECT_EQ(sizeOf("a,b\n1,\"" + repeated("\n", 8 * many)), (Size{1, 2}));
+}
+
+TEST(CSVTableTest, readsCarriageReturnsOnly) {
+    EXPECT_EQ(sizeOf("a,b\n1,2" + repeated("\r", 16 * many)), (Size{1, 2}));
+    EXPECT_EQ(sizeOf("a,b\n" + repeated("\"\r\r\r", many)), (Size{1, 2}));
+}
+
+TEST(CSVTableTest, readsQuotesThatNobodyClosesOnEveryLine) {
+    for (const std::string_view line :
+         {"\"1,2\n", "1,\"2\n", "\"\"1,2\n", "\"\"\"1,2\n", "1,\"\"2\n", "\"1\"2,\"3\n"}) {
+        EXPECT_EQ(sizeOf("a,b\n" + repeated(line, many)), (Size{many, 2 * many})) << line;
+    }
+}
+
+TEST(CSVTableTest, readsACellThatRunsOverManyRowsInVain) {
+    const std::string rows = repeated("1,2\n", many);
+    EXPECT_EQ(sizeOf("a,b\n1,\"2\n" + rows), (Size{many + 1, 2 * many + 2}));
+    EXPECT_EQ(sizeOf("a,b\n1,\"2\n" + rows + "3,4\"5\n"), (Size{many + 2, 2 * many + 4}));
+}
+
+TEST(CSVTableTest, readsAMillionColumns) {
+    const std::string columns = repeated(",", 2 * many);
+    EXPECT_EQ(sizeOf(columns + "\n" + columns), (Size{1, 2 * many + 1}));
+    EXPECT_EQ(sizeOf("a\n" + repeated("\"1\"2\",", many)), (Size{1, many + 1}));
+    EXPECT_EQ(sizeOf(columns + "\n" + repeated("\"1\"2\",", 2 * many)), (Size{1, 2 * many + 1}));
+}
+
+TEST(CSVTableTest, readsShortLinesUnderAWideHeader) {
+    const std::string header = repeated(",", many) + "\n";
+    EXPECT_EQ(sizeOf(header + repeated("1\n", many)).first, many);
+    EXPECT_EQ(sizeOf(header + repeated("1,2\n", many)).first, 1);
+    EXPECT_EQ(sizeOf(header + repeated("1,2\n", many - 1)).first, many - 1);
+}
+
+TEST(CSVTableTest, readsLinesThatRunIntoEachOtherUnderAWideHeader) {
+    // Each line may end a cell of the one before, and begins one that the next may end.
+    const std::string header = repeated(",", many) + "\n";
+    EXPECT_EQ(sizeOf(header + repeated("\"1\"2\",\"\n", many / 2)).first, many / 2);
+}
+
+TEST(CSVTableTest, readsLinesThatFitTheHeaderUpToABrokenCellFarAway) {
+    // Every line has one cell more than the line before, so that each row has the header's width
+    // with all lines behind it, but for the last of its cells.
+    std::size_t lines = 1'000;
+    std::string text = repeated(",", lines) + "\n";
+    for (std::size_t line = 0; line < lines; ++line) {
+        text += repeated("p,", line) + "\"x\"y\",\"" + (line + 1 < lines ? "\n" : "q,q\n\"z\n");
+    }
+    EXPECT_EQ(sizeOf(text).first, lines + 1);
+}
+
+// Memory
+
+TEST(CSVTableTest, allocatesNothingForARow) {
+    const auto allocationsFor = [](std::size_t rows) {
+        std::string text = "a,b,c\n" + repeated("1,\"2\"\"\",\"3\"\n", rows);
+        return allocationsOf([&] {
+            ImportMemory memory;
+            CSVTable table(text, {}, memory, {});
+            EXPECT_EQ(std::ranges::distance(table.begin(), CSVTable::end()), rows);
+        });
+    };
+    EXPECT_EQ(allocationsFor(10'000), allocationsFor(10));
+}
+
 } // namespace
 
 } // namespace Rellinor::Tests

@@ -332,7 +332,8 @@ void CredentialExchangeJSON::addAccount(const JSONObject& account, std::vector<J
     }
 }
 
-/// The depth of a JSON text is bounded, and so is this recursion.
+// The depth of a JSON text is bounded, and so is this recursion.
+// NOLINTNEXTLINE(misc-no-recursion)
 void CredentialExchangeJSON::addCollections(const JSONObject& holder, std::string_view list,
                                             std::string_view path, ImportMemory& memory,
                                             Reporter& reporter) {

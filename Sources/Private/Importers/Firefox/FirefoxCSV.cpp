@@ -2,6 +2,7 @@
 #include <array>
 #include <charconv>
 #include <cstdint>
+#include <memory>
 
 #include "Private/Importers/CSVLayouts.hpp"
 
@@ -21,8 +22,8 @@ void readPasswordChange(CSVItem& item, const CSVEntry& cell) {
     constexpr std::size_t digitsOfMilliseconds = 3;
 
     std::int64_t time = 0;
-    const char* const end = cell.text.data() + cell.text.size();
-    const auto [rest, error] = std::from_chars(cell.text.data(), end, time);
+    const char* const end = std::to_address(cell.text.end());
+    const auto [rest, error] = std::from_chars(std::to_address(cell.text.begin()), end, time);
     if (error != std::errc() || rest != end || time < 0) {
         item.reporter().found(FindingKind::unreadableDate, cell.name);
         item.add(cell, other, cell.label, cell.text);

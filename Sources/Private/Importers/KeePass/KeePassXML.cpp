@@ -93,7 +93,8 @@ public:
         }
     }
 
-    /// The depth of the text is bounded, and so is this recursion.
+    // The depth of an XML text is bounded, and so is this recursion.
+    // NOLINTNEXTLINE(misc-no-recursion)
     void visit(const XMLElement& group, std::string_view around, bool isTrashed) {
         const std::string_view path = pathOf(around, group.textOf("Name"), _memory);
         const std::string_view identifier = group.textOf("UUID");
@@ -104,7 +105,7 @@ public:
         bool isEmpty = true;
         for (const XMLElement& element : group) {
             if (element.name() == "Entry") {
-                entries.push_back(
+                _entries.push_back(
                     {.element = &element, .folder = path, .isTrashed = isTrashed || isBin});
                 isEmpty = false;
             } else if (element.name() == "Group") {
@@ -117,9 +118,10 @@ public:
         }
     }
 
-    std::vector<KeePassEntry> entries;
+    [[nodiscard]] std::vector<KeePassEntry> take() && noexcept { return std::move(_entries); }
 
 private:
+    std::vector<KeePassEntry> _entries;
     ImportMemory& _memory;
     Reporter& _reporter;
     std::string_view _recycleBin; // identifier of the group; empty if there is none
@@ -209,8 +211,9 @@ KeePassEntries KeePassXML::read(const ExportFile& file, ImportMemory& memory, Re
             }
         }
     }
-    reporter.expect(walk.entries.size());
-    return {*std::move(document), std::move(walk.entries)};
+    std::vector<KeePassEntry> entries = std::move(walk).take();
+    reporter.expect(entries.size());
+    return {*std::move(document), std::move(entries)};
 }
 
 void KeePassXML::decode(const RawRecord& entry, VaultItemBuilder& builder) {

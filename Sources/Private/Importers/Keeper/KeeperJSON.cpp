@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 
 namespace Rellinor {
 
@@ -101,7 +102,7 @@ ExtraKind kindOf(std::string_view type) noexcept {
         ExtraKind kind;
     };
 
-    constexpr auto types = std::to_array<TypeKind>({
+    static constexpr TypeKind types[] = {
         {"oneTimeCode", ExtraKind::oneTimePassword},
         {"otp", ExtraKind::oneTimePassword},
         {"url", ExtraKind::furtherURL},
@@ -113,9 +114,9 @@ ExtraKind kindOf(std::string_view type) noexcept {
         {"pinCode", ExtraKind::customSecret},
         {"keyPair", ExtraKind::customSecret},
         {"securityQuestion", ExtraKind::customSecret},
-    });
-    const auto found = std::ranges::find(types, type, &TypeKind::type);
-    return found != types.end() ? found->kind : ExtraKind::customText;
+    };
+    const auto* const found = std::ranges::find(types, type, &TypeKind::type);
+    return found != std::end(types) ? found->kind : ExtraKind::customText;
 }
 
 ItemField fieldOf(const FieldName& name) noexcept {
@@ -125,6 +126,9 @@ ItemField fieldOf(const FieldName& name) noexcept {
     return name.type == "text" && name.label == "cardholderName" ? ItemField::cardHolder
                                                                  : ItemField::none;
 }
+
+// The depth of a JSON text is bounded, and so is this recursion.
+// NOLINTBEGIN(misc-no-recursion)
 
 void decodePayment(const JSONValue& value, VaultItemBuilder& builder) {
     if (const auto elements = value.elements()) {
@@ -141,6 +145,8 @@ void decodePayment(const JSONValue& value, VaultItemBuilder& builder) {
         });
     });
 }
+
+// NOLINTEND(misc-no-recursion)
 
 void decodeCustomField(std::string_view name, const JSONValue& value, VaultItemBuilder& builder) {
     VaultItem& item = builder.item();

@@ -135,8 +135,7 @@ void readCard(CSVItem& item, const CSVEntry& cell) {
             key = next;
             value = line.substr(next->name.size() + 1);
         } else if (key != nullptr) {
-            value = {value.data(),
-                     static_cast<std::size_t>(line.data() + line.size() - value.data())};
+            value = {value.begin(), line.end()}; // which follows it
         } else {
             item.add(cell, customText, {}, line);
         }

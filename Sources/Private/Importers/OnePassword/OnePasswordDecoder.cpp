@@ -48,6 +48,9 @@ void OnePasswordDecoder::addFormField(std::string_view designation, std::string_
     addNamed(facts, value);
 }
 
+// The depth of a JSON text is bounded, and so is this recursion.
+// NOLINTBEGIN(misc-no-recursion)
+
 void OnePasswordDecoder::addNamed(const OnePasswordFieldFacts& facts, const JSONValue& value) {
     const auto parts = value.object();
     if (!parts) {
@@ -61,6 +64,8 @@ void OnePasswordDecoder::addNamed(const OnePasswordFieldFacts& facts, const JSON
                  part);
     });
 }
+
+// NOLINTEND(misc-no-recursion)
 
 void OnePasswordDecoder::setLocation(const JSONValue& value, std::string_view name) {
     _builder.assign(_location, value, name);

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <array>
+#include <vector>
 
 #include "Private/Importers/CSVCells.hpp"
 #include "Private/Importers/CSVLayouts.hpp"
@@ -65,7 +66,7 @@ public:
             } else if (isField) {
                 add(member->field, name, textOf(value, _cell, _item));
             } else {
-                addValue({.name = name}, value, 0);
+                addValue(name, value);
             }
         });
     }
@@ -86,35 +87,48 @@ private:
         }
     }
 
-    struct Label {
-        Name name;
+    struct Labelled {
+        Name label;
         bool isGiven = false; // by a person, to the field that the value is in
+        JSONValue value;
     };
 
     /// A value under its name. Those inside of it have names of their own, but for a field that a
     /// person has added: that one has the name that the person gave it.
-    void addValue(Label label, const JSONValue& value, int depth) {
-        constexpr int deepest = 8;
-
-        if (const auto elements = value.elements(); elements && depth < deepest) {
-            for (const JSONValue element : *elements) {
-                addValue(label, element, depth + 1);
+    void addValue(Name name, const JSONValue& value) {
+        std::vector<Labelled> rest = {{.label = name, .value = value}};
+        while (!rest.empty()) {
+            const Labelled next = rest.back();
+            rest.pop_back();
+            const auto inner = static_cast<std::ptrdiff_t>(rest.size());
+            if (const auto elements = next.value.elements()) {
+                for (const JSONValue element : *elements) {
+                    rest.push_back(
+                        {.label = next.label, .isGiven = next.isGiven, .value = element});
+                }
+            } else if (const auto object = next.value.object()) {
+                addMembers(next, *object, rest);
+            } else {
+                add(none, next.label, textOf(next.value, _cell, _item));
             }
-        } else if (const auto object = value.object(); object && depth < deepest) {
-            object->forEachNamed({}, [&](Name name, const JSONValue& text) {
-                if (name == "fieldName" && text.text()) {
-                    label = {.name = *text.text(), .isGiven = true};
-                }
-            });
-            object->forEachNamed({}, [&](Name name, const JSONValue& part) {
-                const bool isDescription = name == "fieldName" || name == "type";
-                if (!label.isGiven || !isDescription) {
-                    addValue(label.isGiven ? label : Label{.name = name}, part, depth + 1);
-                }
-            });
-        } else {
-            add(none, label.name, textOf(value, _cell, _item));
+            std::ranges::reverse(rest.begin() + inner, rest.end());
         }
+    }
+
+    static void addMembers(Labelled owner, const JSONObject& object, std::vector<Labelled>& rest) {
+        object.forEachNamed({}, [&](Name name, const JSONValue& value) {
+            if (name == "fieldName" && value.text()) {
+                owner = {.label = *value.text(), .isGiven = true, .value = {}};
+            }
+        });
+        object.forEachNamed({}, [&](Name name, const JSONValue& value) {
+            const bool isDescription = name == "fieldName" || name == "type";
+            if (!owner.isGiven || !isDescription) {
+                rest.push_back({.label = owner.isGiven ? owner.label : name,
+                                .isGiven = owner.isGiven,
+                                .value = value});
+            }
+        });
     }
 
     void add(CSVField field, Name name, Name text) {

@@ -353,7 +353,7 @@ TEST(ChromeImporterTest, leavesNothingButOneHandlePerImport) {
     EXPECT_EQ(piecesInUse(), pieces);
     EXPECT_LE(keptByOne, 160 * 1024);
     EXPECT_NEAR(static_cast<double>(::sqlite3_memory_used() - before),
-                static_cast<double>(keptByOne) * imports, 4096);
+                static_cast<double>(keptByOne) * static_cast<double>(imports), 4096);
 }
 
 TEST(ChromeImporterTest, wipesWhatItReadWhenTheLastRecordIsLetGo) {
