@@ -31,22 +31,6 @@ bool exposesSecrets(const ImportOptions& options, const Terminal& terminal) {
     return options.format == Format::tirel && !options.reveal && terminal.width;
 }
 
-/// What an import still has to do once it has begun to read.
-WallGates gatesOf(const ImportOptions& options) {
-    WallGates gates;
-    const auto* const source = std::get_if<ImportSource>(&options.as);
-    if (source != nullptr && options.keepImporter) { // the only import that SQLite does in place
-        for (const std::string& path : options.paths) {
-            const bool isFirefox = *source == ImportSource::firefox;
-            if (isFirefox || *source == ImportSource::chrome) {
-                gates.databases.push_back(
-                    folderOfDatabase(isFirefox ? path + "/signons.sqlite" : path));
-            }
-        }
-    }
-    return gates;
-}
-
 int answer(const ImportRequest& request) {
     ImportOptions options = request.options;
     if (terminalAt(STDERR_FILENO).width) {
@@ -54,9 +38,7 @@ int answer(const ImportRequest& request) {
     }
     if (request.output) {
         OutputFile file(*request.output, request.force ? Existing::replaced : Existing::kept);
-        WallGates gates = gatesOf(options);
-        gates.output = file.folder();
-        wallIn(gates);
+        wallIn({.output = file.folder(), .isOpenToFiles = options.keepImporter});
         const int status = import(options, Terminal(), file.stream(), std::cerr);
         file.commit();
         return status;
@@ -67,7 +49,7 @@ int answer(const ImportRequest& request) {
                      "FILE, or show it with --reveal\n";
         return ExitStatus::wrongUsage;
     }
-    wallIn(gatesOf(options));
+    wallIn({.output = {}, .isOpenToFiles = options.keepImporter});
     return import(options, terminal, std::cout, std::cerr);
 }
 

@@ -2,24 +2,23 @@
 
 #include <cerrno>
 #include <cstdint>
-#include <filesystem>
 #include <initializer_list>
 #include <memory>
 #include <new>
-#include <system_error>
 #include <utility>
 
-#if defined(RELLINOR_LANDLOCK)
+#if defined(RELLINOR_WALL)
 #include <fcntl.h>
-#include <linux/landlock.h>
 #include <sys/prctl.h>
 #include <sys/syscall.h>
 #include <unistd.h>
+#if __has_include(<linux/landlock.h>)
+#include <linux/landlock.h>
+#define RELLINOR_LANDLOCK // NOLINT(*-macro-usage)
 #endif
-
 #if defined(RELLINOR_SECCOMP)
-#include <fcntl.h>
 #include <seccomp.h>
+#endif
 #endif
 
 namespace Rellinor::Host {
@@ -28,14 +27,9 @@ namespace {
 
 #if defined(RELLINOR_LANDLOCK)
 
-constexpr std::uint64_t making = LANDLOCK_ACCESS_FS_MAKE_REG | LANDLOCK_ACCESS_FS_REMOVE_FILE;
-
-/// All that changes files, as far as every system with Landlock knows it, and to start a program.
-constexpr std::uint64_t stopped = making | LANDLOCK_ACCESS_FS_EXECUTE |
-                                  LANDLOCK_ACCESS_FS_WRITE_FILE | LANDLOCK_ACCESS_FS_REMOVE_DIR |
-                                  LANDLOCK_ACCESS_FS_MAKE_CHAR | LANDLOCK_ACCESS_FS_MAKE_DIR |
-                                  LANDLOCK_ACCESS_FS_MAKE_SOCK | LANDLOCK_ACCESS_FS_MAKE_FIFO |
-                                  LANDLOCK_ACCESS_FS_MAKE_BLOCK | LANDLOCK_ACCESS_FS_MAKE_SYM;
+/// All that every system with Landlock tells apart, but to read.
+constexpr std::uint64_t stopped = ((LANDLOCK_ACCESS_FS_MAKE_SYM << 1U) - 1) &
+                                  ~(LANDLOCK_ACCESS_FS_READ_FILE | LANDLOCK_ACCESS_FS_READ_DIR);
 
 /// A file descriptor, which closes in the end.
 class Descriptor {
@@ -57,18 +51,8 @@ private:
     int _number;
 };
 
-/// Allows something in a folder and below it.
-void allow(std::uint64_t access, const std::string& folder, int rules) noexcept {
-    const Descriptor parent(::open(folder.c_str(), O_PATH | O_CLOEXEC)); // NOLINT(*-vararg)
-    landlock_path_beneath_attr rule{};
-    rule.allowed_access = access;
-    rule.parent_fd = parent.number();
-    // What is not there cannot be opened for writing either.
-    ::syscall(SYS_landlock_add_rule, rules, LANDLOCK_RULE_PATH_BENEATH, &rule,
-              0); // NOLINT(*-vararg)
-}
-
-void closeFolders(const WallGates& gates) noexcept {
+/// Closes all folders but one to every change of files; all of them if its name is empty.
+void closeFolders(const std::string& outputFolder) noexcept {
     landlock_ruleset_attr attributes{};
     attributes.handled_access_fs = stopped;
     const Descriptor rules(::syscall(SYS_landlock_create_ruleset, // NOLINT(*-vararg)
@@ -76,11 +60,14 @@ void closeFolders(const WallGates& gates) noexcept {
     if (rules.number() < 0) {
         return; // this system has none
     }
-    if (!gates.output.empty()) {
-        allow(making, gates.output, rules.number());
-    }
-    for (const std::string& folder : gates.databases) {
-        allow(making | LANDLOCK_ACCESS_FS_WRITE_FILE, folder, rules.number());
+    if (!outputFolder.empty()) {
+        const Descriptor folder(
+            ::open(outputFolder.c_str(), O_PATH | O_CLOEXEC)); // NOLINT(*-vararg)
+        landlock_path_beneath_attr rule{};
+        rule.allowed_access = LANDLOCK_ACCESS_FS_MAKE_REG | LANDLOCK_ACCESS_FS_REMOVE_FILE;
+        rule.parent_fd = folder.number();
+        ::syscall(SYS_landlock_add_rule, rules.number(), // NOLINT(*-vararg)
+                  LANDLOCK_RULE_PATH_BENEATH, &rule, 0);
     }
     ::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);                 // NOLINT(*-vararg)
     ::syscall(SYS_landlock_restrict_self, rules.number(), 0); // NOLINT(*-vararg)
@@ -162,7 +149,7 @@ void stopCalls(const WallGates& gates) {
     filter.stop({SCMP_SYS(mkdir), SCMP_SYS(mkdirat), SCMP_SYS(rmdir), SCMP_SYS(mknod),
                  SCMP_SYS(mknodat), SCMP_SYS(symlink), SCMP_SYS(symlinkat), SCMP_SYS(setxattr),
                  SCMP_SYS(lsetxattr), SCMP_SYS(removexattr), SCMP_SYS(lremovexattr)});
-    if (gates.databases.empty()) {
+    if (!gates.isOpenToFiles) {
         stopWriting(filter, !gates.output.empty());
     }
     filter.load();
@@ -174,22 +161,13 @@ void stopCalls(const WallGates& gates) {
 
 void wallIn([[maybe_unused]] const WallGates& gates) {
 #if defined(RELLINOR_LANDLOCK)
-    closeFolders(gates);
+    if (!gates.isOpenToFiles) {
+        closeFolders(gates.output);
+    }
 #endif
 #if defined(RELLINOR_SECCOMP)
     stopCalls(gates);
 #endif
-}
-
-std::string folderOfDatabase(const std::string& path) {
-    constexpr int mostLinks = 40; // that a system follows
-
-    std::filesystem::path place(path);
-    std::error_code error;
-    for (int link = 0; link < mostLinks && std::filesystem::is_symlink(place, error); ++link) {
-        place = place.parent_path() / std::filesystem::read_symlink(place, error);
-    }
-    return place.has_parent_path() ? place.parent_path().string() : ".";
 }
 
 } // namespace Rellinor::Host

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 namespace Rellinor::Host {
 
@@ -11,22 +10,19 @@ struct WallGates {
     /// there is none.
     std::string output;
 
-    /// Writes, makes and removes files in these folders: SQLite takes back what a browser broke
-    /// off, and makes files beside a database.
-    std::vector<std::string> databases;
+    /// Changes any file: SQLite takes back what a browser broke off, and makes files beside a
+    /// database that it reads in its place.
+    bool isOpenToFiles = false;
 };
 
 /// Walls this process in for the rest of its life, before it reads what a stranger wrote: it
 /// connects to nothing, starts nothing, looks into no other process, and changes no file but
 /// through a gate. What it has open already stays as it is, and it reads what it could read before.
 ///
-/// The system calls are stopped by a filter, and folders told apart by Landlock, where the tool is
-/// built with them and the system has them. Elsewhere there is no wall.
+/// On Linux libseccomp stops the system calls if the tool is built with it, and Landlock tells
+/// folders apart if the system has it. Elsewhere there is no wall.
 ///
 /// @throws std::bad_alloc
 void wallIn(const WallGates& gates);
-
-/// The folder in which SQLite works on a database, at the end of all links.
-[[nodiscard]] std::string folderOfDatabase(const std::string& path);
 
 } // namespace Rellinor::Host

@@ -51,7 +51,10 @@ if(CMAKE_SYSTEM_NAME STREQUAL "Linux" AND RELLINOR_SECCOMP AND (RELLINOR_HOST OR
     # Shared in any case: its licence asks that it can be replaced.
     set(suffixes "${CMAKE_FIND_LIBRARY_SUFFIXES}")
     list(REMOVE_ITEM CMAKE_FIND_LIBRARY_SUFFIXES .a)
-    pkg_check_modules(seccomp REQUIRED IMPORTED_TARGET libseccomp)
+    pkg_check_modules(seccomp IMPORTED_TARGET libseccomp)
+    if(NOT seccomp_FOUND)
+        message(WARNING "Without libseccomp the tool can open connections and start programs")
+    endif()
     set(CMAKE_FIND_LIBRARY_SUFFIXES "${suffixes}")
 endif()
 if(NOT TARGET PkgConfig::utf8proc)

@@ -89,7 +89,7 @@ TEST(WipedBufferTest, keepsTheTextsOfALargeImportOutOfMemoryDumps) {
     const ImportedExport imported = readExport(ExportFile::atPath(folder.file("export.csv", rows)),
                                                {.as = Layout::lastPassCSV});
     ASSERT_EQ(imported.records->passwords.size(), 2000);
-    for (const std::size_t number : {0, 1000, 1999}) {
+    for (const std::size_t number : {0U, 1000U, 1999U}) {
         const std::string_view password = imported.records->passwords[number]->password();
         EXPECT_EQ(password, "something \" secret");
         EXPECT_TRUE(isLeftOutOfDumps(password.data())) << number;
