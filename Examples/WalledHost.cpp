@@ -12,11 +12,8 @@
 
 #include <Rellinor/ExportReader.hpp>
 #include <fcntl.h>
-#include <linux/landlock.h>
 #include <seccomp.h>
-#include <sys/prctl.h>
 #include <sys/resource.h>
-#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -28,20 +25,11 @@ constexpr std::size_t mostBytes = std::size_t{256} << 20U; // of the texts of an
 bool giveUpRights() {
     const rlimit memory{.rlim_cur = rlim_t{2} << 30U, .rlim_max = rlim_t{2} << 30U};
     const rlimit seconds{.rlim_cur = 60, .rlim_max = 60};
-    const rlimit none{.rlim_cur = 0, .rlim_max = 0};
+    const rlimit none{};
     ::setrlimit(RLIMIT_AS, &memory);
     ::setrlimit(RLIMIT_CPU, &seconds);
-    ::setrlimit(RLIMIT_NOFILE, &none);
     ::setrlimit(RLIMIT_CORE, &none);
-    ::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
-
-    // No file, where the system has Landlock: every right is asked for, and none is given.
-    landlock_ruleset_attr files{};
-    files.handled_access_fs = (LANDLOCK_ACCESS_FS_MAKE_SYM << 1U) - 1;
-    const long rules = ::syscall(SYS_landlock_create_ruleset, &files, sizeof files, 0);
-    ::syscall(SYS_landlock_restrict_self, rules, 0);
-
-    // No call of the system but those that a computation needs.
+    // No call of the system but those that a computation needs: none that opens anything.
     const scmp_filter_ctx filter = ::seccomp_init(SCMP_ACT_ERRNO(EPERM));
     for (const int call :
          {SCMP_SYS(write), SCMP_SYS(brk), SCMP_SYS(mmap), SCMP_SYS(munmap), SCMP_SYS(mremap),
@@ -52,7 +40,7 @@ bool giveUpRights() {
     }
     const bool isLoaded = ::seccomp_load(filter) == 0;
     ::seccomp_release(filter);
-    return isLoaded && ::open("/", O_RDONLY | O_CLOEXEC) < 0; // a wall that is there
+    return isLoaded && ::open("/", O_RDONLY | O_CLOEXEC) < 0; // there is a wall
 }
 
 /// Writes the length of a text and the text.
