@@ -12,7 +12,7 @@ asInterfaces(const std::shared_ptr<const RecordsBlock>& block,
              const RecordsBlock::List<Record>& list) {
     std::vector<std::shared_ptr<const Interface>> interfaces;
     interfaces.reserve(list.records.size());
-    list.records.forEach([&](const Record& record) { interfaces.emplace_back(block, &record); });
+    list.records.forEach([&](const auto& record) { interfaces.emplace_back(block, &record); });
     return interfaces;
 }
 
