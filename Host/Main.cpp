@@ -2,6 +2,7 @@
 
 #include <exception>
 #include <iostream>
+#include <memory>
 #include <new>
 #include <variant>
 
@@ -37,10 +38,12 @@ int answer(const ImportRequest& request) {
         options.progress = &std::cerr;
     }
     if (request.output) {
-        OutputFile file(*request.output, request.force ? Existing::replaced : Existing::kept);
-        wallIn({.output = file.folder(), .isOpenToFiles = options.keepImporter});
-        const int status = import(options, Terminal(), file.stream(), std::cerr);
-        file.commit();
+        // Not on the stack, which may be small.
+        const auto file = std::make_unique<OutputFile>(
+            *request.output, request.force ? Existing::replaced : Existing::kept);
+        wallIn({.output = file->folder(), .isOpenToFiles = options.keepImporter});
+        const int status = import(options, Terminal(), file->stream(), std::cerr);
+        file->commit();
         return status;
     }
     const Terminal terminal = terminalAt(STDOUT_FILENO);
