@@ -2,6 +2,7 @@
 
 #include <exception>
 #include <iostream>
+#include <memory>
 #include <new>
 #include <variant>
 
@@ -20,6 +21,7 @@
 #include "Host/ProcessState.hpp"
 #include "Host/Source.hpp"
 #include "Host/Terminal.hpp"
+#include "Host/Wall.hpp"
 
 namespace {
 
@@ -36,9 +38,12 @@ int answer(const ImportRequest& request) {
         options.progress = &std::cerr;
     }
     if (request.output) {
-        OutputFile file(*request.output, request.force ? Existing::replaced : Existing::kept);
-        const int status = import(options, Terminal(), file.stream(), std::cerr);
-        file.commit();
+        // Not on the stack, which may be small.
+        const auto file = std::make_unique<OutputFile>(
+            *request.output, request.force ? Existing::replaced : Existing::kept);
+        wallIn({.output = file->folder(), .isOpenToFiles = options.keepImporter});
+        const int status = import(options, Terminal(), file->stream(), std::cerr);
+        file->commit();
         return status;
     }
     const Terminal terminal = terminalAt(STDOUT_FILENO);
@@ -47,14 +52,17 @@ int answer(const ImportRequest& request) {
                      "FILE, or show it with --reveal\n";
         return ExitStatus::wrongUsage;
     }
+    wallIn({.output = {}, .isOpenToFiles = options.keepImporter});
     return import(options, terminal, std::cout, std::cerr);
 }
 
 int answer(const DetectRequest& request) {
+    wallIn({});
     return runDetect(request.paths, request.wording, std::cout);
 }
 
 int answer(const CheckRequest& request) {
+    wallIn({});
     return runCheck(request.paths, request.as, request.wording, std::cout);
 }
 

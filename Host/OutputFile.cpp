@@ -136,7 +136,7 @@ int OutputFile::open() {
     } else if (errno != ENOENT || _path.empty()) {
         fail(errno);
     }
-    _descriptor = openUnnamed(beside("."));
+    _descriptor = openUnnamed(folder());
     if (_descriptor >= 0) {
         return _descriptor;
     }

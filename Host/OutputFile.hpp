@@ -43,6 +43,9 @@ public:
     /// Where to write the contents.
     [[nodiscard]] std::ostream& stream() noexcept { return _stream; }
 
+    /// The folder of its place.
+    [[nodiscard]] std::string folder() const { return beside("."); }
+
     /// Puts the file in its place, as the last call. No file that came there meanwhile is lost if
     /// existing ones are to be kept; this takes a file system that has hard links.
     ///

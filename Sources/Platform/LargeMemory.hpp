@@ -10,6 +10,11 @@ namespace Rellinor {
 /// page is dear to touch, however large the page is.
 inline constexpr std::size_t largePageSize = std::size_t{2} * 1024 * 1024;
 
+/// A piece of memory of at least this size has its pages for itself, and they are left out of
+/// memory dumps where the system can do that. For smaller pieces that would cost more than it
+/// helps.
+inline constexpr std::size_t ownPagesSize = std::size_t{64} * 1024;
+
 /// A run of bytes on the heap.
 ///
 /// The bytes are uninitialised at first: fresh memory is touched once, when it is filled.

@@ -1,15 +1,8 @@
 #include "Public/Extras.hpp"
 
+#include "Private/Importers/RecordsBlock.hpp"
+
 namespace Rellinor {
-
-namespace {
-
-std::span<const Extra> at(const std::vector<std::span<const Extra>>& list,
-                          std::size_t index) noexcept {
-    return index < list.size() ? list[index] : std::span<const Extra>();
-}
-
-} // namespace
 
 std::string_view identifier(ExtraKind kind) noexcept {
     switch (kind) {
@@ -49,15 +42,15 @@ std::string_view identifier(ExtraKind kind) noexcept {
 }
 
 std::span<const Extra> Extras::ofPassword(std::size_t index) const noexcept {
-    return at(_passwords, index);
+    return _block ? _block->passwords.extras.at(index) : std::span<const Extra>();
 }
 
 std::span<const Extra> Extras::ofNote(std::size_t index) const noexcept {
-    return at(_notes, index);
+    return _block ? _block->notes.extras.at(index) : std::span<const Extra>();
 }
 
 std::span<const Extra> Extras::ofCard(std::size_t index) const noexcept {
-    return at(_cards, index);
+    return _block ? _block->cards.extras.at(index) : std::span<const Extra>();
 }
 
 } // namespace Rellinor

@@ -5,11 +5,13 @@
 #include <memory>
 #include <span>
 #include <string_view>
-#include <vector>
+#include <utility>
 
 #include <Rellinor/Export.hpp>
 
 namespace Rellinor {
+
+struct RecordsBlock;
 
 /// What an extra is. A number keeps its meaning for ever.
 enum class ExtraKind : std::uint16_t { // NOLINT(performance-enum-size): it grows
@@ -57,12 +59,10 @@ public:
 private:
     friend struct RecordsBlock;
 
-    using List = std::vector<std::span<const Extra>>;
+    explicit Extras(std::shared_ptr<const RecordsBlock> block) noexcept
+        : _block(std::move(block)) {}
 
-    std::shared_ptr<const void> _block;
-    List _passwords;
-    List _notes;
-    List _cards;
+    std::shared_ptr<const RecordsBlock> _block;
 };
 
 } // namespace Rellinor

@@ -151,7 +151,7 @@ class Stack(FaultCase):
              '{"logins":[],"notes":[],"cards":[],"x":' + "[" * 505 + "]" * 505 + "}")
 
     def test_little_stack_is_enough(self):
-        limit = limited(resource.RLIMIT_STACK, 256 << 10)
+        limit = limited(resource.RLIMIT_STACK, 64 << 10)
         for source, store in STORES:
             for command in (("import", "--source", source, "--format", "json"),
                             ("check", "--source", source), ("detect",)):
@@ -160,8 +160,18 @@ class Stack(FaultCase):
                 self.assertEqual((ended.returncode, ended.stdout, ended.stderr),
                                  (expected.returncode, expected.stdout, expected.stderr))
 
+    def test_little_stack_is_enough_for_every_sample(self):
+        limit = limited(resource.RLIMIT_STACK, 64 << 10)
+        samples = [path for path in (ROOT / "Examples" / "Vault").glob("*/*") if path.name[0] != "."]
+        self.assertGreater(len(samples), 20)
+        for path in samples:
+            for command in (("import", "--format", "json", "--output", self.output, "--force"),
+                            ("check",), ("detect",)):
+                ended = self.run_tool(*command, path, preexec_fn=limit)
+                self.assertIn(ended.returncode, (0, 1), (command, path, ended.stderr))
+
     def test_little_stack_is_enough_for_extreme_texts(self):
-        limit = limited(resource.RLIMIT_STACK, 256 << 10)
+        limit = limited(resource.RLIMIT_STACK, 64 << 10)
         for source in SOURCES:
             file, imported = self.file_of(source, self.folder)
             for text in self.TEXTS:

@@ -7,6 +7,7 @@ import resource
 import signal
 import subprocess
 import time
+import unittest
 from pathlib import Path
 
 from tool_case import Case, default_signals, ignoring, main, TIMEOUT, TOOL, UNWRITABLE
@@ -178,6 +179,17 @@ class Limits(Case):
             self.skipTest("there is no /proc here")
         self.assertRegex((process / "limits").read_text(), r"Max core file size +0 +0 ")
         self.assertRegex((process / "status").read_text(), r"Umask:\t0077\n")
+
+    @unittest.skipUnless("RELLINOR_WALLED" in os.environ, "the tool is built without a wall")
+    def test_it_reads_behind_its_wall(self):
+        for command in ("import", "detect", "check"):
+            process = subprocess.Popen([*TOOL, command, "-"], stdin=subprocess.PIPE,
+                                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+            status = Path("/proc", str(process.pid), "status")
+            try:
+                self.wait_until(lambda: "\nSeccomp:\t2\n" in status.read_text(), command)
+            finally:
+                process.communicate(b"", TIMEOUT)
 
 
 class Names(Case):

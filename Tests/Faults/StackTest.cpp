@@ -1,9 +1,12 @@
 // Little stack: nothing goes deeper the larger or the more nested a file is.
 
 #include <cstddef>
+#include <filesystem>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include <Rellinor/Rellinor.hpp>
 #include <gtest/gtest.h>
 
 #include "Tests/Support/Connection.hpp"
@@ -14,7 +17,10 @@ namespace Rellinor::Tests {
 
 namespace {
 
-constexpr std::size_t smallStack = std::size_t{256} * 1024;
+constexpr std::size_t smallStack = std::size_t{64} * 1024;
+
+/// What SQLite takes for a schema that nobody would make.
+constexpr std::size_t stackOfSQLite = 4 * smallStack;
 
 std::string repeated(std::string_view text, std::size_t count) {
     std::string all;
@@ -30,6 +36,7 @@ std::vector<std::string> extremeTexts() {
     constexpr std::size_t many = 100'000;
 
     const std::string arrays = repeated("[", 505) + repeated("]", 505);
+    const std::string deep = repeated(R"({"a":)", 490) + "1" + repeated("}", 490);
     const std::string objects = repeated(R"({"a":)", 505) + "1" + repeated("}", 505);
     return {
         repeated("[", many),
@@ -55,6 +62,16 @@ std::vector<std::string> extremeTexts() {
         repeated("\xCC\x81", many),
         repeated("1", many),
         repeated("[1e", 500) + repeated("9", many),
+        R"({"items":[{"title":"x","fields":[{"value":)" + deep + "}],\"x\":" + deep + "}]}",
+        R"({"vaults":{"a":{"items":[{"data":{"content":)" + deep + "}}]}}}",
+        R"({"records":[{"title":"x","custom_fields":{"$paymentCard":)" + arrays + ",\"r\":" + deep +
+            "}}]}",
+        R"({"accounts":[{"collections":)" + repeated(R"([{"subCollections":)", 250) + "[]" +
+            repeated("}]", 250) + R"(,"items":[{"credentials":[{"type":"odd","x":)" + deep +
+            "}]}]}]}",
+        repeated("<KeePassFile><Root><Group>", 80),
+        "<KeePassFile><Root>" + repeated("<Group>", 250) + repeated("</Group>", 250) +
+            "</Root></KeePassFile>",
     };
 }
 
@@ -101,7 +118,7 @@ TEST_P(StackOfDatabasesTest, needsNoMoreForDeepSchemas) {
           "CREATE TABLE " + names + ", CHECK (" + functions + "))"}) {
         const TemporaryFolder folder;
         Connection(GetParam().fileIn(folder)).execute({statement});
-        onSmallStack(smallStack, [&] {
+        onSmallStack(stackOfSQLite, [&] {
             EXPECT_EQ(outcomeOf(GetParam().source, GetParam().importedIn(folder)), Outcome{});
         });
     }
@@ -151,9 +168,37 @@ TEST_P(StackOfDatabasesTest, needsNoMoreForDeepViewsAndColumns) {
                   chain + ", stat AS (stat49))' WHERE name = 'u'"}}) {
         const TemporaryFolder folder;
         Connection(GetParam().fileIn(folder)).execute(statements);
-        onSmallStack(smallStack, [&] {
+        onSmallStack(stackOfSQLite, [&] {
             EXPECT_EQ(outcomeOf(GetParam().source, GetParam().importedIn(folder)), Outcome{});
         });
+    }
+}
+
+TEST(StackOfFaithfulReadingTest, needsLittle) {
+    std::size_t count = 0;
+    for (const char* const samples : {RELLINOR_EXAMPLES, RELLINOR_VAULT}) {
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(samples)) {
+            const ExportFile file = ExportFile::atPath(entry.path().string());
+            const Outcome outcome = copyOf(readExport(file).records);
+            onSmallStack(smallStack, [&] {
+                EXPECT_EQ(copyOf(readExport(file).records), outcome) << entry.path();
+            });
+            count += outcome.error ? 0U : 1U;
+        }
+    }
+    EXPECT_GT(count, 30U);
+}
+
+TEST(StackOfFaithfulReadingTest, needsNoMoreForExtremeTexts) {
+    for (const std::string& text : extremeTexts()) {
+        const ExportFile file = ExportFile::inMemory(text, "export");
+        for (const Layout layout : allLayouts()) {
+            const Outcome outcome = copyOf(readExport(file, {.as = layout}).records);
+            onSmallStack(smallStack, [&] {
+                EXPECT_EQ(copyOf(readExport(file, {.as = layout}).records), outcome)
+                    << identifier(layout) << ": " << text.substr(0, 40);
+            });
+        }
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <span>
+#include <type_traits>
 
 #include <Rellinor/Extras.hpp>
 #include <Rellinor/RecordsImporting.hpp>
@@ -11,6 +12,7 @@
 #include "Private/Models/ImportedCard.hpp"
 #include "Private/Models/ImportedNote.hpp"
 #include "Private/Models/ImportedPassword.hpp"
+#include "Private/Models/PasswordList.hpp"
 
 namespace Rellinor {
 
@@ -26,7 +28,9 @@ struct RecordsBlock {
     /// The records of one kind; if the source has extras, the extras of each of them.
     template <typename Record>
     struct List {
-        ChunkedList<Record> records;
+        std::conditional_t<std::is_same_v<Record, ImportedPassword>, PasswordList,
+                           ChunkedList<Record>>
+            records;
         ChunkedList<std::span<const Extra>> extras;
     };
 

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <limits>
 
+#include "Private/Importers/NestedValues.hpp"
 #include "Private/Memory/Join.hpp"
 
 namespace Rellinor {
@@ -76,25 +77,29 @@ void VaultItemBuilder::addValue(ExtraKind kind, std::string_view label, std::str
     }
 }
 
-// The depth of a JSON text is bounded, and so is this recursion.
-// NOLINTBEGIN(misc-no-recursion)
-
 void VaultItemBuilder::addAny(ExtraKind kind, std::string_view label, const JSONValue& value,
                               std::string_view name, ItemField field) {
-    if (const auto parts = value.object()) {
-        parts->forEachNamed({}, [&](std::string_view part, const JSONValue& inner) {
-            addAny(kind, labelOfPart(label, part, _memory), inner, name);
-        });
-    } else if (const auto elements = value.elements()) {
-        for (const JSONValue element : *elements) {
-            addAny(kind, label, element, name, field);
-        }
-    } else {
-        addField(field, kind, label, scalar(value, name));
-    }
-}
+    struct Part {
+        std::string_view label;
+        JSONValue value;
+        ItemField field;
+    };
 
-// NOLINTEND(misc-no-recursion)
+    const auto visit = [&](const Part& next, auto& held) {
+        if (const auto parts = next.value.object()) {
+            parts->forEachNamed({}, [&](std::string_view part, const JSONValue& inner) {
+                held.push_back({labelOfPart(next.label, part, _memory), inner, ItemField::none});
+            });
+        } else if (const auto elements = next.value.elements()) {
+            for (const JSONValue element : *elements) {
+                held.push_back({next.label, element, next.field});
+            }
+        } else {
+            addField(next.field, kind, next.label, scalar(next.value, name));
+        }
+    };
+    forEachNested(Part{label, value, field}, visit);
+}
 
 void VaultItemBuilder::addCustom(ExtraKind kind, std::string_view label, const JSONValue& value,
                                  std::string_view name) {

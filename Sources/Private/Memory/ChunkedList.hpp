@@ -99,6 +99,18 @@ public:
         return size;
     }
 
+    /// The element at a place; one without a value if there is none.
+    [[nodiscard]] Element at(std::size_t place) const noexcept {
+        for (std::size_t index = 0; index < _chunks.size(); ++index) {
+            const std::span<const Element> elements = chunk(index);
+            if (place < elements.size()) {
+                return elements[place];
+            }
+            place -= elements.size();
+        }
+        return {};
+    }
+
     void forEach(auto&& visit) const {
         for (std::size_t index = 0; index < _chunks.size(); ++index) {
             std::ranges::for_each(chunk(index), visit);

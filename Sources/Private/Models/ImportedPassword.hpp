@@ -4,21 +4,21 @@
 #include <optional>
 #include <string_view>
 
-#include <Rellinor/Models/ImportedPasswordInfoProviding.hpp>
+#include "Private/Models/StoredPassword.hpp"
 
 namespace Rellinor {
 
 /// A login, as an importer builds it. Its texts belong to the import's memory.
-class ImportedPassword final : public ImportedPasswordInfoProviding {
+class ImportedPassword final : public StoredPassword {
 public:
     ImportedPassword(std::string_view username, std::string_view password, std::string_view url,
                      std::optional<std::string_view> service = std::nullopt,
                      std::optional<std::int64_t> color = std::nullopt,
                      std::optional<std::string_view> note = std::nullopt,
                      std::optional<std::int64_t> pwdChange = std::nullopt) noexcept
-        : _username(username), _password(password), _url(url), _service(packed(service)),
-          _note(packed(note)), _color(color.value_or(0)), _pwdChange(pwdChange.value_or(0)),
-          _hasColor(color.has_value()), _hasPwdChange(pwdChange.has_value()) {}
+        : StoredPassword(false), _hasColor(color.has_value()), _hasPwdChange(pwdChange.has_value()),
+          _username(username), _password(password), _url(url), _service(packed(service)),
+          _note(packed(note)), _color(color.value_or(0)), _pwdChange(pwdChange.value_or(0)) {}
 
     [[nodiscard]] std::string_view username() const noexcept override { return _username; }
 
@@ -54,6 +54,8 @@ private:
         return text.data() == nullptr ? std::nullopt : std::optional(text);
     }
 
+    bool _hasColor;
+    bool _hasPwdChange;
     std::string_view _username;
     std::string_view _password;
     std::string_view _url;
@@ -61,8 +63,6 @@ private:
     std::string_view _note;
     std::int64_t _color;
     std::int64_t _pwdChange;
-    bool _hasColor;
-    bool _hasPwdChange;
 };
 
 } // namespace Rellinor

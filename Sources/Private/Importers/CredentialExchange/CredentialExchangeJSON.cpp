@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "Private/Importers/NestedValues.hpp"
 #include "Private/Proxies/FileParts.hpp"
 #include "Private/Proxies/ZipDirectory.hpp"
 
@@ -318,7 +319,7 @@ void CredentialExchangeJSON::addAccount(const JSONObject& account, std::vector<J
     if (hasName) {
         reporter.unread(accountPart);
     }
-    addCollections(account, "collections", "", memory, reporter);
+    addCollections(account, memory, reporter);
     const auto items = listOfEntriesIn(account, "items", reporter);
     if (!items) {
         return;
@@ -332,38 +333,53 @@ void CredentialExchangeJSON::addAccount(const JSONObject& account, std::vector<J
     }
 }
 
-// The depth of a JSON text is bounded, and so is this recursion.
-// NOLINTNEXTLINE(misc-no-recursion)
-void CredentialExchangeJSON::addCollections(const JSONObject& holder, std::string_view list,
-                                            std::string_view path, ImportMemory& memory,
+void CredentialExchangeJSON::addCollections(const JSONObject& account, ImportMemory& memory,
                                             Reporter& reporter) {
-    const auto collections = listIn(holder, list, reporter);
-    if (!collections) {
-        return;
-    }
-    for (const JSONValue element : *collections) {
-        const auto collection = element.object();
-        if (!collection) {
-            reporter.foundMany(FindingKind::valueOfOtherType, "collections", 1);
-            continue;
+    struct Holder {
+        JSONObject object;
+        std::string_view list;
+        std::string_view path;
+    };
+
+    forEachNested(Holder{account, "collections", ""}, [&](const Holder& holder, auto& held) {
+        const std::string_view path =
+            holder.list == "collections"
+                ? ""
+                : addCollection(holder.object, holder.path, memory, reporter);
+        const auto collections = listIn(holder.object, holder.list, reporter);
+        if (!collections) {
+            return;
         }
-        const std::string_view title = memberOf(*collection, "title").text().value_or("");
-        const std::string_view inner = pathOf(path, title, memory);
-        const auto items = listIn(*collection, "items", reporter);
-        if (!title.empty() && (!items || items->begin() == items->end())) {
-            reporter.unread("collections without entries of their own");
-        }
-        if (items) {
-            for (const JSONValue link : *items) {
-                const auto object = link.object();
-                const auto item = object ? memberOf(*object, "item").text() : link.text();
-                if (item) {
-                    _folders.emplace(*item, inner);
-                }
+        for (const JSONValue element : *collections) {
+            if (const auto collection = element.object()) {
+                held.push_back({*collection, "subCollections", path});
+            } else {
+                reporter.foundMany(FindingKind::valueOfOtherType, "collections", 1);
             }
         }
-        addCollections(*collection, "subCollections", inner, memory, reporter);
+    });
+}
+
+/// Remembers what entries a collection has; returns the path of it.
+std::string_view CredentialExchangeJSON::addCollection(const JSONObject& collection,
+                                                       std::string_view path, ImportMemory& memory,
+                                                       Reporter& reporter) {
+    const std::string_view title = memberOf(collection, "title").text().value_or("");
+    const std::string_view inner = pathOf(path, title, memory);
+    const auto items = listIn(collection, "items", reporter);
+    if (!title.empty() && (!items || items->begin() == items->end())) {
+        reporter.unread("collections without entries of their own");
     }
+    if (items) {
+        for (const JSONValue link : *items) {
+            const auto object = link.object();
+            const auto item = object ? memberOf(*object, "item").text() : link.text();
+            if (item) {
+                _folders.emplace(*item, inner);
+            }
+        }
+    }
+    return inner;
 }
 
 void CredentialExchangeJSON::decode(const RawRecord& entry, VaultItemBuilder& builder) const {

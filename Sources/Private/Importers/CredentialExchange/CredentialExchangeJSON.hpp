@@ -25,8 +25,10 @@ public:
 private:
     void addAccount(const JSONObject& account, std::vector<JSONEntry>& entries,
                     ImportMemory& memory, Reporter& reporter);
-    void addCollections(const JSONObject& holder, std::string_view list, std::string_view path,
-                        ImportMemory& memory, Reporter& reporter);
+    void addCollections(const JSONObject& account, ImportMemory& memory, Reporter& reporter);
+    [[nodiscard]] std::string_view addCollection(const JSONObject& collection,
+                                                 std::string_view path, ImportMemory& memory,
+                                                 Reporter& reporter);
 
     std::unordered_multimap<std::string_view, std::string_view> _folders; // paths by items
 };

@@ -4,6 +4,8 @@
 #include <array>
 #include <iterator>
 
+#include "Private/Importers/NestedValues.hpp"
+
 namespace Rellinor {
 
 namespace {
@@ -127,26 +129,21 @@ ItemField fieldOf(const FieldName& name) noexcept {
                                                                  : ItemField::none;
 }
 
-// The depth of a JSON text is bounded, and so is this recursion.
-// NOLINTBEGIN(misc-no-recursion)
-
 void decodePayment(const JSONValue& value, VaultItemBuilder& builder) {
-    if (const auto elements = value.elements()) {
-        for (const JSONValue element : *elements) {
-            decodePayment(element, builder);
+    forEachNested(value, [&](const JSONValue& next, auto& held) {
+        if (const auto elements = next.elements()) {
+            held.assign(elements->begin(), elements->end());
+            return;
         }
-        return;
-    }
-    builder.withObject(value, "custom_fields", [&](const JSONObject& payment) {
-        payment.forEachNamed({}, [&](std::string_view name, const JSONValue& part) {
-            if (!builder.take(paymentRules, name, part)) {
-                builder.addAny(ExtraKind::customText, name, part, "custom_fields");
-            }
+        builder.withObject(next, "custom_fields", [&](const JSONObject& payment) {
+            payment.forEachNamed({}, [&](std::string_view name, const JSONValue& part) {
+                if (!builder.take(paymentRules, name, part)) {
+                    builder.addAny(ExtraKind::customText, name, part, "custom_fields");
+                }
+            });
         });
     });
 }
-
-// NOLINTEND(misc-no-recursion)
 
 void decodeCustomField(std::string_view name, const JSONValue& value, VaultItemBuilder& builder) {
     VaultItem& item = builder.item();

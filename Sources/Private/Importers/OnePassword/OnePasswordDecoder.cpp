@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "Private/Importers/NestedValues.hpp"
+
 namespace Rellinor {
 
 namespace {
@@ -48,24 +50,25 @@ void OnePasswordDecoder::addFormField(std::string_view designation, std::string_
     addNamed(facts, value);
 }
 
-// The depth of a JSON text is bounded, and so is this recursion.
-// NOLINTBEGIN(misc-no-recursion)
-
 void OnePasswordDecoder::addNamed(const OnePasswordFieldFacts& facts, const JSONValue& value) {
-    const auto parts = value.object();
-    if (!parts) {
-        addText(facts, _builder.scalar(value, "value"));
-        return;
-    }
-    parts->forEachNamed({}, [&](std::string_view name, const JSONValue& part) {
-        addNamed({.name = {},
-                  .label = labelOfPart(facts.label, name, _builder.memory()),
-                  .kind = facts.kind},
-                 part);
-    });
-}
+    struct Part {
+        OnePasswordFieldFacts facts;
+        JSONValue value;
+    };
 
-// NOLINTEND(misc-no-recursion)
+    const auto visit = [&](const Part& next, auto& held) {
+        const auto parts = next.value.object();
+        if (!parts) {
+            addText(next.facts, _builder.scalar(next.value, "value"));
+            return;
+        }
+        parts->forEachNamed({}, [&](std::string_view name, const JSONValue& part) {
+            const auto label = labelOfPart(next.facts.label, name, _builder.memory());
+            held.push_back({{.name = {}, .label = label, .kind = next.facts.kind}, part});
+        });
+    };
+    forEachNested(Part{facts, value}, visit);
+}
 
 void OnePasswordDecoder::setLocation(const JSONValue& value, std::string_view name) {
     _builder.assign(_location, value, name);

@@ -358,7 +358,7 @@ TEST(DashlaneImporterTest, takesNoMemoryOfItsOwnForARow) {
 
 TEST(DashlaneImporterTest, wipesTheTextOfTheFileWhenTheLastRecordIsLetGo) {
     const TemporaryFolder folder;
-    const std::string text = manyRows(1000);
+    const std::string text = manyRows(200);
     const std::string path = folder.file("export.csv", text);
     std::shared_ptr<const ImportedPasswordInfoProviding> first;
     RecordsImporter().records(URL::fileURLWithPath(path), ImportSource::dashlane,
