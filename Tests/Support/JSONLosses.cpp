@@ -12,7 +12,8 @@ namespace {
 /// Whether a path ends at a record or above it, where more than one value goes with it.
 bool isRecord(std::string_view path) {
     bool isInRecord = false;
-    for (const std::string_view list : {"/items", "/records", "/accounts", "/vaults"}) {
+    for (const std::string_view list :
+         {"/items", "/records", "/accounts", "/vaults", "/payment_cards"}) {
         const std::size_t place = path.rfind(list);
         if (place == std::string_view::npos) {
             continue;
