@@ -92,7 +92,7 @@ TEST(DashlaneZipTest, readsAFolderLikeTheArchive) {
     for (const ZipFile& file : files) {
         folder.file(file.name.substr(file.name.find('/') + 1), file.contents);
     }
-    expectEverything(readingOf(ExportFile::atPath(folder.path().native())));
+    expectEverything(readingOf(Layout::dashlaneZip, ExportFile::atPath(folder.path().native())));
 }
 
 TEST(DashlaneZipTest, readsFilesInUTF16) {
