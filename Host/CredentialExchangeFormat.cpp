@@ -36,9 +36,8 @@ std::optional<std::int64_t> secondsIn(std::string_view text) noexcept {
     constexpr std::size_t mostDigits = 11;
 
     std::int64_t seconds = 0;
-    const char* const end = text.data() + text.size();
-    const auto read = std::from_chars(text.data(), end, seconds);
-    const bool isWhole = read.ec == std::errc() && read.ptr == end;
+    const auto read = std::from_chars(text.data(), text.data() + text.size(), seconds);
+    const bool isWhole = read.ec == std::errc() && read.ptr == text.data() + text.size();
     return isWhole && text.size() <= mostDigits ? std::optional(seconds) : std::nullopt;
 }
 

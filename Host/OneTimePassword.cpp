@@ -21,9 +21,8 @@ std::optional<std::int64_t> numberIn(std::string_view text) noexcept {
     constexpr std::int64_t most = 86'400;
 
     std::int64_t number = 0;
-    const char* const end = text.data() + text.size();
-    const auto read = std::from_chars(text.data(), end, number);
-    const bool isNumber = read.ec == std::errc() && read.ptr == end;
+    const auto read = std::from_chars(text.data(), text.data() + text.size(), number);
+    const bool isNumber = read.ec == std::errc() && read.ptr == text.data() + text.size();
     return isNumber && number > 0 && number <= most ? std::optional(number) : std::nullopt;
 }
 
@@ -39,8 +38,8 @@ std::optional<std::string> decoded(std::string_view text) {
         }
         unsigned byte = 0;
         const std::string_view digits = text.substr(place + 1, 2);
-        const char* const end = digits.data() + digits.size();
-        if (digits.size() < 2 || std::from_chars(digits.data(), end, byte, base).ptr != end) {
+        const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), byte, base);
+        if (digits.size() < 2 || read.ptr != digits.data() + digits.size()) {
             return std::nullopt;
         }
         plain += static_cast<char>(byte);

@@ -212,7 +212,7 @@ std::expected<std::vector<std::string>, FileError> filesIn(const std::string& pa
     if (!folder) {
         return std::unexpected(path.contains('\0') ? FileError::missing : errorOfOpening(errno));
     }
-    std::vector<std::string> names;
+    std::vector<std::string> names; // NOLINT(misc-const-correctness): it is filled
     while (const dirent* const entry = ::readdir(folder.get())) {
         const std::string_view name(std::data(entry->d_name));
         if (kindOfFile(path + '/' + std::string(name)) == FileKind::file) {
