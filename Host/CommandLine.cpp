@@ -103,14 +103,18 @@ void addImport(CLI::App& app, ImportRequest& request, Words& words) {
                     "summary: counts for each path;\n"
                     "table: aligned, for people;\n"
                     "json: one line for each path;\n"
-                    "tirel: one Tirel export of all paths, never masked")
+                    "tirel: one Tirel export of all paths, never masked;\n"
+                    "credential-exchange: one file for other products of\n"
+                    "all paths, never masked")
         ->type_name("FORMAT")
         ->capture_default_str()
         ->check(knownTo([](std::string_view word) { return formatNamed(word).has_value(); },
-                        formatNames, "the formats are summary, table, json and tirel"));
+                        formatNames,
+                        "the formats are summary, table, json, tirel and "
+                        "credential-exchange"));
     command.add_flag("-r,--reveal", options.reveal,
                      "Show passwords and all other secrets instead of\n"
-                     "masking them, and allow a Tirel export on a terminal");
+                     "masking them, and allow an export on a terminal");
     CLI::Option* const file =
         command
             .add_option("-o,--output", request.output,

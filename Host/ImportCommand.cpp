@@ -14,6 +14,7 @@
 #include <Rellinor/Rellinor.hpp>
 
 #include "Host/Advice.hpp"
+#include "Host/CredentialExchangeFormat.hpp"
 #include "Host/DetectionWords.hpp"
 #include "Host/DisplayText.hpp"
 #include "Host/ExitStatus.hpp"
@@ -31,7 +32,8 @@ namespace Rellinor::Host {
 
 namespace {
 
-constexpr std::array<std::string_view, 4> formats = {"summary", "table", "json", "tirel"};
+constexpr std::array<std::string_view, 5> formats = {"summary", "table", "json", "tirel",
+                                                     "credential-exchange"};
 
 Door doorOf(const ImportOptions& options) noexcept {
     return std::holds_alternative<ImportSource>(options.as) ? Door::first : Door::second;
@@ -47,6 +49,8 @@ std::unique_ptr<RecordsFormat> makeFormat(const ImportOptions& options, const Te
         return std::make_unique<JSONFormat>(doorOf(options));
     case Format::tirel:
         return std::make_unique<TirelFormat>();
+    case Format::credentialExchange:
+        return std::make_unique<CredentialExchangeFormat>();
     }
     return nullptr;
 }
@@ -91,7 +95,7 @@ constexpr std::string_view stillEncrypted = "the passwords are still encrypted: 
 
 /// Whether an export would hold what nobody can use, as if it were passwords.
 bool wouldExportEncrypted(const ImportOptions& options, const ImportReport& report) {
-    return options.format == Format::tirel && !options.takesEncrypted &&
+    return !exportName(options.format).empty() && !options.takesEncrypted &&
            std::ranges::count(report.findings(), FindingKind::stillEncrypted, &Finding::kind) > 0;
 }
 
@@ -125,6 +129,17 @@ std::optional<Format> formatNamed(std::string_view name) {
 
 std::span<const std::string_view> formatNames() {
     return formats;
+}
+
+std::string_view exportName(Format format) {
+    switch (format) {
+    case Format::tirel:
+        return "a Tirel export";
+    case Format::credentialExchange:
+        return "a Credential Exchange file";
+    default:
+        return {};
+    }
 }
 
 int import(const ImportOptions& options, const Terminal& terminal, std::ostream& out,

@@ -19,8 +19,13 @@ enum class Format : std::uint8_t {
     summary,
     table,
     json,
-    tirel, ///< data for another program rather than a view: secrets are never masked
+    // Data for another program rather than a view: secrets are never masked.
+    tirel,
+    credentialExchange,
 };
+
+/// What a format is called that is data for another program; empty for a view.
+[[nodiscard]] std::string_view exportName(Format format);
 
 /// The format of that name; absent if there is none.
 [[nodiscard]] std::optional<Format> formatNamed(std::string_view name);

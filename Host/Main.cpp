@@ -29,7 +29,7 @@ using namespace Rellinor::Host; // NOLINT(google-build-using-namespace)
 
 /// Whether an export would show its secrets to whoever looks at the screen.
 bool exposesSecrets(const ImportOptions& options, const Terminal& terminal) {
-    return options.format == Format::tirel && !options.reveal && terminal.width;
+    return !exportName(options.format).empty() && !options.reveal && terminal.width;
 }
 
 int answer(const ImportRequest& request) {
@@ -48,8 +48,9 @@ int answer(const ImportRequest& request) {
     }
     const Terminal terminal = terminalAt(STDOUT_FILENO);
     if (exposesSecrets(options, terminal)) {
-        std::cerr << "rellinor: a Tirel export holds unmasked secrets: write it with --output "
-                     "FILE, or show it with --reveal\n";
+        std::cerr << "rellinor: " << exportName(options.format)
+                  << " holds unmasked secrets: write it with --output FILE, or show it with "
+                     "--reveal\n";
         return ExitStatus::wrongUsage;
     }
     wallIn({.output = {}, .isOpenToFiles = options.keepImporter});

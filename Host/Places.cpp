@@ -7,8 +7,10 @@
 namespace Rellinor::Host {
 
 std::string described(const Places& places, PlaceUnit unit, std::size_t most) {
+    const std::string file = places.member.empty() ? "" : " of " + std::string(places.member);
     if (places.first.empty()) {
-        return places.count == 1 ? "" : counted(places.count, "time");
+        return places.count == 1 ? std::string(places.member)
+                                 : counted(places.count, "time") + file;
     }
     std::string text(identifier(unit));
     text += places.count == 1 ? " " : "s ";
@@ -22,7 +24,7 @@ std::string described(const Places& places, PlaceUnit unit, std::size_t most) {
     if (places.count > shown) {
         text += " and " + std::to_string(places.count - shown) + " more";
     }
-    return text;
+    return text + file;
 }
 
 } // namespace Rellinor::Host

@@ -7,8 +7,8 @@
 
 namespace Rellinor::Host {
 
-/// Places in words, such as "line 7" and "lines 7, 9 and 30 more", or "12 records" if nobody knows
-/// where.
+/// Places in words, such as "line 7 of payments.csv" and "lines 7, 9 and 30 more", or "12 records"
+/// if nobody knows where.
 ///
 /// @param places  at least one
 /// @param most    how many of them to name

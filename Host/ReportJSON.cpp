@@ -21,6 +21,9 @@ void writePlaces(std::string_view code, std::string_view identifier, std::string
     json.beginObject();
     json.member(code, identifier);
     json.member("field", field);
+    if (!places.member.empty()) {
+        json.member("file", places.member);
+    }
     json.member("count", places.count);
     json.key("places");
     json.beginArray();

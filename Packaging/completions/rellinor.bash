@@ -22,7 +22,7 @@ _rellinor() {
     -l | --layout) words=$(rellinor layouts 2>/dev/null | cut -d ' ' -f 1) ;;
     -f | --format)
         words='text json'
-        [ "$command" = import ] && words='summary table json tirel'
+        [ "$command" = import ] && words='summary table json tirel credential-exchange'
         ;;
     -o | --output) ;;
     *)

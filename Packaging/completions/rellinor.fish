@@ -2,7 +2,7 @@
 
 set -l commands import check detect sources layouts
 set -l sources auto chrome lastPass dashlane onePassword tirel keePass keePassXC firefox
-set -l formats summary table json tirel
+set -l formats summary table json tirel credential-exchange
 
 complete -c rellinor -f
 complete -c rellinor -s h -l help -d 'Show how to use it'

@@ -1,9 +1,10 @@
-"""The CSV files that products write today, as each quotes them, and what a faithful reading gives.
+"""The files that products write today, as each quotes them, and what a faithful reading gives.
 
 An entry that a product keeps in another way than the vault does stands in its file in that way: KeePass
 has nothing but logins. What a file has no place for is not written.
 """
 import json
+import zipfile
 from collections.abc import Callable
 from dataclasses import dataclass, replace
 from urllib.parse import urlsplit
@@ -66,6 +67,56 @@ class Sample(Layout):
             header = records.password("", username, password, url, service=title, note=note)
             lists["passwords"].insert(0, header.record)
         return lists
+
+
+@dataclass(frozen=True)
+class Archive:
+    """A ZIP archive of such files, in the order in which they are read."""
+    layout: str
+    file: str
+    members: tuple
+
+    def write(self, folder):
+        path, contents = folder / self.file, self.contents()
+        path.parent.mkdir(parents=True, exist_ok=True)
+        if path.exists() and _unpacked(path) == contents:
+            return False
+        with zipfile.ZipFile(path, "w", zipfile.ZIP_DEFLATED) as archive:
+            for name, data in contents.items():
+                archive.writestr(zipfile.ZipInfo(name), data, zipfile.ZIP_DEFLATED)
+        return True
+
+    def held(self, folder):
+        return _unpacked(folder / self.file)
+
+    def contents(self):
+        return {member.file: member.contents() for member in self.members}
+
+    def expected(self):
+        lists = [member.expected() for member in self.members]
+        return {kind: [record for each in lists for record in each[kind]] for kind in lists[0]}
+
+
+def _unpacked(path):
+    """What the members hold, by name; however they are packed."""
+    try:
+        with zipfile.ZipFile(path) as archive:
+            return {name: archive.read(name) for name in archive.namelist()}
+    except zipfile.BadZipFile:
+        return {}
+
+
+@dataclass(frozen=True)
+class SafariCards(Layout):
+    """The cards of Safari, which keeps neither CVV nor PIN nor note."""
+
+    def contents(self):
+        cards = [{"card_number": entry.number, "card_name": entry.title, "cardholder_name": entry.holder,
+                  "card_expiration_month": entry.month, "card_expiration_year": entry.year}
+                 for entry in VAULT if isinstance(entry, Card)]
+        return _json({"metadata": {"browser_name": "Safari", "browser_version": "18.2",
+                                   "data_type": "payment_cards", "schema_version": 1},
+                      "payment_cards": cards}).encode()
 
 
 def _faithful(entry):
@@ -239,6 +290,14 @@ def _apple(entry):
     return None
 
 
+def _card_alone(entry):
+    return entry if isinstance(entry, Card) else None
+
+
+def _safari_card(entry):
+    return replace(entry, cvv="", pin="", note="")
+
+
 def _bitwarden(entry):
     if isinstance(entry, Card):
         return None
@@ -342,13 +401,7 @@ def _other(entry):
 
 NOTE_UNLESS_LOGIN = _note_if_nothing_else("username", "password", "urls")
 
-LAYOUTS = (
-    Sample("lastpass-csv", "LastPass/export.csv", "", lambda entry: entry, _without_pin,
-           source=lastpass.contents),
-    Layout("lastpass-csv", "LastPass/eight-columns.csv",
-           "url,username,password,totp,extra,name,grouping,fav", _lastpass, _without_pin, end="\r\n"),
-    Sample("dashlane-positional-csv", "Dashlane/export.csv", "", lambda entry: entry, _dashlane_old,
-           source=dashlane.contents),
+DASHLANE = (
     Layout("dashlane-csv", "Dashlane/credentials.csv",
            "username,username2,username3,title,password,note,url,category,otpUrl",
            _dashlane_credentials, _unchanged, end="\r\n", has_last_end=False),
@@ -358,6 +411,23 @@ LAYOUTS = (
            "type,account_name,account_holder,cc_number,code,expiration_month,expiration_year,"
            "routing_number,account_number,country,issuing_bank,note,name", _dashlane_payments,
            _without_pin, end="\r\n", has_last_end=False),
+)
+
+LAYOUTS = (
+    Sample("lastpass-csv", "LastPass/export.csv", "", lambda entry: entry, _without_pin,
+           source=lastpass.contents),
+    Layout("lastpass-csv", "LastPass/eight-columns.csv",
+           "url,username,password,totp,extra,name,grouping,fav", _lastpass, _without_pin, end="\r\n"),
+    Sample("dashlane-positional-csv", "Dashlane/export.csv", "", lambda entry: entry, _dashlane_old,
+           source=dashlane.contents),
+    *DASHLANE,
+    Archive("dashlane-zip", "Dashlane/dashlane-credential-export.zip", (
+        *(replace(layout, file=layout.file.removeprefix("Dashlane/")) for layout in DASHLANE),
+        Layout("", "ids.csv", "type,number,name,issue_date,expiration_date,place_of_issue,state",
+               lambda entry: None),
+        Layout("", "personalInfo.csv",
+               "type,title,first_name,middle_name,last_name,login,date_of_birth,place_of_birth,email,"
+               "email_type,item_name,phone_number,address,country,state,city,zip", lambda entry: None))),
     Sample("keepass-csv", "KeePass/export.csv", "", lambda entry: entry, _as_keepass,
            source=keepass.contents),
     Sample("keepassxc-csv", "KeePassXC/export.csv", "", lambda entry: entry, _as_login,
@@ -382,6 +452,9 @@ LAYOUTS = (
            "timePasswordChanged", _firefox, _as_firefox, _quoted_unless_null, "\r\n", False),
     Layout("apple-csv", "Apple/Passwords.csv", "Title,URL,Username,Password,Notes,OTPAuth", _apple,
            _unchanged),
+    Archive("safari-zip", "Apple/Safari.zip", (
+        Layout("", "Passwords.csv", "Title,URL,Username,Password,Notes,OTPAuth", _apple, _unchanged),
+        SafariCards("", "PaymentCards.json", "", _card_alone, _safari_card))),
     Layout("bitwarden-csv", "Bitwarden/export.csv",
            "folder,favorite,type,name,notes,fields,reprompt,login_uri,login_username,login_password,"
            "login_totp", _bitwarden, _as_bitwarden, _quoted_as_papaparse, "\r\n", False),

@@ -6,6 +6,7 @@
 #include <memory>
 #include <utility>
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -203,6 +204,23 @@ bool isFolder(std::string_view path) {
     struct stat status{};
     return !path.contains('\0') && ::stat(std::string(path).c_str(), &status) == 0 &&
            S_ISDIR(status.st_mode);
+}
+
+std::expected<std::vector<std::string>, FileError> filesIn(const std::string& path) {
+    const std::unique_ptr<DIR, decltype([](DIR* folder) { ::closedir(folder); })> folder(
+        path.contains('\0') ? nullptr : ::opendir(path.c_str()));
+    if (!folder) {
+        return std::unexpected(path.contains('\0') ? FileError::missing : errorOfOpening(errno));
+    }
+    std::vector<std::string> names; // NOLINT(misc-const-correctness): it is filled
+    while (const dirent* const entry = ::readdir(folder.get())) {
+        const std::string_view name(std::data(entry->d_name));
+        if (kindOfFile(path + '/' + std::string(name)) == FileKind::file) {
+            names.emplace_back(name);
+        }
+    }
+    std::ranges::sort(names);
+    return names;
 }
 
 bool isReadableFile(std::string_view path) {

@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "Platform/WipedBuffer.hpp"
 
@@ -116,6 +117,12 @@ struct FileStamp {
 
 /// Whether there is a folder at `path`, following links.
 [[nodiscard]] bool isFolder(std::string_view path);
+
+/// The names of the regular files in the folder at `path`, following links, in ascending order; or
+/// why nobody can tell.
+///
+/// @throws std::bad_alloc
+[[nodiscard]] std::expected<std::vector<std::string>, FileError> filesIn(const std::string& path);
 
 /// Whether there is something at `path`, following links, that this user may read. That is no
 /// promise: it holds for a folder too, and may have changed by the time of reading.

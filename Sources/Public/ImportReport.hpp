@@ -23,6 +23,8 @@ enum class PlaceUnit : std::uint8_t {
 struct Places {
     std::uint64_t count = 0;          ///< how many places there are
     std::vector<std::uint64_t> first; ///< the first thousand of them, ascending, counted from 1
+    /// In which file of an archive or folder that has several; a literal, or empty.
+    std::string_view member = {};
 };
 
 /// Why a raw record is no record of the result. A number keeps its meaning for ever.
@@ -90,7 +92,7 @@ struct Unread {
 struct Failure {
     FailureReason reason = FailureReason::none; ///< none if there are records
     std::uint64_t place = 0; ///< where, in the unit of the report; 0 if that is not known
-    std::string_view field;  ///< which column or member; a literal, or empty
+    std::string_view field;  ///< which column, member or file; a literal, or empty
 };
 
 /// One plain English sentence for a reason or kind.
@@ -119,10 +121,10 @@ public:
     /// How many raw records were seen.
     [[nodiscard]] std::uint64_t recordCount() const noexcept { return _recordCount; }
 
-    /// What is left out, an entry for each reason and field.
+    /// What is left out, an entry for each reason, field and file.
     [[nodiscard]] std::span<const LeftOut> leftOut() const noexcept { return _leftOut; }
 
-    /// What arrives but looks wrong, an entry for each kind and field.
+    /// What arrives but looks wrong, an entry for each kind, field and file.
     [[nodiscard]] std::span<const Finding> findings() const noexcept { return _findings; }
 
     /// What never arrives.

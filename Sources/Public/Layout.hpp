@@ -63,8 +63,8 @@ layoutWithIdentifier(std::string_view identifier) noexcept;
 /// that is no layout.
 [[nodiscard]] RELLINOR_PUBLIC std::string_view description(Layout layout) noexcept;
 
-/// Whether `readExport` reads the layout. A layout that is known and not read is told by `detect`
-/// all the same.
+/// Whether `readExport` reads the layout: all but those that were left out when the library was
+/// built. `detect` tells these all the same.
 [[nodiscard]] RELLINOR_PUBLIC bool isRead(Layout layout) noexcept;
 
 } // namespace Rellinor

@@ -59,7 +59,7 @@ def layouts():
 
 def formats():
     described = re.search(r"--format FORMAT=(\w+)\s+(.*?)\n  -", help_of("import"), re.DOTALL)
-    names = re.findall(r"(\w+): ", described[2])
+    names = re.findall(r"([\w-]+): ", described[2])
     assert described[1] == names[0], "the default comes first"
     return names
 
@@ -121,7 +121,7 @@ class Manual(unittest.TestCase):
 
     def test_it_describes_every_format(self):
         text = re.search(r"--format FORMAT\n(.*?)\n     -", section("OPTIONS"), re.DOTALL)[1]
-        self.assertEqual(re.findall(r"^ {13}(\w+) +\w", text, re.MULTILINE)[1:], formats())
+        self.assertEqual(re.findall(r"^ {13}([\w-]+)(?: +\w|$)", text, re.MULTILINE)[1:], formats())
 
 
 class Help(unittest.TestCase):

@@ -247,7 +247,12 @@ class Layouts(unittest.TestCase):
     maxDiff = None
 
     def test_every_layout(self):
+        listed = subprocess.run([*TOOL, "layouts"], check=True, capture_output=True, text=True).stdout
+        read = {line.split()[0] for line in listed.splitlines()}
         for layout in LAYOUTS:
+            if layout.layout not in read:  # left out when the library was built
+                self.assertRegex(layout.layout, "-zip$")
+                continue
             with self.subTest(layout.file):
                 self.assertEqual(self._read(layout), layout.expected())
 

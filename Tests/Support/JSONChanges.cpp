@@ -65,8 +65,14 @@ void forEachChange(std::string_view text, const std::function<void(const JSONCha
     for (const std::string& path : paths) {
         json::value changed = whole;
         remove(changed, path);
-        JSONChange change{
-            .path = path, .text = json::serialize(changed), .kept = {}, .name = "missing"};
+        JSONChange change{.path = path,
+                          .text = json::serialize(changed),
+                          .lost = {},
+                          .kept = {},
+                          .name = "missing"};
+        if (const json::value& was = whole.at_pointer(path); was.is_string()) {
+            change.lost = was.get_string();
+        }
         addTexts(changed, change.kept);
         visit(change);
         for (const std::string_view replacement : replacements) {

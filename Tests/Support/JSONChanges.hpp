@@ -11,6 +11,7 @@ namespace Rellinor::Tests {
 struct JSONChange {
     std::string path;              ///< of the value, such as "/fields/0/name"
     std::string text;              ///< the whole text after the change
+    std::string lost;              ///< the text that stood there; empty if there was none
     std::vector<std::string> kept; ///< the texts that stand elsewhere
     std::string_view name; ///< of the change: "missing", or what stands in place of the value
 };

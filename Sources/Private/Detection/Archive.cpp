@@ -63,11 +63,6 @@ constexpr KnownMember knownMembers[] = {
      "a file of an office program", saveAsCSV},
 };
 
-bool hasExtension(std::string_view name, std::string_view extension) noexcept {
-    return name.size() > extension.size() &&
-           sameIgnoringCase(name.substr(name.size() - extension.size()), extension);
-}
-
 /// What a list of members holds.
 struct Contents {
     std::array<bool, std::size(knownMembers)> known = {};

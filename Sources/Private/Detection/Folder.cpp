@@ -38,6 +38,8 @@ constexpr KnownFolder knownFolders[] = {
     {"secureNotes.csv", Layout::dashlaneZip, FailureReason::none, dashlane,
      "the file secureNotes.csv"},
     {"payments.csv", Layout::dashlaneZip, FailureReason::none, dashlane, "the file payments.csv"},
+    {"PaymentCards.json", Layout::safariZip, FailureReason::none, "Safari",
+     "the file PaymentCards.json"},
     {"export.data", Layout::onePassword1PUX, FailureReason::none, onePassword,
      "the file export.data"},
     {"default/profile.js", std::nullopt, FailureReason::encrypted, onePassword,

@@ -37,7 +37,7 @@ inline constexpr std::string_view saveAsUTF8 = "save the file as UTF-8";
     return obstructed(FailureReason::unknown, evidence, advice);
 }
 
-/// A layout, with the obstacle that it is not read or not built in if that is so.
+/// A layout, with the obstacle that it is not built in if that is so.
 [[nodiscard]] inline Detection recognised(Layout layout, Confidence confidence,
                                           std::string_view product,
                                           std::string_view evidence) noexcept {
@@ -47,8 +47,7 @@ inline constexpr std::string_view saveAsUTF8 = "save the file as UTF-8";
     detection.product = product;
     detection.evidence = evidence;
     if (!isRead(layout)) {
-        detection.obstacle =
-            isLeftOutOfBuild(layout) ? FailureReason::notBuiltIn : FailureReason::notRead;
+        detection.obstacle = FailureReason::notBuiltIn;
     }
     return detection;
 }

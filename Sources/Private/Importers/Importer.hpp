@@ -211,15 +211,15 @@ private:
     [[no_unique_address]] std::conditional_t<SaysWhatElse<Source>, ExtrasList, NoExtras> _extras;
 };
 
-/// What the file or folder holds. What goes wrong is told to the reporter, which may be null.
+/// What `read` puts into a block. What goes wrong is told to the reporter, which may be null.
 // Kept out of line: what the import had on the stack lies beyond the end of the caller's frame.
-template <Importer Source>
-[[gnu::noinline]] Assembled assembled(Source& source, const ExportFile& file,
-                                      Reporter* reporter) noexcept {
+template <std::invocable<RecordsBlock&> Read>
+[[gnu::noinline]] Assembled assembled(bool hasExtras, Reporter* reporter,
+                                      const Read& read) noexcept {
     try {
         const auto block = std::make_shared<RecordsBlock>();
-        Assembly<Source>(source, *block, reporter).read(file);
-        return RecordsBlock::deliver(block, SaysWhatElse<Source>);
+        read(*block);
+        return RecordsBlock::deliver(block, hasExtras);
     } catch (...) {
         if (reporter != nullptr) {
             reporter->fail(thrownFailure());
@@ -228,12 +228,20 @@ template <Importer Source>
     }
 }
 
-/// Reads a file and leaves nothing of it on the stack and in registers.
-template <Importer Source>
-Assembled readWith(Source& source, const ExportFile& file, Reporter* reporter) {
-    Assembled result = assembled(source, file, reporter);
+/// The same, and leaves nothing of what was read on the stack and in registers.
+template <std::invocable<RecordsBlock&> Read>
+Assembled readWith(bool hasExtras, Reporter* reporter, const Read& read) {
+    Assembled result = assembled(hasExtras, reporter, read);
     wipeStack();
     return result;
+}
+
+/// Reads a file or folder with one importer.
+template <Importer Source>
+Assembled readWith(Source& source, const ExportFile& file, Reporter* reporter) {
+    return readWith(SaysWhatElse<Source>, reporter, [&](RecordsBlock& block) {
+        Assembly<Source>(source, block, reporter).read(file);
+    });
 }
 
 } // namespace Rellinor

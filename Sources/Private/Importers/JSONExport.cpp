@@ -6,7 +6,6 @@
 #include "Private/Importers/FileReports.hpp"
 #include "Private/Importers/VaultItemBuilder.hpp"
 #include "Private/Proxies/ExportContents.hpp"
-#include "Private/Proxies/ZipArchive.hpp"
 #include "Private/Text/Letters.hpp"
 #include "Private/Text/UTF8.hpp"
 
@@ -22,9 +21,41 @@ Value valueOrThrow(std::expected<Value, FailureReason> value) {
     return *std::move(value);
 }
 
-JSONDocument parsed(std::span<const char> bytes, ImportMemory& memory, Reporter& reporter) {
-    std::string_view text(bytes.data(), bytes.size());
-    text.remove_prefix(lengthOfByteOrderMark(text));
+std::string_view textOf(std::span<const char> bytes) noexcept {
+    const std::string_view text(bytes.data(), bytes.size());
+    return text.substr(lengthOfByteOrderMark(text));
+}
+
+JSONDocument parsedMember(ExportMembers& members, const ZipMember* member, ImportMemory& memory,
+                          Reporter& reporter, std::string_view beside) {
+    if (member == nullptr) {
+        const bool isEncrypted = std::ranges::any_of(members.all(), [](const ZipMember& other) {
+            return hasExtension(other.name, ".pgp") || hasExtension(other.name, ".jwe");
+        });
+        throw ReadError(isEncrypted ? FailureReason::encrypted : FailureReason::wrongShape);
+    }
+    for (const ZipMember& other : members.all()) {
+        const bool isBeside = !beside.empty() && other.isNamed(beside);
+        if (&other != member && !other.isFolder() && !isBeside) {
+            reporter.unread(attachmentsPart);
+        }
+    }
+    return parsedJSON(textOf(valueOrThrow(members.read(*member, memory))), memory, reporter);
+}
+
+} // namespace
+
+ExportMembers membersOf(const ExportFile& file, const Reporter& reporter) {
+    const ReadLimits& limits = reporter.limits();
+    return valueOrThrow(ExportMembers::opened(file, limits.largestFile, limits.largestExpansion));
+}
+
+std::string_view jsonTextOf(const ExportFile& file, ImportMemory& memory,
+                            const Reporter& reporter) {
+    return textOf(memory.adopt(valueOrThrow(contentsOf(file, {}, reporter.limits().largestFile))));
+}
+
+JSONDocument parsedJSON(std::string_view text, ImportMemory& memory, Reporter& reporter) {
     auto document = JSONDocument::parsed(text, {}, memory, JSONExtent::everything);
     if (!document) {
         const ReadFailure failure = failureOf(document.error(), text);
@@ -34,51 +65,22 @@ JSONDocument parsed(std::span<const char> bytes, ImportMemory& memory, Reporter&
     return *std::move(document);
 }
 
-ZipArchive opened(const ExportFile& file, const Reporter& reporter) {
-    const ReadLimits& limits = reporter.limits();
-    return valueOrThrow(ZipArchive::opened(file, limits.largestFile, limits.largestExpansion));
-}
-
-bool hasExtension(std::string_view name, std::string_view extension) noexcept {
-    return name.size() > extension.size() &&
-           sameIgnoringCase(name.substr(name.size() - extension.size()), extension);
-}
-
-JSONDocument parsedMember(ZipArchive& archive, const ZipMember* member, ImportMemory& memory,
-                          Reporter& reporter, std::string_view beside) {
-    if (member == nullptr) {
-        const bool isEncrypted = std::ranges::any_of(archive.members(), [](const ZipMember& other) {
-            return hasExtension(other.name, ".pgp") || hasExtension(other.name, ".jwe");
-        });
-        throw ReadError(isEncrypted ? FailureReason::encrypted : FailureReason::wrongShape);
-    }
-    for (const ZipMember& other : archive.members()) {
-        const bool isBeside = !beside.empty() && other.isNamed(beside);
-        if (&other != member && !other.isFolder() && !isBeside) {
-            reporter.unread(attachmentsPart);
-        }
-    }
-    return parsed(valueOrThrow(archive.read(*member, memory)), memory, reporter);
-}
-
-} // namespace
-
 JSONDocument readJSON(const ExportFile& file, ImportMemory& memory, Reporter& reporter) {
-    return parsed(memory.adopt(valueOrThrow(contentsOf(file, {}, reporter.limits().largestFile))),
-                  memory, reporter);
+    return parsedJSON(jsonTextOf(file, memory, reporter), memory, reporter);
 }
 
 JSONDocument readJSONMember(const ExportFile& archive, std::string_view member,
                             ImportMemory& memory, Reporter& reporter, std::string_view beside) {
-    ZipArchive zip = opened(archive, reporter);
-    return parsedMember(zip, valueOrThrow(zip.find(member)), memory, reporter, beside);
+    ExportMembers members = membersOf(archive, reporter);
+    const ZipMember* const found = valueOrThrow(memberNamed(member, members.all()));
+    return parsedMember(members, found, memory, reporter, beside);
 }
 
 JSONDocument readOnlyJSONMember(const ExportFile& archive, ImportMemory& memory,
                                 Reporter& reporter) {
-    ZipArchive zip = opened(archive, reporter);
+    ExportMembers members = membersOf(archive, reporter);
     const ZipMember* only = nullptr;
-    for (const ZipMember& member : zip.members()) {
+    for (const ZipMember& member : members.all()) {
         if (hasExtension(member.name, ".json")) {
             if (only != nullptr) {
                 throw ReadError(FailureReason::wrongShape);
@@ -86,7 +88,7 @@ JSONDocument readOnlyJSONMember(const ExportFile& archive, ImportMemory& memory,
             only = &member;
         }
     }
-    return parsedMember(zip, only, memory, reporter, {});
+    return parsedMember(members, only, memory, reporter, {});
 }
 
 JSONObject topOf(const JSONDocument& document, std::span<const std::string_view> members) {

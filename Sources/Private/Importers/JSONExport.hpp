@@ -10,6 +10,7 @@
 #include <Rellinor/ExportFile.hpp>
 
 #include "Private/Memory/ImportMemory.hpp"
+#include "Private/Proxies/ExportMembers.hpp"
 #include "Private/Proxies/JSONDocument.hpp"
 #include "Private/Reports/Reporter.hpp"
 
@@ -21,10 +22,28 @@ namespace Rellinor {
 [[nodiscard]] JSONDocument readJSON(const ExportFile& file, ImportMemory& memory,
                                     Reporter& reporter);
 
-/// The same for a member of an archive. The other members are told as unread.
+/// The text of a JSON file, without a byte-order mark.
+///
+/// @throws ReadError  the file cannot be read
+[[nodiscard]] std::string_view jsonTextOf(const ExportFile& file, ImportMemory& memory,
+                                          const Reporter& reporter);
+
+/// Parses such a text, with all members by name.
+///
+/// @param text  stands in the memory
+/// @throws ReadError  it is not JSON: then with its line
+[[nodiscard]] JSONDocument parsedJSON(std::string_view text, ImportMemory& memory,
+                                      Reporter& reporter);
+
+/// The files of an archive or folder, within the limits of the reading.
+///
+/// @throws ReadError  there are none
+[[nodiscard]] ExportMembers membersOf(const ExportFile& file, const Reporter& reporter);
+
+/// Reads a JSON file in an archive or folder. The other files are told as unread.
 ///
 /// @param beside  the name of a member that only describes the export
-/// @throws ReadError  besides, the archive has no such member, or contradicts itself
+/// @throws ReadError  besides, there is no such file, or the archive contradicts itself
 [[nodiscard]] JSONDocument readJSONMember(const ExportFile& archive, std::string_view member,
                                           ImportMemory& memory, Reporter& reporter,
                                           std::string_view beside = {});

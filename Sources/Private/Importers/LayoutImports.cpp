@@ -8,10 +8,12 @@
 
 #include "Platform/File.hpp"
 #include "Private/Errors/ReadError.hpp"
+#include "Private/Importers/Apple/SafariZip.hpp"
 #include "Private/Importers/Bitwarden/BitwardenJSON.hpp"
 #include "Private/Importers/CSVLayouts.hpp"
 #include "Private/Importers/Chrome/ChromiumLoginsImporter.hpp"
 #include "Private/Importers/CredentialExchange/CredentialExchangeJSON.hpp"
+#include "Private/Importers/Dashlane/DashlaneZip.hpp"
 #include "Private/Importers/Enpass/EnpassJSON.hpp"
 #include "Private/Importers/Firefox/FirefoxProfileImporter.hpp"
 #include "Private/Importers/Importer.hpp"
@@ -41,6 +43,11 @@ Assembled readCSV(const ExportFile& file, Layout layout, Reporter& reporter) {
     return readWith(importer, file, &reporter);
 }
 
+Assembled readFiles(const ExportFile& file, Reporter& reporter,
+                    void (*read)(const ExportFile& file, RecordsBlock& block, Reporter& reporter)) {
+    return readWith(true, &reporter, [&](RecordsBlock& block) { read(file, block, reporter); });
+}
+
 Assembled readUTF8(const ExportFile& file, Layout layout, Reporter& reporter) {
     switch (layout) {
         using enum Layout;
@@ -54,6 +61,10 @@ Assembled readUTF8(const ExportFile& file, Layout layout, Reporter& reporter) {
         return readAs<VaultImporter<OnePIF>>(file, reporter);
     case onePassword1PUX:
         return readAs<VaultImporter<OnePUX>>(file, reporter);
+    case dashlaneZip:
+        return readFiles(file, reporter, readDashlaneFiles);
+    case safariZip:
+        return readFiles(file, reporter, readSafariFiles);
     case bitwardenJSON:
         return readAs<VaultImporter<BitwardenJSON>>(file, reporter);
     case bitwardenZip:

@@ -128,30 +128,6 @@ std::expected<ZipArchive, FailureReason> ZipArchive::opened(const ExportFile& ex
                       mostUnpacked);
 }
 
-std::expected<const ZipMember*, FailureReason>
-ZipArchive::find(std::string_view name) const noexcept {
-    const auto depthOf = [](const ZipMember& member) {
-        return std::ranges::count(member.name, '/');
-    };
-    const ZipMember* found = nullptr;
-    bool isUnique = true;
-    for (const ZipMember& member : _members) {
-        if (!member.isNamed(name)) {
-            continue;
-        }
-        if (found == nullptr || depthOf(member) < depthOf(*found)) {
-            found = &member;
-            isUnique = true;
-        } else if (depthOf(member) == depthOf(*found)) {
-            isUnique = false;
-        }
-    }
-    if (!isUnique) {
-        return std::unexpected(FailureReason::damaged);
-    }
-    return found;
-}
-
 /// Whether no other member, nor the list, begins within a member.
 bool ZipArchive::isAlone(const ZipMember& member, std::uint64_t end) const noexcept {
     const auto [first, last] = std::ranges::equal_range(_begins, member.begin);
@@ -175,16 +151,14 @@ ZipArchive::beginOfBytes(const ZipMember& member) const {
     return member.begin + sizeOfZipHeader + header->sizeOfName + header->sizeOfRest;
 }
 
-std::expected<std::span<char>, FailureReason> ZipArchive::read(const ZipMember& member,
-                                                               ImportMemory& memory) {
+/// The bytes of a member as they stand in the archive, at most so many.
+std::expected<FilePart, FailureReason> ZipArchive::packedBytes(const ZipMember& member,
+                                                               std::size_t most) const {
     if (member.isEncrypted) {
         return std::unexpected(FailureReason::encrypted);
     }
     if (member.method != stored && member.method != deflated) {
         return std::unexpected(FailureReason::notRead);
-    }
-    if (member.size > _mostUnpacked) {
-        return std::unexpected(FailureReason::tooLarge);
     }
     const auto begin = beginOfBytes(member);
     if (!begin) {
@@ -193,12 +167,39 @@ std::expected<std::span<char>, FailureReason> ZipArchive::read(const ZipMember& 
     if (!isAlone(member, *begin + member.packedSize)) {
         return std::unexpected(FailureReason::damaged);
     }
-    const auto packed = _file.part(*begin, member.packedSize);
+    const std::size_t size = std::min(member.packedSize, most);
+    auto packed = _file.part(*begin, size);
     if (!packed) {
         return std::unexpected(FailureReason::unreadable);
     }
-    if (packed->bytes().size() != member.packedSize) {
+    if (packed->bytes().size() != size) {
         return std::unexpected(FailureReason::damaged);
+    }
+    return *std::move(packed);
+}
+
+std::expected<FilePart, FailureReason> ZipArchive::beginning(const ZipMember& member,
+                                                             std::size_t most) const {
+    // What cannot be packed takes a little more room than it has bytes.
+    auto packed = packedBytes(member, member.method == stored ? most : 2 * most);
+    if (!packed || member.method == stored) {
+        return packed;
+    }
+    Inflation inflation(packed->bytes());
+    WipedBuffer buffer(most);
+    const auto written = inflation.next(buffer.bytes());
+    return written ? std::expected<FilePart, FailureReason>(FilePart(std::move(buffer), *written))
+                   : std::unexpected(FailureReason::damaged);
+}
+
+std::expected<std::span<char>, FailureReason> ZipArchive::read(const ZipMember& member,
+                                                               ImportMemory& memory) {
+    const auto packed = packedBytes(member, member.packedSize);
+    if (!packed) {
+        return std::unexpected(packed.error());
+    }
+    if (member.size > _mostUnpacked) {
+        return std::unexpected(FailureReason::tooLarge);
     }
     auto contents = member.method == stored ? copied(packed->bytes(), member)
                                             : unpacked(packed->bytes(), member);

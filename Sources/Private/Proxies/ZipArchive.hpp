@@ -32,16 +32,17 @@ public:
     /// All members, in the order of the list.
     [[nodiscard]] std::span<const ZipMember> members() const noexcept { return _members; }
 
-    /// The member of that name, in any folder; of several the one in the fewest folders. Null if
-    /// there is none; damaged if two are in as few.
-    [[nodiscard]] std::expected<const ZipMember*, FailureReason>
-    find(std::string_view name) const noexcept;
-
     /// The bytes of one of the members, which the caller may rewrite; or why there are none.
     ///
     /// @throws std::bad_alloc
     [[nodiscard]] std::expected<std::span<char>, FailureReason> read(const ZipMember& member,
                                                                      ImportMemory& memory);
+
+    /// The bytes that a member begins with, at most so many; or why there are none.
+    ///
+    /// @throws std::bad_alloc
+    [[nodiscard]] std::expected<FilePart, FailureReason> beginning(const ZipMember& member,
+                                                                   std::size_t most) const;
 
 private:
     ZipArchive(FileParts file, FilePart list, std::vector<ZipMember> members, std::uint64_t end,
@@ -50,6 +51,8 @@ private:
     [[nodiscard]] bool isAlone(const ZipMember& member, std::uint64_t end) const noexcept;
     [[nodiscard]] std::expected<std::uint64_t, FailureReason>
     beginOfBytes(const ZipMember& member) const;
+    [[nodiscard]] std::expected<FilePart, FailureReason> packedBytes(const ZipMember& member,
+                                                                     std::size_t most) const;
 
     FileParts _file;
     FilePart _list; // in which the names stand

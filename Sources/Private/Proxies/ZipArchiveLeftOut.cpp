@@ -10,8 +10,8 @@ std::expected<ZipArchive, FailureReason> ZipArchive::opened(const ExportFile& /*
     return std::unexpected(FailureReason::notBuiltIn);
 }
 
-std::expected<const ZipMember*, FailureReason>
-ZipArchive::find(std::string_view /*name*/) const noexcept {
+std::expected<FilePart, FailureReason> ZipArchive::beginning(const ZipMember& /*member*/,
+                                                             std::size_t /*most*/) const {
     return std::unexpected(FailureReason::notBuiltIn);
 }
 

@@ -62,6 +62,30 @@ bool ZipMember::isNamed(std::string_view wanted) const noexcept {
     return sameIgnoringCase(name.substr(place), wanted) && (place == 0 || name[place - 1] == '/');
 }
 
+std::expected<const ZipMember*, FailureReason>
+memberNamed(std::string_view name, std::span<const ZipMember> members) noexcept {
+    const auto depthOf = [](const ZipMember& member) {
+        return std::ranges::count(member.name, '/');
+    };
+    const ZipMember* found = nullptr;
+    bool isUnique = true;
+    for (const ZipMember& member : members) {
+        if (!member.isNamed(name)) {
+            continue;
+        }
+        if (found == nullptr || depthOf(member) < depthOf(*found)) {
+            found = &member;
+            isUnique = true;
+        } else if (depthOf(member) == depthOf(*found)) {
+            isUnique = false;
+        }
+    }
+    if (!isUnique) {
+        return std::unexpected(FailureReason::damaged);
+    }
+    return found;
+}
+
 bool isZip(std::string_view beginning) noexcept {
     return beginning.starts_with(signatureOfHeader) || beginning.starts_with(signatureOfEndRecord);
 }

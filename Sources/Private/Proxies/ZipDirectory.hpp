@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <expected>
 #include <optional>
+#include <span>
 #include <string_view>
 
 #include <Rellinor/FailureReason.hpp>
@@ -30,6 +31,11 @@ struct ZipMember {
     /// Whether it has this name, in any folder of the archive and any case of ASCII letters.
     [[nodiscard]] bool isNamed(std::string_view wanted) const noexcept;
 };
+
+/// The member of that name, in any folder; of several the one in the fewest folders. Null if there
+/// is none; damaged if two are in as few.
+[[nodiscard]] std::expected<const ZipMember*, FailureReason>
+memberNamed(std::string_view name, std::span<const ZipMember> members) noexcept;
 
 /// Where the list is.
 struct ZipList {

@@ -14,18 +14,20 @@ namespace {
 constexpr std::size_t mostPlaces = 1000;
 constexpr std::uint64_t never = std::numeric_limits<std::uint64_t>::max();
 
-/// The entry of a list that has this code and field; a new one if there is none.
+/// The entry of a list that has this code, field and member; a new one if there is none.
 template <typename Entry, typename Code>
-Entry& entryOf(std::vector<Entry>& entries, Code Entry::* code, Code wanted,
-               std::string_view field) {
-    const auto found = std::ranges::find_if(
-        entries, [&](const Entry& entry) { return entry.*code == wanted && entry.field == field; });
+Entry& entryOf(std::vector<Entry>& entries, Code Entry::* code, Code wanted, std::string_view field,
+               std::string_view member) {
+    const auto found = std::ranges::find_if(entries, [&](const Entry& entry) {
+        return entry.*code == wanted && entry.field == field && entry.places.member == member;
+    });
     if (found != entries.end()) {
         return *found;
     }
     Entry& entry = entries.emplace_back();
     entry.*code = wanted;
     entry.field = field;
+    entry.places.member = member;
     return entry;
 }
 
@@ -76,7 +78,7 @@ void Reporter::failForTooMany() {
 
 void Reporter::leftOut(LeftOutReason reason, std::string_view field) noexcept {
     try {
-        add(entryOf(_report._leftOut, &LeftOut::reason, reason, field).places, _position);
+        add(entryOf(_report._leftOut, &LeftOut::reason, reason, field, _member).places, _position);
     } catch (const std::bad_alloc&) {
         _report._isComplete = false;
     }
@@ -115,7 +117,8 @@ void Reporter::fail(const ReadFailure& failure, std::string_view field) noexcept
     if (_report._failure.reason != FailureReason::none) {
         return;
     }
-    _report._failure = {.reason = failure.reason, .place = 0, .field = field};
+    _report._failure = {
+        .reason = failure.reason, .place = 0, .field = field.empty() ? _member : field};
     try {
         _report._failure.place = failure.position ? placeOf(*failure.position) : 0;
     } catch (const std::bad_alloc&) {
@@ -150,7 +153,7 @@ void Reporter::add(Places& places, std::uint64_t position) {
 }
 
 Places& Reporter::placesOf(FindingKind kind, std::string_view field) {
-    return entryOf(_report._findings, &Finding::kind, kind, field).places;
+    return entryOf(_report._findings, &Finding::kind, kind, field, _member).places;
 }
 
 } // namespace Rellinor

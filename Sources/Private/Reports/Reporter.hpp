@@ -40,6 +40,12 @@ public:
     /// Says how far positions go; 0 if that is not known.
     void expect(std::uint64_t lastPosition) noexcept;
 
+    /// Comes to one of the files of an archive or folder, or out of it with an empty name. What is
+    /// told meanwhile is told of that file.
+    ///
+    /// @param name  a literal
+    void enterMember(std::string_view name) noexcept { _member = name; }
+
     /// Comes to a position, which may be told to the host.
     ///
     /// @throws ReadError  the host does not go on
@@ -94,6 +100,7 @@ private:
     [[nodiscard]] Places& placesOf(FindingKind kind, std::string_view field);
 
     const ReadOptions& _options;
+    std::string_view _member; // of an archive or folder
     ImportReport _report;
     std::function<std::uint64_t(std::uint64_t)> _placeOf;
     std::uint64_t _position = 0;

@@ -16,6 +16,13 @@ namespace Rellinor {
     return one.size() == other.size() && std::ranges::equal(one, other, {}, lowerCase, lowerCase);
 }
 
+/// Whether a name is longer than an extension and ends with it, in any case.
+[[nodiscard]] constexpr bool hasExtension(std::string_view name,
+                                          std::string_view extension) noexcept {
+    return name.size() > extension.size() &&
+           sameIgnoringCase(name.substr(name.size() - extension.size()), extension);
+}
+
 /// A text without the spaces and tabs at its ends.
 [[nodiscard]] constexpr std::string_view withoutBlanksAround(std::string_view text) noexcept {
     constexpr std::string_view blanks = " \t";

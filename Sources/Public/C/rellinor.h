@@ -501,6 +501,7 @@ typedef struct rellinor_places {
     uint64_t count;                          ///< how many places there are
     const uint64_t* RELLINOR_NULLABLE first; ///< the first of them, ascending, counted from 1
     size_t first_count;                      ///< how many these are, at most a thousand
+    rellinor_text member; ///< in which file of an archive or folder that has several; may be empty
 } rellinor_places;
 
 /// What was read; none if that is not known, and for a source.

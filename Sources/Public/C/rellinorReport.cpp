@@ -21,8 +21,10 @@ rellinor_extra extraAt(std::size_t index, std::span<const Extra> extras) noexcep
 }
 
 rellinor_places placesOf(const Places& places) noexcept {
-    return {
-        .count = places.count, .first = places.first.data(), .first_count = places.first.size()};
+    return {.count = places.count,
+            .first = places.first.data(),
+            .first_count = places.first.size(),
+            .member = asC(places.member)};
 }
 
 } // namespace

@@ -42,14 +42,14 @@ inline Found detectedAt(std::string_view path) {
     return foundBy(detect(ExportFile::atPath(path)));
 }
 
-/// A layout, with what keeps it from being read by this version.
+/// A layout, with what keeps it from being read by this build.
 inline Found layoutFound(std::string_view identifier, Confidence confidence = Confidence::certain,
                          std::optional<ImportSource> source = std::nullopt) {
     const std::optional<Layout> layout = layoutWithIdentifier(identifier);
     const bool isReadNow = layout && (isRead(*layout) || confidence == Confidence::possible);
     return {.layout = identifier,
             .confidence = confidence,
-            .obstacle = isReadNow ? FailureReason::none : FailureReason::notRead,
+            .obstacle = isReadNow ? FailureReason::none : FailureReason::notBuiltIn,
             .source = source};
 }
 

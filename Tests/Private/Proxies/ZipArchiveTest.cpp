@@ -28,7 +28,7 @@ Contents contentsOf(std::string_view archive, std::string_view name, std::uint64
     if (!opened) {
         return opened.error();
     }
-    const auto member = opened->find(name);
+    const auto member = memberNamed(name, opened->members());
     if (!member || *member == nullptr) {
         return member ? Contents("") : Contents(member.error());
     }

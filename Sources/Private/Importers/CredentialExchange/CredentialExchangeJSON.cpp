@@ -41,10 +41,10 @@ constexpr auto kinds = std::to_array<Kind>({
     {"ssh-key", ItemShape::other, "SSH Key"},
     {"wifi", ItemShape::other, "Wi-Fi"},
     {"passkey", ItemShape::other, "Passkey"},
+    {"note", ItemShape::note, "Note"},
     {"custom-fields", ItemShape::other, "Custom Fields"},
     {"file", ItemShape::other, "File"},
     {"item-reference", ItemShape::other, "Reference"},
-    {"note", ItemShape::note, "Note"},
     {"totp", ItemShape::note, "One-Time Password"},
 });
 

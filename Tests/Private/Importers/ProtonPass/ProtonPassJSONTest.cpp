@@ -139,6 +139,9 @@ TEST(ProtonPassJSONTest, leavesOutTheTrashAndRefusesWhatIsEncrypted) {
               1);
     EXPECT_EQ(read(R"({"encrypted":true,"vaults":{}})").report.failure().reason,
               FailureReason::encrypted);
+    if (!isRead(Layout::protonPassZip)) {
+        GTEST_SKIP() << "archives are left out";
+    }
     const auto archiveOf = [](std::string_view name) {
         return readingOf(Layout::protonPassZip, zipOf({{.name = name, .contents = vault}}));
     };
