@@ -270,12 +270,9 @@ private:
             }
             row.cells.insert(row.cells.end(), texts.begin(), texts.end());
             for (const Cell& cell : lines[index].cells) {
-                if (!cell.strays.empty() || (!cell.isQuoted && !cell.text.starts_with('"') &&
-                                             cell.text.find('"') != std::string::npos)) {
+                if (!cell.strays.empty() ||
+                    (!cell.isQuoted && cell.text.find('"') != std::string::npos)) {
                     damage.insert(CSVDamage::strayQuote);
-                }
-                if (!cell.isQuoted && cell.text.starts_with('"')) {
-                    damage.insert(CSVDamage::runOnCell);
                 }
             }
         }

@@ -57,8 +57,8 @@ Table tableOf(std::string_view text, const CSVDialect& dialect) {
 }
 
 std::string described(const Table& table) {
-    constexpr std::array<std::string_view, 5> names = {"strayQuote", "runOnCell", "joinedLines",
-                                                       "shortRow", "longRow"};
+    constexpr std::array<std::string_view, 4> names = {"strayQuote", "joinedLines", "shortRow",
+                                                       "longRow"};
     std::string words;
     const auto add = [&](const Row& cells) {
         for (const std::string& cell : cells) {

@@ -47,8 +47,6 @@ FindingKind findingOf(CSVDamage damage) noexcept {
     switch (damage) {
     case CSVDamage::strayQuote:
         return FindingKind::strayQuote;
-    case CSVDamage::runOnCell:
-        return FindingKind::runOnCell;
     case CSVDamage::joinedLines:
         return FindingKind::joinedLines;
     case CSVDamage::shortRow:

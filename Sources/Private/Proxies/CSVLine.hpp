@@ -15,10 +15,7 @@ public:
     /// Where the line begins in the text.
     [[nodiscard]] std::size_t begin() const noexcept { return _begin; }
 
-    /// Whether the quote at the beginning of a cell was taken for a letter.
-    [[nodiscard]] bool hasRunOnCell() const noexcept { return _hasRunOnCell; }
-
-    /// Whether another quote where none may stand was.
+    /// Whether a quote where none may stand was taken for a letter.
     [[nodiscard]] bool hasStrayQuote() const noexcept { return _firstStray < _count; }
 
     /// The cells without the quotes around them.
@@ -35,7 +32,6 @@ public:
     void beginAt(std::size_t place) noexcept {
         keepFirst(0);
         _begin = place;
-        _hasRunOnCell = false;
     }
 
     void keepFirst(std::size_t count) noexcept {
@@ -48,9 +44,6 @@ public:
             _firstStray = none;
         }
     }
-
-    /// Says that the quote at the beginning of a cell is a letter.
-    void addRunOnCell() noexcept { _hasRunOnCell = true; }
 
     /// Says that the next cell has a quote where none may stand.
     void addStrayQuote() noexcept { _firstStray = std::min(_firstStray, _count); }
@@ -76,7 +69,6 @@ public:
 
     /// Takes over what is said of the quotes of a line that becomes a part of this one.
     void takeDamageOf(const CSVLine& line) noexcept {
-        _hasRunOnCell = _hasRunOnCell || line._hasRunOnCell;
         _firstStray = line.hasStrayQuote() ? 0 : _firstStray;
     }
 
@@ -104,7 +96,6 @@ private:
     std::size_t _count = 0;
     std::size_t _mostCount = 0; // no cell behind it was ever written, or it is empty again
     std::vector<std::size_t> _written;
-    bool _hasRunOnCell = false;
     std::size_t _firstStray = none; // the first cell with a quote where none may stand
 };
 

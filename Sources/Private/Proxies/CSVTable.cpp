@@ -32,9 +32,6 @@ bool CSVTable::readRow() {
     if (_row.hasStrayQuote()) [[unlikely]] {
         tell(CSVDamage::strayQuote);
     }
-    if (_row.hasRunOnCell()) [[unlikely]] {
-        tell(CSVDamage::runOnCell);
-    }
     _cells = _row.cellsAtLeast(_header.size());
     const auto extras = _cells.subspan(_header.size());
     if (!std::ranges::all_of(extras, &std::string_view::empty)) [[unlikely]] {

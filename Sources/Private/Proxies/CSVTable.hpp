@@ -18,8 +18,7 @@ namespace Rellinor {
 
 /// What was mended in a row.
 enum class CSVDamage : std::uint8_t {
-    strayQuote,  ///< a quote where none may stand was taken for a letter
-    runOnCell,   ///< so was one at the beginning of a cell that it does not close
+    strayQuote,  ///< a quote was taken for a letter: none may stand there, or it closes no cell
     joinedLines, ///< a row that was written over several lines without quotes was joined
     shortRow,    ///< fewer cells than the header
     longRow,     ///< more cells than the header, and not all of them empty

@@ -140,7 +140,7 @@ TEST(CSVTableTest, takesAStrayQuoteForALetterIfTheRowFitsTheHeader) {
 TEST(CSVTableTest, takesTheFirstQuoteForALetterIfTheRowDoesNotFitTheHeader) {
     EXPECT_EQ(rowsOf("a,b\n\"1\"x,2\",3\n"), (Rows{{"1\"x,2", "3"}}));
     EXPECT_EQ(rowsOf("a,b,c\n\"1\"x,2\",3\n"), (Rows{{"\"1\"x", "2\"", "3"}}));
-    EXPECT_EQ(mendedIn("a,b,c\n\"1\"x,2\",3\n"), (Mended{{2, {strayQuote, runOnCell}}}));
+    EXPECT_EQ(mendedIn("a,b,c\n\"1\"x,2\",3\n"), (Mended{{2, {strayQuote}}}));
 }
 
 TEST(CSVTableTest, takesAStrayQuoteForALetterOnTheLastLineOfItsCellOnly) {
@@ -152,7 +152,7 @@ TEST(CSVTableTest, takesAStrayQuoteForALetterOnTheLastLineOfItsCellOnly) {
 TEST(CSVTableTest, doesNotReadASoundRowIntoACellThatBeganBeforeIt) {
     EXPECT_EQ(rowsOf("a,b\n1,\"2\n\"3\",\"4\"\n5,6\n"),
               (Rows{{"1", "\"2"}, {"3", "4"}, {"5", "6"}}));
-    EXPECT_EQ(mendedIn("a,b\n1,\"2\n\"3\",\"4\"\n5,6\n"), (Mended{{2, {runOnCell}}}));
+    EXPECT_EQ(mendedIn("a,b\n1,\"2\n\"3\",\"4\"\n5,6\n"), (Mended{{2, {strayQuote}}}));
     // Quotes in its other cells are letters.
     EXPECT_EQ(rowsOf("a,b\n1,\"2\n3\"x,\"4\"\n"), (Rows{{"1", "\"2"}, {"3\"x", "4"}}));
 }
@@ -160,7 +160,7 @@ TEST(CSVTableTest, doesNotReadASoundRowIntoACellThatBeganBeforeIt) {
 TEST(CSVTableTest, takesAQuoteForALetterThatIsNeverClosed) {
     EXPECT_EQ(rowsOf("a,b\n1,\"2\n3,4\n"), (Rows{{"1", "\"2"}, {"3", "4"}}));
     EXPECT_EQ(rowsOf("a,b\n1,\"2\"\""), (Rows{{"1", "\"2\"\""}}));
-    EXPECT_EQ(mendedIn("a,b\n1,\"2\n3,4\n"), (Mended{{2, {runOnCell}}}));
+    EXPECT_EQ(mendedIn("a,b\n1,\"2\n3,4\n"), (Mended{{2, {strayQuote}}}));
 }
 
 TEST(CSVTableTest, takesTheFirstOfSeveralSuchQuotesForALetter) {
