@@ -278,7 +278,6 @@ private:
         }
         if (row.cells.size() < _width) {
             damage.insert(CSVDamage::shortRow);
-            row.cells.resize(_width);
         }
         for (std::size_t index = _width; index < row.cells.size(); ++index) {
             if (!row.cells[index].empty()) {

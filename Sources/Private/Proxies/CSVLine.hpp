@@ -35,7 +35,6 @@ public:
     }
 
     void keepFirst(std::size_t count) noexcept {
-        _mostCount = std::max(_mostCount, _count);
         _count = count;
         while (!_written.empty() && _written.back() >= count) {
             _written.pop_back();
@@ -51,7 +50,7 @@ public:
     /// @throws std::bad_alloc
     void append(std::string_view cell) {
         if (_count == _cells.size()) {
-            _cells.resize(std::max<std::size_t>(8, 2 * _count), "");
+            _cells.resize(std::max<std::size_t>(8, 2 * _count));
         }
         _cells[_count++] = cell;
     }
@@ -74,27 +73,12 @@ public:
 
     void replace(std::size_t index, std::string_view cell) noexcept { _cells[index] = cell; }
 
-    /// The cells, and empty ones if there are too few. Costs as much as there were cells lately,
-    /// not as are asked for.
-    ///
-    /// @throws std::bad_alloc
-    [[nodiscard]] std::span<const std::string_view> cellsAtLeast(std::size_t fewest) {
-        if (_cells.size() < fewest) {
-            _cells.resize(fewest, "");
-        }
-        for (; _mostCount > _count; --_mostCount) {
-            _cells[_mostCount - 1] = "";
-        }
-        return std::span(_cells).first(std::max(_count, fewest));
-    }
-
 private:
     static constexpr auto none = static_cast<std::size_t>(-1);
 
     std::vector<std::string_view> _cells;
     std::size_t _begin = 0;
     std::size_t _count = 0;
-    std::size_t _mostCount = 0; // no cell behind it was ever written, or it is empty again
     std::vector<std::size_t> _written;
     std::size_t _firstStray = none; // the first cell with a quote where none may stand
 };

@@ -198,15 +198,14 @@ TEST(CSVTableTest, beginsJoiningAnewBehindACompleteRow) {
 }
 
 TEST(CSVTableTest, makesRowsOfLinesWhoseRunEnds) {
-    EXPECT_EQ(rowsOf("a,b,c\n1\n2,3\n4,5,6\n"),
-              (Rows{{"1", "", ""}, {"2", "3", ""}, {"4", "5", "6"}}));
-    EXPECT_EQ(rowsOf("a,b,c\n1\n2"), (Rows{{"1", "", ""}, {"2", "", ""}}));
+    EXPECT_EQ(rowsOf("a,b,c\n1\n2,3\n4,5,6\n"), (Rows{{"1"}, {"2", "3"}, {"4", "5", "6"}}));
+    EXPECT_EQ(rowsOf("a,b,c\n1\n2"), (Rows{{"1"}, {"2"}}));
     EXPECT_EQ(mendedIn("a,b,c\n1\n2,3\n4,5,6\n"), (Mended{{2, {shortRow}}, {3, {shortRow}}}));
 }
 
 TEST(CSVTableTest, beginsJoiningAnewWithALineThatWouldBeTooMuch) {
     EXPECT_EQ(rowsOf("a,b,c,d\n1\n2,3,4\n5,6,7\n8,9\n"),
-              (Rows{{"1", "", "", ""}, {"2", "3", "4", ""}, {"5", "6", "7\n8", "9"}}));
+              (Rows{{"1"}, {"2", "3", "4"}, {"5", "6", "7\n8", "9"}}));
 }
 
 TEST(CSVTableTest, keepsCellsBeyondTheHeader) {
@@ -216,7 +215,7 @@ TEST(CSVTableTest, keepsCellsBeyondTheHeader) {
 
 TEST(CSVTableTest, leavesNothingOfALongRowInAShortOne) {
     EXPECT_EQ(rowsOf("a,b\n1,2,3,4\n5\n6,7,8\n"),
-              (Rows{{"1", "2", "3", "4"}, {"5", ""}, {"6", "7", "8"}}));
+              (Rows{{"1", "2", "3", "4"}, {"5"}, {"6", "7", "8"}}));
 }
 
 // Size: each of these would take minutes if time grew faster than the text.
@@ -255,7 +254,7 @@ TEST(CSVTableTest, readsAnOpenQuoteAndLineFeeds) {
 
 TEST(CSVTableTest, readsCarriageReturnsOnly) {
     EXPECT_EQ(sizeOf("a,b\n1,2" + repeated("\r", 16 * many)), (Size{1, 2}));
-    EXPECT_EQ(sizeOf("a,b\n" + repeated("\"\r\r\r", many)), (Size{1, 2}));
+    EXPECT_EQ(sizeOf("a,b\n" + repeated("\"\r\r\r", many)), (Size{1, 1}));
 }
 
 TEST(CSVTableTest, readsQuotesThatNobodyClosesOnEveryLine) {
@@ -280,7 +279,7 @@ TEST(CSVTableTest, readsAMillionColumns) {
 
 TEST(CSVTableTest, readsShortLinesUnderAWideHeader) {
     const std::string header = repeated(",", many) + "\n";
-    EXPECT_EQ(sizeOf(header + repeated("1\n", many)).first, many);
+    EXPECT_EQ(sizeOf(header + repeated("1\n", many)), (Size{many, many}));
     EXPECT_EQ(sizeOf(header + repeated("1,2\n", many)).first, 1);
     EXPECT_EQ(sizeOf(header + repeated("1,2\n", many - 1)).first, many - 1);
 }
