@@ -1,12 +1,19 @@
 #include "Public/Extras.hpp"
 
+#include "Private/Importers/RecordsBlock.hpp"
+
 namespace Rellinor {
 
 namespace {
 
-std::span<const Extra> at(const std::vector<std::span<const Extra>>& list,
-                          std::size_t index) noexcept {
-    return index < list.size() ? list[index] : std::span<const Extra>();
+template <typename Record>
+std::span<const Extra> extrasOf(const std::shared_ptr<const RecordsBlock>& block,
+                                RecordsBlock::List<Record> RecordsBlock::* list,
+                                std::size_t index) noexcept {
+    if (block == nullptr || index >= (*block.*list).extras.size()) {
+        return {};
+    }
+    return (*block.*list).extras[index];
 }
 
 } // namespace
@@ -49,15 +56,15 @@ std::string_view identifier(ExtraKind kind) noexcept {
 }
 
 std::span<const Extra> Extras::ofPassword(std::size_t index) const noexcept {
-    return at(_passwords, index);
+    return extrasOf(_block, &RecordsBlock::passwords, index);
 }
 
 std::span<const Extra> Extras::ofNote(std::size_t index) const noexcept {
-    return at(_notes, index);
+    return extrasOf(_block, &RecordsBlock::notes, index);
 }
 
 std::span<const Extra> Extras::ofCard(std::size_t index) const noexcept {
-    return at(_cards, index);
+    return extrasOf(_block, &RecordsBlock::cards, index);
 }
 
 } // namespace Rellinor

@@ -5,7 +5,6 @@
 #include <memory>
 #include <span>
 #include <string_view>
-#include <vector>
 
 #include <Rellinor/Export.hpp>
 
@@ -40,6 +39,8 @@ struct Extra {
     std::string_view value;            ///< as it stands in the file
 };
 
+struct RecordsBlock;
+
 /// The extras of all records of an import, in the order of the file. Their texts stand in the block
 /// of memory that the records share, and live as long as this or any of the records.
 class RELLINOR_PUBLIC Extras {
@@ -57,12 +58,7 @@ public:
 private:
     friend struct RecordsBlock;
 
-    using List = std::vector<std::span<const Extra>>;
-
-    std::shared_ptr<const void> _block;
-    List _passwords;
-    List _notes;
-    List _cards;
+    std::shared_ptr<const RecordsBlock> _block;
 };
 
 } // namespace Rellinor

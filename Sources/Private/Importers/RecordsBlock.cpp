@@ -16,13 +16,6 @@ asInterfaces(const std::shared_ptr<const RecordsBlock>& block,
     return interfaces;
 }
 
-std::vector<std::span<const Extra>> asVector(const ChunkedList<std::span<const Extra>>& list) {
-    std::vector<std::span<const Extra>> vector;
-    vector.reserve(list.size());
-    list.forEach([&](const std::span<const Extra>& extras) { vector.push_back(extras); });
-    return vector;
-}
-
 } // namespace
 
 Assembled RecordsBlock::deliver(const std::shared_ptr<const RecordsBlock>& block, bool hasExtras) {
@@ -35,9 +28,6 @@ Assembled RecordsBlock::deliver(const std::shared_ptr<const RecordsBlock>& block
         .extras = {}};
     if (hasExtras) {
         assembled.extras._block = block;
-        assembled.extras._passwords = asVector(block->passwords.extras);
-        assembled.extras._notes = asVector(block->notes.extras);
-        assembled.extras._cards = asVector(block->cards.extras);
     }
     return assembled;
 }
