@@ -110,7 +110,7 @@ TEST(NamedColumnsImporterTest, tellsTheLinesOfWhatWasMended) {
         const Reading reading = readingOf(text);
         EXPECT_EQ(reading.delivered() + reading.leftOut(LeftOutReason::empty), 5);
         EXPECT_EQ(reading.records.passwords.back().password, "\"open");
-        EXPECT_EQ(reading.extras.at(2), "other =more\n");
+        EXPECT_EQ(reading.extras.at(3), "other =more\n");
         using Lines = std::vector<std::uint64_t>;
         for (const auto& [kind, lines] : {std::pair(FindingKind::strayQuote, Lines{4, 6}),
                                           std::pair(FindingKind::longRow, Lines{5})}) {
