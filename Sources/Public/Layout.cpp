@@ -57,6 +57,7 @@ constexpr auto names = std::array{
                true},
     LayoutName{tirelJSON, "tirel-json", "Tirel export", true},
     LayoutName{genericCSV, "generic-csv", "CSV file with usual column names", true},
+    LayoutName{buttercupCSV, "buttercup-csv", "Buttercup CSV export", true},
 };
 
 constexpr auto layouts = [] {
