@@ -79,6 +79,14 @@ std::vector<Contestant> othersOf(const Store& store, const Words& words,
             return delivered;
         }));
     }
+    if (store.layout && words.isHostile) { // where another reading finds other records
+        others.push_back(contestant("faithful", [store, delivered] {
+            const Import import = readFaithfully(store);
+            return delivered;
+        }));
+    } else if (store.layout) {
+        others.push_back(contestant("faithful", [store] { return readFaithfully(store); }));
+    }
     if (!words.isHostile) {
         std::ranges::move(peersOf(store), std::back_inserter(others));
     }

@@ -49,4 +49,11 @@ Import importedIfPossible(const Store& store) {
     return {resultOf(store).value_or(ImportedRecords())};
 }
 
+Import readFaithfully(const Store& store) {
+    ImportedExport read = readExport(ExportFile::atPath(store.path.native()),
+                                     {.as = store.layout.value(), .onProgress = {}, .limits = {}});
+    return {std::move(read.records).value_or(ImportedRecords()), std::move(read.extras),
+            std::move(read.report)};
+}
+
 } // namespace Rellinor::Benchmarks

@@ -10,6 +10,8 @@ namespace Rellinor::Benchmarks {
 /// What an import delivered.
 struct Import {
     ImportedRecords records;
+    Extras extras = {}; ///< and a report, if the file was read faithfully
+    ImportReport report = {};
 };
 
 [[nodiscard]] Delivered deliveredBy(const Import& import);
@@ -19,5 +21,8 @@ struct Import {
 
 /// What an import of the store delivers, and nothing if it fails.
 [[nodiscard]] Import importedIfPossible(const Store& store);
+
+/// The same of reading the store faithfully as its layout, with extras and a report.
+[[nodiscard]] Import readFaithfully(const Store& store);
 
 } // namespace Rellinor::Benchmarks

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string_view>
 
+#include <Rellinor/Layout.hpp>
 #include <Rellinor/Models/ImportSource.hpp>
 
 namespace Rellinor::Benchmarks {
@@ -22,6 +23,9 @@ struct Store {
     std::filesystem::path file;
 
     StoreFormat format;
+
+    /// As what `readExport` reads the same records; absent if the file holds others for it.
+    std::optional<Layout> layout;
 };
 
 /// The store of a source, by the name of the source; absent if there is no such source.

@@ -28,8 +28,8 @@ def last_pass(at_first=0.05):
         "sizes": {
             "10000": {**result(10_000, **{"import": [at_first] * 3}, floor=[0.02] * 3)},
             "200000": result(200_000, **{"import": [2.0, 2.0, 2.5]}, floor=[0.5, 2.0, 1.25],
-                             libcsv=[10.0, 6.0, 5.0], python_csv=[20.0, 20.0, 30.0])},
-        "hostile": {"quotes": result(1, **{"import": [1.0]}, floor=[0.5]),
+                             libcsv=[10.0, 6.0, 5.0], python_csv=[20.0, 20.0, 30.0], faithful=[3.0, 4.0, 2.5])},
+        "hostile": {"quotes": result(1, **{"import": [1.0]}, floor=[0.5], faithful=[5.5]),
                     "line feeds": result(1, **{"import": [6.0]}, floor=[0.5])},
         "warm": result(500, **{"import": [0.003]}, floor=[0.001]),
         "process": {"rellinor": [0.004, 0.006], "wc": [0.002, 0.002], "true": [0.001, 0.001]},
@@ -51,10 +51,12 @@ class BoundsTest(unittest.TestCase):
             ("time ÷ floor", at): (2.0, "≤ 2", True),               # 4, 1, 2
             ("libcsv ÷ time", at): (3.0, "≥ 3", True),              # 5, 3, 2
             ("Python's csv ÷ time", at): (10.0, "≥ 10", True),      # 10, 10, 12
+            ("faithfully ÷ time", at): (1.5, "≤ 1.5", True),        # 1.5, 2, 1
             ("peak memory ÷ file", at): (1.5, "≤ 2.5", True),
             ("time a record, growth", grown): (2.0, "≤ 1.2", False),
             ("memory a record, growth", grown): (1.0, "≤ 1.2", True),
             ("hostile: time ÷ floor", "quotes"): (2.0, "≤ 10", True),
+            ("hostile: faithfully ÷ floor", "quotes"): (11.0, "≤ 10", False),
             ("hostile: time ÷ floor", "line feeds"): (12.0, "≤ 10", False),
             ("rellinor import ÷ wc -l", "500 records"): (2.5, "≤ 3", True),
         })
@@ -100,7 +102,7 @@ class PlotTest(unittest.TestCase):
         name = "{http://www.w3.org/2000/svg}"
         lines = {line.get("class"): line.get("points").split() for line in root.iter(name + "polyline")}
         self.assertEqual({line: len(points) for line, points in lines.items()},
-                         {"import": 2, "floor": 2, "libcsv": 1, "python-csv": 1})
+                         {"import": 2, "faithful": 1, "floor": 2, "libcsv": 1, "python-csv": 1})
         # From 10 ms to 100 s there are four decades, of 97.5 each, up from 430.
         self.assertEqual(lines["import"][0].split(",")[0], f"{plot.LEFT:.1f}")
         self.assertEqual(lines["python-csv"], ["630.0,108.1"])  # log10 20 = 1.30103

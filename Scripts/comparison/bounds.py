@@ -9,6 +9,7 @@ BOUND_SIZES = (200_000, 1_600_000)
 GROWTH_FROM = 10_000
 
 HOSTILE = 10.0
+FAITHFUL = 1.5      # readExport, with extras and a report
 START_TO_FINISH = 3.0
 READ_TWICE = "onePassword"  # by the tool, which tells what of a file is not imported
 GROWTH = 1.2
@@ -76,6 +77,8 @@ def _by_size(store, results):
             else:
                 yield Verdict(f"{title} ÷ time", where, ratio(seconds, peer.name, "import"), peer.faster,
                               is_least=True)
+        if "faithful" in seconds:
+            yield Verdict("faithfully ÷ time", where, ratio(seconds, "faithful", "import"), FAITHFUL)
         if store.format in _PEAK:
             yield Verdict("peak memory ÷ file", where, _peak(sizes[size]) / sizes[size]["bytes"],
                           _PEAK[store.format])
@@ -97,6 +100,8 @@ def _hostile(results):
     for shape, result in results.get("hostile", {}).items():
         seconds = {name: runs["seconds"] for name, runs in result["contestants"].items()}
         yield Verdict("hostile: time ÷ floor", shape, ratio(seconds, "import", "floor"), HOSTILE)
+        if "faithful" in seconds:
+            yield Verdict("hostile: faithfully ÷ floor", shape, ratio(seconds, "faithful", "floor"), HOSTILE)
 
 
 def _start_to_finish(store, results):

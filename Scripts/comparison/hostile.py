@@ -56,6 +56,11 @@ _DROPPED_ROWS = {
 }
 
 
+def _wide(header):
+    """With as many columns as a header may have that is looked at."""
+    return header[:-1] + b"".join(b",c%d" % column for column in range(2_000)) + b"\n"
+
+
 def _csv_shapes(name):
     header = _HEADERS[name]
     row_of_columns = b"," * (COLUMNS - 1) + b"\n"
@@ -69,6 +74,9 @@ def _csv_shapes(name):
         repeated("one huge quoted cell", header + b'"', b"x", b'"'),
         repeated("rows of a million columns", header, row_of_columns),
         repeated("dropped rows", *_DROPPED_ROWS[name]),
+        repeated("open quote, line feeds", header + b'"', b"\n"),
+        repeated("an odd quote in every line", header, b'a,"b\n'),
+        repeated("one cell a line, wide header", _wide(header), b"a\n"),
     ]
     if header:
         shapes.append(repeated("a million columns, no header", b"", row_of_columns))

@@ -82,16 +82,21 @@ def _cell(result, name):
 
 
 def _hostile(stores):
-    shapes = {}
+    return "\n".join(filter(None, (_hostile_to(stores, "import", "Hostile files, time ÷ floor"),
+                                   _hostile_to(stores, "faithful", "Hostile files, faithfully ÷ floor"))))
+
+
+def _hostile_to(stores, name, title):
+    shapes, columns = {}, []
     for store, result in stores:
         for shape, measurement in result.get("hostile", {}).items():
-            shapes.setdefault(shape, {})[store.name] = _number(_ratio(measurement, "import", "floor"))
+            if name in measurement["contestants"]:
+                shapes.setdefault(shape, {})[store.name] = _number(_ratio(measurement, name, "floor"))
+                columns += [store] if store not in columns else []
     if not shapes:
         return ""
-    columns = [store for store, result in stores if result.get("hostile")]
     rows = [(shape, *(values.get(store.name, "") for store in columns)) for shape, values in shapes.items()]
-    return ("### Hostile files, time ÷ floor\n\n"
-            + _table(("", *(store.title for store in columns)), rows))
+    return f"### {title}\n\n" + _table(("", *(store.title for store in columns)), rows)
 
 
 def _few(stores):

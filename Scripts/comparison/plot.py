@@ -10,7 +10,7 @@ LINE_HEIGHT = 15
 
 # Each stands out from white and from near black.
 _COLORS = {
-    "import": "#d9480f", "floor": "#868e96", "libcsv": "#1c7ed6", "simdjson-ondemand": "#0ca678",
+    "import": "#d9480f", "faithful": "#e8890c", "floor": "#868e96", "libcsv": "#1c7ed6", "simdjson-ondemand": "#0ca678",
     "simdjson-dom": "#37862b", "rapidjson": "#1c7ed6", "nlohmann-json": "#9c5fd6",
     "sqlite-nothing": "#868e96", "sqlite": "#1c7ed6", "python-csv": "#b08900", "python-json": "#b08900",
     "papaparse": "#d6336c",

@@ -41,6 +41,7 @@ STORES = {store.name: store for store in (
 # Everybody who takes part, in the order of tables and plots.
 CONTESTANTS = {
     "import": "Rellinor",
+    "faithful": "Rellinor, faithfully",
     "floor": "floor",
     "libcsv": "libcsv",
     "simdjson-ondemand": "simdjson, on demand",

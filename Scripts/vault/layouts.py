@@ -371,6 +371,13 @@ def _strongbox(entry):
     return None
 
 
+def _buttercup(entry):
+    if isinstance(entry, Login):
+        return ("entry", "g-" + entry.group, entry.group, "", _title(entry), entry.username or "",
+                entry.password, _url(entry), "e-" + _title(entry), entry.note)
+    return None
+
+
 def _enpass(entry):
     if isinstance(entry, Note):
         return _title(entry), entry.text
@@ -469,6 +476,9 @@ LAYOUTS = (
            _roboform, _note_if_nothing_else("username", "password"), end="\r\n"),
     Layout("strongbox-csv", "Strongbox/export.csv", "Title,Username,Email,Password,URL,OTPAuth,Notes",
            _strongbox, _unchanged),
+    Layout("buttercup-csv", "Buttercup/export.csv",
+           "!type,!group_id,!group_name,!group_parent,title,username,password,URL,id,Notes",
+           _buttercup, _unchanged),
     Layout("enpass-csv", "Enpass/export.csv", "", _enpass, NOTE_UNLESS_LOGIN, quoted),
     Layout("keeper-csv", "Keeper/export.csv", "", _keeper, NOTE_UNLESS_LOGIN, quoted),
     Layout("generic-csv", "Other/export.csv", "site,website,user,pass,comment", _other, _unchanged),

@@ -4,6 +4,20 @@
 
 namespace Rellinor {
 
+namespace {
+
+template <typename Record>
+std::span<const Extra> extrasOf(const std::shared_ptr<const RecordsBlock>& block,
+                                RecordsBlock::List<Record> RecordsBlock::* list,
+                                std::size_t index) noexcept {
+    if (block == nullptr || index >= (*block.*list).extras.size()) {
+        return {};
+    }
+    return (*block.*list).extras[index];
+}
+
+} // namespace
+
 std::string_view identifier(ExtraKind kind) noexcept {
     switch (kind) {
         using enum ExtraKind;
@@ -42,15 +56,15 @@ std::string_view identifier(ExtraKind kind) noexcept {
 }
 
 std::span<const Extra> Extras::ofPassword(std::size_t index) const noexcept {
-    return _block ? _block->passwords.extras.at(index) : std::span<const Extra>();
+    return extrasOf(_block, &RecordsBlock::passwords, index);
 }
 
 std::span<const Extra> Extras::ofNote(std::size_t index) const noexcept {
-    return _block ? _block->notes.extras.at(index) : std::span<const Extra>();
+    return extrasOf(_block, &RecordsBlock::notes, index);
 }
 
 std::span<const Extra> Extras::ofCard(std::size_t index) const noexcept {
-    return _block ? _block->cards.extras.at(index) : std::span<const Extra>();
+    return extrasOf(_block, &RecordsBlock::cards, index);
 }
 
 } // namespace Rellinor

@@ -55,6 +55,7 @@ constexpr auto names = std::array{
     LayoutName{credentialExchangeJSON, "credential-exchange-json", "FIDO Credential Exchange file"},
     LayoutName{tirelJSON, "tirel-json", "Tirel export"},
     LayoutName{genericCSV, "generic-csv", "CSV file with usual column names"},
+    LayoutName{buttercupCSV, "buttercup-csv", "Buttercup CSV export"},
 };
 
 constexpr auto layouts = [] {

@@ -46,6 +46,7 @@ enum class Layout : std::uint16_t { // NOLINT(performance-enum-size): it grows
     credentialExchangeJSON = 32,
     tirelJSON = 33,
     genericCSV = 34, ///< any CSV file whose header names a password column and others
+    buttercupCSV = 35,
 };
 
 /// All layouts, in the order of their numbers.

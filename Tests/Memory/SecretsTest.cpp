@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <array>
 #include <condition_variable>
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <initializer_list>
@@ -242,13 +243,16 @@ TEST_P(SecretsTest, areNowhereOnceAFileIsDetected) {
     expectNothing();
 }
 
-/// A file of a layout that no source has: an archive, unpacked by zlib, or XML, read by Expat.
+/// A file of a layout that no source has: an archive, unpacked by zlib, XML, read by Expat, or CSV,
+/// read faithfully.
 struct LayoutStore {
     std::string_view name;
     Layout layout;
     std::string_view text; ///< a template, of the member in an archive; of XML with braces for tags
-    bool isArchive;
+    enum class Form : std::uint8_t { archive, xml, csv } form;
 };
+
+using enum LayoutStore::Form;
 
 constexpr auto layoutStores = std::to_array<LayoutStore>({
     {.name = "bitwardenZip",
@@ -256,11 +260,11 @@ constexpr auto layoutStores = std::to_array<LayoutStore>({
      .text = R"({"folders":[{"id":"<101>","name":"<1n>"}],"items":[{"type":1,"id":"<102u:64>",)"
              R"("name":"<2>","notes":"<3n:20000>","login":{"username":"<4>","password":"<5u:300>",)"
              R"("totp":"<6>","fido2Credentials":["<103:3000>"]},"folderId":"<101>"}]})",
-     .isArchive = true},
+     .form = archive},
     {.name = "bitwardenZipThatIsCut",
      .layout = Layout::bitwardenZip,
      .text = R"({"items":[{"type":1,"name":"<101n>","notes":"<102n:20000>)",
-     .isArchive = true},
+     .form = archive},
     {.name = "keePassXML",
      .layout = Layout::keePassXML,
      .text = "{KeePassFile}{!-- <101:5000> --}{Root}{Group}{Name}<1>{/Name}{Entry}"
@@ -268,11 +272,31 @@ constexpr auto layoutStores = std::to_array<LayoutStore>({
              "{String}{Key}Notes{/Key}{Value}<3:20000>&amp;<4>{/Value}{/String}"
              "{String}{Key}<5>{/Key}{Value}{![CDATA[<6:3000>]]}{/Value}{/String}"
              "{UUID}<103>{/UUID}{/Entry}{/Group}{/Root}{/KeePassFile}",
-     .isArchive = false},
+     .form = xml},
     {.name = "keePassXMLThatIsCut",
      .layout = Layout::keePassXML,
      .text = "{KeePassFile}{Root}{Group}{Name}<101>{/Name}{Entry}{Value}<102:20000>",
-     .isArchive = false},
+     .form = xml},
+    // Quotes are undone in place, and lines that belong to one row are joined elsewhere.
+    {.name = "lastPassCSV",
+     .layout = Layout::lastPassCSV,
+     .text = "url,username,password,totp,extra,name,grouping,fav,other\n"
+             "https://<1>.example,<2>,\"\"\"<3>\"\"\",<4>,\"<5:20000>\n<6>\",<7>,<8>,1,<9>\n"
+             "https://a.example,<10>,<11>,,<12:3000>\n<13:3000>,<14>,<15>,0,\n"
+             "http://sn,,,,\"NoteType:Credit Card\nNumber:<16>\nNotes:<17:300>\",<18>,,0,\n"
+             "http://group,<101>,<102:300>,,<103>,,,,\n"
+             "https://b.example,<19>,\"<20>\"x,,,<21>,,,\n",
+     .form = csv},
+    {.name = "bitwardenCSV",
+     .layout = Layout::bitwardenCSV,
+     .text = "folder,favorite,type,name,notes,fields,reprompt,login_uri,login_username,"
+             "login_password,login_totp\n"
+             "<1>,1,login,<2>,<3:300>,\"<4>: <5>\n<6>\",0,https://<7>.example,<8>,<9>,<10>\n",
+     .form = csv},
+    {.name = "protonPassCSVWhoseHeaderIsCut",
+     .layout = Layout::protonPassCSV,
+     .text = "type,name,url,<101>\nlogin,<102>,<103:3000>,<104>\n",
+     .form = csv},
 });
 
 class LayoutSecretsTest : public testing::TestWithParam<LayoutStore> {};
@@ -288,12 +312,12 @@ TEST_P(LayoutSecretsTest, areGoneWithTheRecords) {
     StandingThread thread;
     dieAfter([&] {
         std::string text = expanded(GetParam().text, family);
-        if (!GetParam().isArchive) {
+        if (GetParam().form == xml) {
             std::ranges::replace(text, '{', '<');
             std::ranges::replace(text, '}', '>');
         }
         const ZipFile member{.name = "data.json", .contents = text, .isDeflated = true};
-        (void)folder.file("export", GetParam().isArchive ? zipOf({member}) : text);
+        (void)folder.file("export", GetParam().form == archive ? zipOf({member}) : text);
     });
     std::optional<ImportedExport> result;
     thread.ask([&] {

@@ -270,18 +270,14 @@ private:
             }
             row.cells.insert(row.cells.end(), texts.begin(), texts.end());
             for (const Cell& cell : lines[index].cells) {
-                if (!cell.strays.empty() || (!cell.isQuoted && !cell.text.starts_with('"') &&
-                                             cell.text.find('"') != std::string::npos)) {
+                if (!cell.strays.empty() ||
+                    (!cell.isQuoted && cell.text.find('"') != std::string::npos)) {
                     damage.insert(CSVDamage::strayQuote);
-                }
-                if (!cell.isQuoted && cell.text.starts_with('"')) {
-                    damage.insert(CSVDamage::runOnCell);
                 }
             }
         }
         if (row.cells.size() < _width) {
             damage.insert(CSVDamage::shortRow);
-            row.cells.resize(_width);
         }
         for (std::size_t index = _width; index < row.cells.size(); ++index) {
             if (!row.cells[index].empty()) {

@@ -12,24 +12,16 @@ namespace {
 
 using enum CSVField;
 
-/// Whether a kind has a field; of the parts of a card's date none is meant.
-constexpr bool has(CSVKind owner, CSVField field) noexcept {
-    switch (field) {
-    case title:
-    case note:
-        return true;
-    case url:
-    case username:
-    case password:
-    case passwordChange:
-        return owner == CSVKind::login;
-    case cardHolder:
-    case cardNumber:
-    case cvv:
-    case pin:
-        return owner == CSVKind::card;
+/// The fields that a kind has, a bit for each; of the parts of a card's date none is meant.
+constexpr std::uint32_t fieldsOf(CSVKind kind) noexcept {
+    const auto bits = [](auto... fields) { return ((1U << std::to_underlying(fields)) | ...); };
+    switch (kind) {
+    case CSVKind::login:
+        return bits(title, note, url, username, password, passwordChange);
+    case CSVKind::card:
+        return bits(title, note, cardHolder, cardNumber, cvv, pin);
     default:
-        return false;
+        return bits(title, note);
     }
 }
 
@@ -56,15 +48,6 @@ void CSVItem::clear() noexcept {
     _places = {};
 }
 
-void CSVItem::add(const CSVEntry& entry) {
-    if (entry.text.empty()) {
-        return;
-    }
-    _entries.push_back(entry);
-    std::size_t& place = _places[std::to_underlying(entry.field)];
-    place = place != 0 ? place : _entries.size();
-}
-
 void CSVItem::addAddress(const CSVEntry& cell, std::string_view address) {
     const std::string_view known = text(url);
     if (known != address) {
@@ -74,11 +57,6 @@ void CSVItem::addAddress(const CSVEntry& cell, std::string_view address) {
              .label = cell.label,
              .text = address});
     }
-}
-
-std::string_view CSVItem::text(CSVField field) const noexcept {
-    const std::size_t place = _places[std::to_underlying(field)];
-    return place != 0 ? _entries[place - 1].text : std::string_view();
 }
 
 void CSVItem::settle() {
@@ -97,9 +75,10 @@ void CSVItem::settle() {
 
 /// The first text is the field's. The same text once more has arrived with it.
 void CSVItem::takeFields() noexcept {
+    const std::uint32_t fields = fieldsOf(_kind);
     for (std::size_t index = 0; index < _entries.size(); ++index) {
         CSVEntry& entry = _entries[index];
-        if (entry.field != none && has(_kind, entry.field)) {
+        if ((fields >> std::to_underlying(entry.field) & 1U) != 0) {
             const std::size_t first = _places[std::to_underlying(entry.field)] - 1;
             entry.isTaken = first == index || entry.text == _entries[first].text;
         }

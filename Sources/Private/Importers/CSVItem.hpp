@@ -72,7 +72,17 @@ public:
     /// Adds a text unless it is empty.
     ///
     /// @throws std::bad_alloc
-    void add(const CSVEntry& entry);
+    void add(const CSVEntry& entry) { add(entry, entry.text); }
+
+    /// Adds an entry with another text.
+    void add(const CSVEntry& entry, std::string_view text) {
+        if (!text.empty()) {
+            _entries.push_back(entry);
+            _entries.back().text = text;
+            std::size_t& place = _places[std::to_underlying(entry.field)];
+            place = place != 0 ? place : _entries.size();
+        }
+    }
 
     /// Adds an extra that stands in a cell.
     void add(const CSVEntry& cell, ExtraKind extra, std::string_view label,
@@ -96,7 +106,10 @@ public:
     [[nodiscard]] std::span<const std::string_view> unread() const noexcept { return _unread; }
 
     /// The first text of a field; empty if there is none.
-    [[nodiscard]] std::string_view text(CSVField field) const noexcept;
+    [[nodiscard]] std::string_view text(CSVField field) const noexcept {
+        const std::size_t place = _places[std::to_underlying(field)];
+        return place != 0 ? _entries[place - 1].text : std::string_view();
+    }
 
     /// Takes all texts of a field out.
     ///

@@ -30,6 +30,7 @@ constexpr auto layouts = std::array{
     &nordPassCSV,
     &roboFormCSV,
     &strongboxCSV,
+    &buttercupCSV,
 };
 
 constexpr auto withoutHeader = std::array{

@@ -42,6 +42,7 @@ extern const CSVLayout protonPassCSV;
 extern const CSVLayout nordPassCSV;
 extern const CSVLayout roboFormCSV;
 extern const CSVLayout strongboxCSV;
+extern const CSVLayout buttercupCSV;
 
 extern const CSVLayout dashlanePositionalCSV;
 extern const CSVLayout enpassCSV;

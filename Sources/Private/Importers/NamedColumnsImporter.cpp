@@ -47,8 +47,6 @@ FindingKind findingOf(CSVDamage damage) noexcept {
     switch (damage) {
     case CSVDamage::strayQuote:
         return FindingKind::strayQuote;
-    case CSVDamage::runOnCell:
-        return FindingKind::runOnCell;
     case CSVDamage::joinedLines:
         return FindingKind::joinedLines;
     case CSVDamage::shortRow:
@@ -170,19 +168,24 @@ void NamedColumnsImporter::readHeader(std::span<const std::string_view> header) 
             place = _columns.size();
             column.column = *found;
         }
-        _columns.push_back(column);
+        _columns.push_back({.cell = {.field = column.column.field,
+                                     .extra = column.column.extra,
+                                     .name = column.column.name,
+                                     .label = column.label},
+                            .unread = column.column.unread,
+                            .read = column.column.read});
     }
     std::vector<CSVField> filled;
     for (const auto& place : places) {
-        if (!place || _columns[*place].column.field == CSVField::none) {
+        if (!place || _columns[*place].cell.field == CSVField::none) {
             continue;
         }
-        CSVColumn& column = _columns[*place].column;
-        if (std::ranges::find(filled, column.field) != filled.end()) {
-            column.extra = CSVItem::extraKindOf({.field = column.field, .extra = column.extra});
-            column.field = CSVField::none;
+        CSVEntry& cell = _columns[*place].cell;
+        if (std::ranges::find(filled, cell.field) != filled.end()) {
+            cell.extra = CSVItem::extraKindOf(cell);
+            cell.field = CSVField::none;
         } else {
-            filled.push_back(column.field);
+            filled.push_back(cell.field);
         }
     }
 }
@@ -199,7 +202,7 @@ void NamedColumnsImporter::readRow(std::span<const std::string_view> row) {
         _table->readRow(_item, row);
         return;
     }
-    const CSVOtherColumn beyond = {.column = {.name = {}, .read = _table->further}, .label = {}};
+    const Column beyond = {.cell = {}, .unread = {}, .read = _table->further};
     for (std::size_t index = 0; index < row.size(); ++index) {
         if (!row[index].empty()) {
             readCell(index < _columns.size() ? _columns[index] : beyond, row[index]);
@@ -211,19 +214,18 @@ void NamedColumnsImporter::readRow(std::span<const std::string_view> row) {
     }
 }
 
-void NamedColumnsImporter::readCell(const CSVOtherColumn& column, std::string_view text) {
-    const CSVColumn& known = column.column;
-    const CSVEntry cell = {.field = known.field,
-                           .extra = known.extra,
-                           .name = known.name,
-                           .label = column.label,
-                           .text = _table->plain != nullptr ? _table->plain(text) : text};
-    if (known.read != nullptr) {
-        known.read(_item, cell);
-    } else if (known.unread.empty()) {
-        _item.add(cell);
-    } else if (cell.text != "0") { // which stands for none
-        _item.addUnread(known.unread);
+void NamedColumnsImporter::readCell(const Column& column, std::string_view text) {
+    if (_table->plain != nullptr) {
+        text = _table->plain(text);
+    }
+    if (column.read != nullptr) {
+        CSVEntry cell = column.cell;
+        cell.text = text;
+        column.read(_item, cell);
+    } else if (column.unread.empty()) {
+        _item.add(column.cell, text);
+    } else if (text != "0") { // which stands for none
+        _item.addUnread(column.unread);
     }
 }
 

@@ -74,12 +74,19 @@ public:
     [[nodiscard]] Dropped whyNoKind(const RawRecord& record) const noexcept;
 
 private:
+    /// What the cells of a column of the file are.
+    struct Column {
+        CSVEntry cell; // but for its text
+        std::string_view unread;
+        CSVCellReader read;
+    };
+
     [[nodiscard]] CSVRows rowsWithHeader(std::span<char> text);
     [[nodiscard]] CSVRows rowsWithoutHeader(std::span<char> text);
     [[nodiscard]] CSVRows rowsOf(std::span<char> text, std::ptrdiff_t offset, char separator);
     void readHeader(std::span<const std::string_view> header);
     void readRow(std::span<const std::string_view> row);
-    void readCell(const CSVOtherColumn& column, std::string_view text);
+    void readCell(const Column& column, std::string_view text);
     void readKind();
     [[nodiscard]] bool isOf(CSVKind kind) const noexcept;
 
@@ -87,8 +94,8 @@ private:
     const CSVLayout* _table = nullptr; // of the layout's tables the one that fits the file
     ImportMemory* _memory = nullptr;
     Reporter* _reporter = nullptr;
-    std::vector<CSVOtherColumn> _columns; // of the file
-    CSVItem _item;                        // of the current row
+    std::vector<Column> _columns; // of the file
+    CSVItem _item;                // of the current row
 };
 
 } // namespace Rellinor

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <iterator>
 #include <memory>
 #include <span>
 #include <utility>
@@ -68,10 +69,11 @@ public:
         _chunks.reserve(_chunks.size() + 1);
         Buffer memory(capacity * sizeof(Element));
         void* const bytes = memory.bytes().data();
+        const std::size_t before = size();
         closeChunk();
         _next = static_cast<Element*>(bytes);
         _end = _next + capacity;
-        _chunks.push_back({.memory = std::move(memory), .first = _next});
+        _chunks.push_back({.memory = std::move(memory), .first = _next, .before = before});
     }
 
     /// How many elements a new chunk takes if fewer are asked for.
@@ -92,23 +94,14 @@ public:
     }
 
     [[nodiscard]] std::size_t size() const noexcept {
-        std::size_t size = 0;
-        for (std::size_t index = 0; index < _chunks.size(); ++index) {
-            size += chunk(index).size();
-        }
-        return size;
+        return _chunks.empty() ? 0 : _chunks.back().before + chunk(_chunks.size() - 1).size();
     }
 
-    /// The element at a place; one without a value if there is none.
-    [[nodiscard]] Element at(std::size_t place) const noexcept {
-        for (std::size_t index = 0; index < _chunks.size(); ++index) {
-            const std::span<const Element> elements = chunk(index);
-            if (place < elements.size()) {
-                return elements[place];
-            }
-            place -= elements.size();
-        }
-        return {};
+    /// The element of an index that is below the size. Takes the logarithm of the size.
+    [[nodiscard]] const Element& operator[](std::size_t index) const noexcept {
+        const auto behind = std::ranges::upper_bound(_chunks, index, {}, &Chunk::before);
+        const Chunk& chunk = *std::prev(behind);
+        return chunk.first[index - chunk.before];
     }
 
     void forEach(auto&& visit) const {
@@ -122,6 +115,7 @@ private:
         Buffer memory;
         Element* first = nullptr;
         Element* last = nullptr; // behind the last element, once there is another chunk
+        std::size_t before = 0;  // how many elements the chunks before it have
     };
 
     Element* begin(std::size_t count) {

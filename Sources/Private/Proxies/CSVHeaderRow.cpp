@@ -101,17 +101,4 @@ CSVHeaderRow::CSVHeaderRow(std::string_view text, CSVDialect dialect)
     }
 }
 
-std::vector<std::string_view> csvHeader(std::string_view text, const CSVDialect& dialect,
-                                        ImportMemory& memory) {
-    const CSVHeaderRow header(text, dialect);
-    std::vector<std::string_view> names(header.line.cells().begin(), header.line.cells().end());
-    for (const std::size_t index : header.line.written()) {
-        const std::string_view name = names[index];
-        const std::span<char> copy = memory.allocate(name.size());
-        std::ranges::copy(name, copy.begin());
-        names[index] = {copy.data(), undoQuotes(copy, dialect.quotes)};
-    }
-    return names;
-}
-
 } // namespace Rellinor

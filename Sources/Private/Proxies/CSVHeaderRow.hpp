@@ -3,9 +3,7 @@
 #include <cstddef>
 #include <optional>
 #include <string_view>
-#include <vector>
 
-#include "Private/Memory/ImportMemory.hpp"
 #include "Private/Proxies/CSVDialect.hpp"
 #include "Private/Proxies/CSVGrammar.hpp"
 #include "Private/Proxies/CSVLine.hpp"
@@ -28,11 +26,5 @@ struct CSVHeaderRow {
     /// @throws std::bad_alloc
     CSVHeaderRow(std::string_view text, CSVDialect dialect);
 };
-
-/// The names in the header of a text that stays as it is. Those with quotes inside are copied.
-///
-/// @throws std::bad_alloc
-[[nodiscard]] std::vector<std::string_view>
-csvHeader(std::string_view text, const CSVDialect& dialect, ImportMemory& memory);
 
 } // namespace Rellinor

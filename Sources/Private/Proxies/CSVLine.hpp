@@ -15,10 +15,7 @@ public:
     /// Where the line begins in the text.
     [[nodiscard]] std::size_t begin() const noexcept { return _begin; }
 
-    /// Whether the quote at the beginning of a cell was taken for a letter.
-    [[nodiscard]] bool hasRunOnCell() const noexcept { return _hasRunOnCell; }
-
-    /// Whether another quote where none may stand was.
+    /// Whether a quote where none may stand was taken for a letter.
     [[nodiscard]] bool hasStrayQuote() const noexcept { return _firstStray < _count; }
 
     /// The cells without the quotes around them.
@@ -35,11 +32,9 @@ public:
     void beginAt(std::size_t place) noexcept {
         keepFirst(0);
         _begin = place;
-        _hasRunOnCell = false;
     }
 
     void keepFirst(std::size_t count) noexcept {
-        _mostCount = std::max(_mostCount, _count);
         _count = count;
         while (!_written.empty() && _written.back() >= count) {
             _written.pop_back();
@@ -49,16 +44,13 @@ public:
         }
     }
 
-    /// Says that the quote at the beginning of a cell is a letter.
-    void addRunOnCell() noexcept { _hasRunOnCell = true; }
-
     /// Says that the next cell has a quote where none may stand.
     void addStrayQuote() noexcept { _firstStray = std::min(_firstStray, _count); }
 
     /// @throws std::bad_alloc
     void append(std::string_view cell) {
         if (_count == _cells.size()) {
-            _cells.resize(std::max<std::size_t>(8, 2 * _count), "");
+            _cells.resize(std::max<std::size_t>(8, 2 * _count));
         }
         _cells[_count++] = cell;
     }
@@ -76,25 +68,10 @@ public:
 
     /// Takes over what is said of the quotes of a line that becomes a part of this one.
     void takeDamageOf(const CSVLine& line) noexcept {
-        _hasRunOnCell = _hasRunOnCell || line._hasRunOnCell;
         _firstStray = line.hasStrayQuote() ? 0 : _firstStray;
     }
 
     void replace(std::size_t index, std::string_view cell) noexcept { _cells[index] = cell; }
-
-    /// The cells, and empty ones if there are too few. Costs as much as there were cells lately,
-    /// not as are asked for.
-    ///
-    /// @throws std::bad_alloc
-    [[nodiscard]] std::span<const std::string_view> cellsAtLeast(std::size_t fewest) {
-        if (_cells.size() < fewest) {
-            _cells.resize(fewest, "");
-        }
-        for (; _mostCount > _count; --_mostCount) {
-            _cells[_mostCount - 1] = "";
-        }
-        return std::span(_cells).first(std::max(_count, fewest));
-    }
 
 private:
     static constexpr auto none = static_cast<std::size_t>(-1);
@@ -102,9 +79,7 @@ private:
     std::vector<std::string_view> _cells;
     std::size_t _begin = 0;
     std::size_t _count = 0;
-    std::size_t _mostCount = 0; // no cell behind it was ever written, or it is empty again
     std::vector<std::size_t> _written;
-    bool _hasRunOnCell = false;
     std::size_t _firstStray = none; // the first cell with a quote where none may stand
 };
 

@@ -80,9 +80,7 @@ std::size_t CSVRecovery::readQuoted(std::size_t begin, const QuotedCell& cell,
 std::size_t CSVRecovery::readUnquoted(std::size_t begin, CSVLine& line) const {
     const std::size_t delimiter = _grammar.delimiterFrom(begin);
     const std::string_view cell = _grammar.cell(begin, delimiter);
-    if (cell.starts_with('"')) {
-        line.addRunOnCell();
-    } else if (cell.contains('"')) {
+    if (cell.contains('"')) {
         line.addStrayQuote();
     }
     line.append(cell);

@@ -32,13 +32,11 @@ bool CSVTable::readRow() {
     if (_row.hasStrayQuote()) [[unlikely]] {
         tell(CSVDamage::strayQuote);
     }
-    if (_row.hasRunOnCell()) [[unlikely]] {
-        tell(CSVDamage::runOnCell);
-    }
-    _cells = _row.cellsAtLeast(_header.size());
-    const auto extras = _cells.subspan(_header.size());
-    if (!std::ranges::all_of(extras, &std::string_view::empty)) [[unlikely]] {
-        tell(CSVDamage::longRow);
+    if (_row.count() > _header.size()) [[unlikely]] {
+        const auto extras = _row.cells().subspan(_header.size());
+        if (!std::ranges::all_of(extras, &std::string_view::empty)) {
+            tell(CSVDamage::longRow);
+        }
     }
     return true;
 }

@@ -18,8 +18,7 @@ namespace Rellinor {
 
 /// What was mended in a row.
 enum class CSVDamage : std::uint8_t {
-    strayQuote,  ///< a quote where none may stand was taken for a letter
-    runOnCell,   ///< so was one at the beginning of a cell that it does not close
+    strayQuote,  ///< a quote was taken for a letter: none may stand there, or it closes no cell
     joinedLines, ///< a row that was written over several lines without quotes was joined
     shortRow,    ///< fewer cells than the header
     longRow,     ///< more cells than the header, and not all of them empty
@@ -73,9 +72,9 @@ public:
 
         explicit Iterator(CSVTable& table) : _table(&table) { ++*this; }
 
-        /// The cells of the row: as many as the header has, the missing ones empty, or more. They
-        /// are valid until the next row is read, and what they point at as long as the text.
-        [[nodiscard]] value_type operator*() const noexcept { return _table->_cells; }
+        /// The cells of the row, which may be fewer than the header has, or more. They are valid
+        /// until the next row is read, and what they point at as long as the text.
+        [[nodiscard]] value_type operator*() const noexcept { return _table->_row.cells(); }
 
         Iterator& operator++() {
             _atEnd = !_table->readRow();
@@ -124,8 +123,7 @@ private:
     std::vector<std::string_view> _header;
     CSVLines _lines;
     CSVLine _row;
-    CSVLine _nextLine; // while lines are counted or joined
-    std::span<const std::string_view> _cells;
+    CSVLine _nextLine;          // while lines are counted or joined
     std::size_t _shortRows = 0; // how many of the next lines are rows of their own
 };
 

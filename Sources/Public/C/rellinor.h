@@ -264,6 +264,7 @@ RELLINOR_ENUM(rellinor_layout) {
     RELLINOR_LAYOUT_TIREL_JSON = 33,
     /// any CSV file whose header names a password column and others
     RELLINOR_LAYOUT_GENERIC_CSV = 34,
+    RELLINOR_LAYOUT_BUTTERCUP_CSV = 35,
 };
 
 /// How many layouts there are.

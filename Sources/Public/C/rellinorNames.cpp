@@ -62,6 +62,7 @@ static_assert(RELLINOR_LAYOUT_CREDENTIAL_EXCHANGE_JSON ==
               std::to_underlying(Layout::credentialExchangeJSON));
 static_assert(RELLINOR_LAYOUT_TIREL_JSON == std::to_underlying(Layout::tirelJSON));
 static_assert(RELLINOR_LAYOUT_GENERIC_CSV == std::to_underlying(Layout::genericCSV));
+static_assert(RELLINOR_LAYOUT_BUTTERCUP_CSV == std::to_underlying(Layout::buttercupCSV));
 static_assert(RELLINOR_CONFIDENCE_NONE == std::to_underlying(Confidence::none));
 static_assert(RELLINOR_CONFIDENCE_POSSIBLE == std::to_underlying(Confidence::possible));
 static_assert(RELLINOR_CONFIDENCE_LIKELY == std::to_underlying(Confidence::likely));

@@ -79,6 +79,8 @@ const std::vector<KnownHeader>& headers() {
          layoutFound("nordpass-csv")},
         {"Name,Url,MatchUrl,Login,Pwd,Note,Folder,RfFieldsV2", layoutFound("roboform-csv")},
         {"Title,Username,Email,Password,URL,OTPAuth,Notes", layoutFound("strongbox-csv")},
+        {"!type,!group_id,!group_name,!group_parent,title,username,password,URL,id,Notes",
+         layoutFound("buttercup-csv")},
         {"id,Login Name,Web Site,Pass", layoutFound("generic-csv", likely)},
         {"Secret Name,Description,Secret URL,SecretData", {}},
         {"password,note", {}},

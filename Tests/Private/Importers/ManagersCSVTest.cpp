@@ -281,6 +281,25 @@ TEST(StrongboxCSVTest, readsLogins) {
     EXPECT_EQ(reading.report.layout(), Layout::strongboxCSV);
 }
 
+// Buttercup
+
+TEST(ButtercupCSVTest, readsEntriesAndLeavesOutGroups) {
+    const Reading reading = readingOf(
+        "!type,!group_id,!group_name,!group_parent,title,username,password,URL,id,Notes,Hint\n"
+        "group,g1,Work,0,,,,,,,\n"
+        "entry,g1,Work,,A,ann,one,https://a,e1,n,blue\n");
+    const Outcome expected = {.passwords = {{.username = "ann",
+                                             .password = "one",
+                                             .url = "https://a",
+                                             .service = "A",
+                                             .color = {},
+                                             .note = "n"}}};
+    EXPECT_EQ(reading.records, expected);
+    EXPECT_EQ(reading.extras, Extras{"folder !group_name=Work\nother Hint=blue\n"});
+    EXPECT_EQ(reading.leftOut(LeftOutReason::placeholder), 1);
+    EXPECT_EQ(reading.report.layout(), Layout::buttercupCSV);
+}
+
 // Keeper and Enpass, whose files have no header
 
 TEST(KeeperCSVTest, readsRowsByPosition) {

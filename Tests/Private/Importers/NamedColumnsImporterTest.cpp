@@ -105,16 +105,18 @@ TEST(NamedColumnsImporterTest, tellsTheLinesOfWhatWasMended) {
     for (const std::string end : {"\n", "\r\n", "\r"}) {
         const std::string text = std::string(strongbox.substr(0, strongbox.size() - 1)) + end +
                                  "A,ann,,one,https://a,,first" + end + "second" + end +
-                                 "B,,,\"a\"b\",,," + end + "C,,,\"x\",,,,more" + end;
+                                 "B,,,\"a\"b\",,," + end + "C,,,\"x\",,,,more" + end +
+                                 "D,,,\"open,,," + end;
         const Reading reading = readingOf(text);
-        EXPECT_EQ(reading.delivered() + reading.leftOut(LeftOutReason::empty), 4);
-        EXPECT_EQ(reading.records.passwords.back().password, "x");
-        EXPECT_EQ(reading.extras.back(), "other =more\n");
-        for (const auto& [kind, line] : {std::pair(FindingKind::strayQuote, std::uint64_t{4}),
-                                         std::pair(FindingKind::longRow, std::uint64_t{5})}) {
+        EXPECT_EQ(reading.delivered() + reading.leftOut(LeftOutReason::empty), 5);
+        EXPECT_EQ(reading.records.passwords.back().password, "\"open");
+        EXPECT_EQ(reading.extras.at(3), "other =more\n");
+        using Lines = std::vector<std::uint64_t>;
+        for (const auto& [kind, lines] : {std::pair(FindingKind::strayQuote, Lines{4, 6}),
+                                          std::pair(FindingKind::longRow, Lines{5})}) {
             const auto found = std::ranges::find(reading.report.findings(), kind, &Finding::kind);
             ASSERT_NE(found, reading.report.findings().end());
-            EXPECT_EQ(found->places.first, std::vector<std::uint64_t>{line});
+            EXPECT_EQ(found->places.first, lines);
         }
     }
 }

@@ -25,6 +25,9 @@ TEST(ChunkedListTest, keepsTheOrder) {
     list.forEach([&](int element) { visited.push_back(element); });
     EXPECT_EQ(list.size(), expected.size());
     EXPECT_EQ(visited, expected);
+    for (const std::size_t index : {0UZ, 1023UZ, 1024UZ, 3071UZ, 3072UZ, 19999UZ}) {
+        EXPECT_EQ(list[index], expected[index]);
+    }
 }
 
 TEST(ChunkedListTest, neverMovesAnElement) {

@@ -30,9 +30,17 @@ void expectSame(const std::string& text, const CSVDialect& dialect) {
 template <std::size_t count>
 void compare(std::uint64_t seed, int rounds, const std::array<std::string_view, count>& pieces,
              std::size_t longest) {
-    constexpr std::array<std::string_view, 9> headers = {"a,b,c\n",   "a,b\n",        "a\n",
-                                                         "a,b,c\r\n", "a,b\r",        "a;b,c;d\n",
-                                                         "",          "sep=;\na;b\n", "a,b,c,d\n"};
+    constexpr std::array<std::string_view, 11> headers = {"a,b,c\n",
+                                                          "a,b\n",
+                                                          "a\n",
+                                                          "a,b,c\r\n",
+                                                          "a,b\r",
+                                                          "a;b,c;d\n",
+                                                          "",
+                                                          "sep=;\na;b\n",
+                                                          "a,b,c,d\n",
+                                                          "a,b,c,d,e,f,g,h\n",
+                                                          "a,b,c,d,e,f,g,h,i,j,k,l\n"};
     RandomText random(seed);
     for (int round = 0; round < affordable(rounds); ++round) {
         const std::string text = std::string(random.oneOf(headers)) + random.of(pieces, longest);
@@ -56,6 +64,14 @@ TEST(CSVTableReferenceTest, agreesOnLinesOfBrokenCells) {
                                              "\"a", "a\"", "\"", "\"\"", "\"a\n\"", "\"b\"c",
                                              "\r\n"},
             14);
+}
+
+TEST(CSVTableReferenceTest, agreesOnRowsOfManyBrokenCells) {
+    compare(4, 100'000,
+            std::array<std::string_view, 15>{"\"a\"b\",", "\"x\"y,", "\"x\"y,", "\"x\"y,",
+                                             "\"x\"y,", "\"x\"y", "p\"q,", "\",", "\",\"", "\"",
+                                             "\n", "\n\"", "\"a\"b\",\"", "\"x\"y,\"x\"y,", "a"},
+            24);
 }
 
 TEST(CSVTableReferenceTest, agreesOnLongRandomTexts) {
