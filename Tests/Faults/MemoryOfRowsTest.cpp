@@ -41,6 +41,14 @@ std::string rowsOf(std::string_view first, std::string_view row) {
 constexpr std::string_view rows[] = { // NOLINT(*-avoid-c-arrays)
     "x\n", ",x\n", ",,,,\n", "\"\n\"\n", "12345678\n", "x\n12345678\n"};
 
+/// How many bytes of memory a work takes that calls what it is given while it has its records.
+std::size_t memoryOf(const std::function<void(const std::function<void()>&)>& work) {
+    const std::size_t before = residentMemory();
+    std::size_t after = before;
+    work([&] { after = residentMemory(); });
+    return after - before;
+}
+
 class MemoryOfRowsTest : public testing::TestWithParam<std::tuple<ImportSource, std::string_view>> {
 };
 

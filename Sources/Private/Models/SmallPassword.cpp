@@ -20,7 +20,7 @@ std::optional<SmallPassword> SmallPassword::of(const ImportedPassword& password)
     }
     const Texts texts = {password.username(), password.password(), password.url(),
                          password.service(), password.note()};
-    std::string_view first = "";
+    std::string_view first("", 0); // not without data
     for (const auto& text : texts) {
         if (text && !text->empty() && (first.empty() || addressOf(*text) < addressOf(first))) {
             first = *text;
@@ -31,17 +31,17 @@ std::optional<SmallPassword> SmallPassword::of(const ImportedPassword& password)
                (text->size() <= longestText &&
                 addressOf(*text) - addressOf(first) <= std::numeric_limits<std::uint8_t>::max());
     });
-    return fits ? std::optional(SmallPassword(texts, first.data())) : std::nullopt;
+    return fits ? std::optional(SmallPassword(texts, first)) : std::nullopt;
 }
 
-SmallPassword::SmallPassword(const Texts& texts, const char* first) noexcept
-    : StoredPassword(true), _first(first) {
+SmallPassword::SmallPassword(const Texts& texts, std::string_view first) noexcept
+    : StoredPassword(true), _first(first.data()) {
     for (std::size_t index = 0; index < texts.size(); ++index) {
         const auto& text = texts[index];
         if (!text) {
             _places[index] = 1;
         } else if (!text->empty()) {
-            _places[index] = static_cast<std::uint8_t>(text->data() - first);
+            _places[index] = static_cast<std::uint8_t>(text->data() - first.data());
             _sizes = static_cast<std::uint16_t>(_sizes | (text->size() << (bitsOfSize * index)));
         }
     }

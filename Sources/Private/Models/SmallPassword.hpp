@@ -52,7 +52,7 @@ private:
     // User name, password, URL, service and note.
     using Texts = std::array<std::optional<std::string_view>, 5>;
 
-    SmallPassword(const Texts& texts, const char* first) noexcept;
+    SmallPassword(const Texts& texts, std::string_view first) noexcept;
 
     [[nodiscard]] std::string_view text(std::size_t index) const noexcept {
         return {_first + _places[index], (_sizes >> (bitsOfSize * index)) & longestText};
