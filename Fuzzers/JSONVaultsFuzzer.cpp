@@ -21,8 +21,9 @@ void expectConsistent(std::string_view file, Layout layout) {
 } // namespace
 
 void fuzz(std::string_view input) {
-    for (const Layout layout : {Layout::bitwardenJSON, Layout::protonPassJSON, Layout::enpassJSON,
-                                Layout::keeperJSON, Layout::credentialExchangeJSON}) {
+    for (const Layout layout :
+         {Layout::bitwardenJSON, Layout::protonPassJSON, Layout::enpassJSON, Layout::keeperJSON,
+          Layout::safariZip, Layout::credentialExchangeJSON}) {
         expectConsistent(input, layout);
     }
     const std::string archive = Tests::zipOf({{.name = "export.data", .contents = input}});
