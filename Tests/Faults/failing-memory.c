@@ -21,20 +21,23 @@ extern void* __libc_memalign(size_t alignment, size_t size);
 static unsigned long requests;
 static unsigned long failing;
 static int fails_on;
+static int file = -1; // opened before the program may give up the right to
 
 __attribute__((constructor)) static void begin(void) {
+    const char* const path = getenv("RELLINOR_REQUESTS");
     const char* const number = getenv("RELLINOR_FAILING_REQUEST");
     fails_on = getenv("RELLINOR_FAILING_ON") != NULL;
+    if (path != NULL) {
+        file = open(path, O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
+    }
     requests = 0;
     failing = number != NULL ? strtoul(number, NULL, 10) : 0;
 }
 
 __attribute__((destructor)) static void end(void) {
-    const char* const path = getenv("RELLINOR_REQUESTS");
     char text[32];
     failing = 0;
-    if (path != NULL) {
-        const int file = open(path, O_WRONLY | O_CREAT | O_TRUNC, 0600);
+    if (file >= 0) {
         const int length = snprintf(text, sizeof text, "%lu", requests);
         if (write(file, text, (size_t)length) != length) {
             _exit(99);

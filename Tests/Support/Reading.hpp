@@ -1,8 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 #include <Rellinor/ExportReader.hpp>
@@ -34,5 +36,23 @@ struct Reading {
 /// Reads a text as a layout.
 [[nodiscard]] Reading readingOf(Layout layout, std::string_view text);
 [[nodiscard]] Reading readingOf(Layout layout, const ExportFile& file);
+
+/// An extra as its kind, its label and its value.
+using ExtraTexts = std::tuple<ExtraKind, std::string, std::string>;
+
+[[nodiscard]] std::vector<ExtraTexts> copyOf(std::span<const Extra> extras);
+
+/// What is told of so many records: a code, a field and how many places there are.
+template <typename Code>
+using Told = std::vector<std::tuple<Code, std::string_view, std::uint64_t>>;
+
+[[nodiscard]] Told<LeftOutReason> leftOutOf(const ImportReport& report);
+[[nodiscard]] Told<FindingKind> findingsOf(const ImportReport& report);
+
+/// Reads a file or folder as a layout.
+[[nodiscard]] ImportedExport readAs(Layout layout, std::string_view path);
+
+/// Whether each raw record arrived or is told to be left out.
+[[nodiscard]] bool accountsForAll(const ImportedExport& read);
 
 } // namespace Rellinor::Tests

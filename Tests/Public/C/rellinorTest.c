@@ -378,14 +378,14 @@ static void namesEveryNumber(void) {
     EXPECT_ABSENT(rellinor_finding_kind_identifier(RELLINOR_FINDING_HEADER_TAKEN_FOR_RECORD + 1));
     EXPECT_ABSENT(rellinor_extra_kind_identifier(RELLINOR_EXTRA_OTHER + 1));
     EXPECT_ABSENT(rellinor_place_unit_identifier(RELLINOR_PLACE_RECORD + 1));
-    EXPECT_ABSENT(rellinor_layout_identifier(RELLINOR_LAYOUT_GENERIC_CSV + 1));
+    EXPECT_ABSENT(rellinor_layout_identifier(RELLINOR_LAYOUT_BUTTERCUP_CSV + 1));
     EXPECT_ABSENT(rellinor_layout_description(RELLINOR_LAYOUT_NONE));
     EXPECT_ABSENT(rellinor_layout_description(65536 + RELLINOR_LAYOUT_TIREL_JSON));
     EXPECT_ABSENT(rellinor_failure_reason_identifier(INT32_MIN));
 }
 
 static void listsTheLayouts(void) {
-    EXPECT(rellinor_layout_count() == 34);
+    EXPECT(rellinor_layout_count() == RELLINOR_LAYOUT_BUTTERCUP_CSV);
     for (size_t i = 0; i < rellinor_layout_count(); ++i) {
         const rellinor_layout layout = rellinor_layout_at(i);
         const rellinor_text identifier = rellinor_layout_identifier(layout);
@@ -395,7 +395,7 @@ static void listsTheLayouts(void) {
         EXPECT(rellinor_layout_with_identifier(name) == layout);
         EXPECT(rellinor_layout_description(layout).length > 0);
     }
-    EXPECT(rellinor_layout_at(34) == RELLINOR_LAYOUT_NONE);
+    EXPECT(rellinor_layout_at(rellinor_layout_count()) == RELLINOR_LAYOUT_NONE);
     EXPECT(rellinor_layout_with_identifier("lastpass") == RELLINOR_LAYOUT_NONE);
     EXPECT_TEXT(rellinor_layout_description(RELLINOR_LAYOUT_LAST_PASS_CSV), "LastPass CSV export");
     EXPECT(rellinor_layout_is_read(RELLINOR_LAYOUT_TIREL_JSON));

@@ -7,7 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "Tests/Support/Database.hpp"
-#include "Tests/Support/Readings.hpp"
+#include "Tests/Support/Reading.hpp"
 #include "Tests/Support/Records.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 
