@@ -179,15 +179,15 @@ TEST(OnePasswordCSVTest, readsSectionsOfVersion7ForWindows) {
     const Reading reading = readingOf(
         R"("UUID","TITLE","USERNAME","PASSWORD","URL","SCOPE","AUTOSUBMIT","1: PIN","X 2: NUMBER",)"
         R"("SECTION A 1: PASSWORD","X 3: TELEPHONE PIN","X 4: SHIPPING ADDRESS","NAME 1: SEX",)"
-        R"("NOTE: X","A-: Y","8: NUMBER","9: EXPIRY DATE")"
+        R"("NOTE: X","A-: Y",": Z","8: NUMBER","9: EXPIRY DATE")"
         "\n"
-        R"("u1","A","","pw","","","","1","2","3","4","5","6","7","8","9","")"
+        R"("u1","A","","pw","","","","1","2","3","4","5","6","7","8","10","9","")"
         "\n"
-        R"("u2","B","","","https://b","","","","","","","","","","","","")"
+        R"("u2","B","","","https://b","","","","","","","","","","","","","")"
         "\n"
-        R"("u3","C","","","","","","","","","","","female","","","","")"
+        R"("u3","C","","","","","","","","","","","female","","","","","")"
         "\n"
-        R"("u4","D","","","","","","","","","","","","","","","soon")"
+        R"("u4","D","","","","","","","","","","","","","","","","soon")"
         "\n");
     const Outcome expected = {
         .passwords = {{.username = "", .password = "pw", .url = "", .service = "A"},
@@ -199,7 +199,7 @@ TEST(OnePasswordCSVTest, readsSectionsOfVersion7ForWindows) {
               "customSecret 1: PIN=1\ncustomText X 2: NUMBER=2\n"
               "customSecret SECTION A 1: PASSWORD=3\ncustomSecret X 3: TELEPHONE PIN=4\n"
               "customText X 4: SHIPPING ADDRESS=5\ncustomText NAME 1: SEX=6\nother NOTE: X=7\n"
-              "other A-: Y=8\ncustomSecret 8: NUMBER=9\n");
+              "other A-: Y=8\nother : Z=10\ncustomSecret 8: NUMBER=9\n");
     EXPECT_EQ(reading.found(FindingKind::arrivedAsNote, "unknown kind"), 2);
 }
 
