@@ -124,7 +124,10 @@ std::optional<XMLFailure> parseXML(std::string_view text, XMLHandler& handler) {
     if (text.size() > std::numeric_limits<int>::max()) {
         return XMLFailure{.reason = XMLFailure::Reason::size, .offset = 0};
     }
-    const Parser parser(::XML_ParserCreate_MM(nullptr, &memory, nullptr));
+    // A text without a mark is UTF-8 even if its declaration says UTF-16: it was that before it
+    // came here.
+    const bool isUTF16 = text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF");
+    const Parser parser(::XML_ParserCreate_MM(isUTF16 ? nullptr : "UTF-8", &memory, nullptr));
     if (!parser) {
         throw std::bad_alloc();
     }

@@ -232,6 +232,13 @@ TEST(ExportReaderTest, readsTextsInUTF16) {
         EXPECT_EQ(imported.report.findings().front().kind, FindingKind::repairedText);
         EXPECT_EQ(imported.report.findings().front().places.count, 1);
     }
+    const ImportedExport whole = readText("\xFF\xFE" + wide(note + "\"}]}"), {});
+    ASSERT_TRUE(whole.records);
+    EXPECT_EQ(whole.records->notes.size(), 1);
+    EXPECT_TRUE(whole.report.findings().empty());
+    const ImportedExport large =
+        readText(bytes, {.as = Layout::tirelJSON, .onProgress = {}, .limits = {.largestFile = 8}});
+    EXPECT_EQ(large.report.failure().reason, tooLarge);
 }
 
 TEST(ExportReaderTest, tellsOfCSVThatIsNotAsTheSourceWritesIt) {

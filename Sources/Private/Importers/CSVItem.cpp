@@ -4,7 +4,6 @@
 #include <optional>
 
 #include "Private/Memory/Join.hpp"
-#include "Private/Text/Letters.hpp"
 
 namespace Rellinor {
 
@@ -69,7 +68,7 @@ void CSVItem::settle() {
     }
     takeFields();
     if (_kind == CSVKind::card) {
-        takeDate();
+        takeDates();
     }
 }
 
@@ -85,20 +84,16 @@ void CSVItem::takeFields() noexcept {
     }
 }
 
-void CSVItem::takeDate() {
+void CSVItem::takeDates() {
     const auto read = [&](CSVField field, auto&& parse) {
         for (CSVEntry& entry : _entries) {
             if (entry.field != field) {
                 continue;
             }
-            const std::string_view text = withoutBlanksAround(entry.text);
-            const std::optional<CardDate> parsed = parse(text);
-            entry.isTaken = text.empty() || parsed;
-            if (!entry.isTaken) {
+            const std::optional<CardDate> parsed = parse(entry.text);
+            entry.isTaken = parsed && _date.complete(*parsed);
+            if (!parsed) {
                 _reporter->found(FindingKind::unreadableDate, entry.name);
-            } else if (parsed) {
-                _date.month = _date.month != 0 ? _date.month : parsed->month;
-                _date.year = _date.year != 0 ? _date.year : parsed->year;
             }
         }
     };
@@ -136,7 +131,6 @@ ExtraKind CSVItem::extraKindOf(const CSVEntry& entry) noexcept {
     }
     switch (entry.field) {
     case none:
-    case passwordChange:
         return ExtraKind::other;
     case url:
         return ExtraKind::furtherURL;

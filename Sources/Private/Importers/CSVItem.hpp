@@ -166,7 +166,8 @@ public:
     /// When a card expires.
     [[nodiscard]] const CardDate& date() const noexcept { return _date; }
 
-    void setDate(const CardDate& date) noexcept { _date = date; }
+    /// Takes a date as that of the card. False if the card has another one.
+    [[nodiscard]] bool takeDate(const CardDate& date) noexcept { return _date.complete(date); }
 
 private:
     /// Whether an entry tells where something stands or when, and not what.
@@ -174,7 +175,7 @@ private:
 
     void clear() noexcept;
     void takeFields() noexcept;
-    void takeDate();
+    void takeDates();
 
     ImportMemory* _memory = nullptr;
     Reporter* _reporter = nullptr;

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "Platform/Fault.hpp"
+#include "Private/Detection/CSVBeginning.hpp"
 #include "Private/Errors/ReadError.hpp"
 #include "Private/Importers/CSVColumnNames.hpp"
 #include "Private/Importers/CSVLayouts.hpp"
@@ -120,15 +121,18 @@ CSVRows NamedColumnsImporter::rowsWithHeader(std::span<char> text) {
 }
 
 CSVRows NamedColumnsImporter::rowsWithoutHeader(std::span<char> text) {
-    const bool hasLineFeeds = std::ranges::find(text, '\n') != text.end();
-    const std::size_t heading = _table->lengthOfHeading != nullptr
-                                    ? _table->lengthOfHeading({text.data(), text.size()})
-                                    : 0;
+    const std::string_view view(text.data(), text.size());
+    CSVBeginning beginning({.text = view, .isWhole = true}, ',');
+    CSVCells cells;
+    (void)beginning.next(cells); // up to the first row end
+    const bool hasCarriageReturnsOnly = !view.contains('\n') || beginning.hasCarriageReturnsOnly();
+    const std::size_t heading =
+        _table->lengthOfHeading != nullptr ? _table->lengthOfHeading(view) : 0;
     const auto offset =
         static_cast<std::ptrdiff_t>(heading) - static_cast<std::ptrdiff_t>(sizeOfHeader);
     const std::span<char> rows(text.data() + offset, text.data() + text.size());
     rows[0] = 'x';
-    rows[1] = hasLineFeeds ? '\n' : '\r';
+    rows[1] = hasCarriageReturnsOnly ? '\r' : '\n';
     return rowsOf(rows, offset, ',');
 }
 

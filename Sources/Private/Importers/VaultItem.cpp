@@ -65,26 +65,20 @@ ImportedNote noteOf(const VaultItem& item, ImportMemory& memory, Reporter& repor
 ImportedCard cardOf(VaultItem& item, const CardDateNames& names, Reporter& reporter) {
     using enum ItemField;
 
-    const auto inOne = cardDate(item[expiry]);
-    const auto inTwo = cardDate(item[expiryMonth], item[expiryYear]);
-    const auto keep = [&](ItemField field, std::string_view name) {
-        if (!item[field].empty()) {
+    CardDate date;
+    const auto take = [&](ItemField field, std::string_view name,
+                          const std::optional<CardDate>& read) {
+        if (!read) {
+            reporter.found(FindingKind::unreadableDate, name);
+        }
+        if (!read || !date.complete(*read)) {
             item.values.push_back(
                 {.kind = ExtraKind::customText, .label = name, .value = item[field]});
         }
     };
-    if (!inOne && !item[expiry].empty()) {
-        reporter.found(FindingKind::unreadableDate, names.both);
-        keep(expiry, names.both);
-    }
-    if (!inTwo) {
-        reporter.found(FindingKind::unreadableDate, names.month);
-    }
-    const CardDate date = inOne ? *inOne : inTwo.value_or(CardDate());
-    if (inTwo != date) {
-        keep(expiryMonth, names.month);
-        keep(expiryYear, names.year);
-    }
+    take(expiry, names.both, cardDate(item[expiry]));
+    take(expiryMonth, names.month, cardDate(item[expiryMonth], ""));
+    take(expiryYear, names.year, cardDate("", item[expiryYear]));
     return {
         item[cardNumber],
         item.title,

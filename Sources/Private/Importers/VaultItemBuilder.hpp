@@ -39,44 +39,44 @@ struct MemberRule {
 
 // The rules, in the words of a table.
 
-constexpr MemberRule titleIn(std::string_view name) noexcept {
+consteval MemberRule titleIn(std::string_view name) noexcept {
     return {.name = name, .use = MemberRule::Use::title};
 }
 
-constexpr MemberRule noteIn(std::string_view name) noexcept {
+consteval MemberRule noteIn(std::string_view name) noexcept {
     return {.name = name, .use = MemberRule::Use::note};
 }
 
-constexpr MemberRule fieldIn(std::string_view name, ItemField field,
+consteval MemberRule fieldIn(std::string_view name, ItemField field,
                              ExtraKind kind = ExtraKind::customText) noexcept {
     return {.name = name, .use = MemberRule::Use::field, .field = field, .kind = kind};
 }
 
-constexpr MemberRule addressIn(std::string_view name) noexcept {
+consteval MemberRule addressIn(std::string_view name) noexcept {
     return {.name = name, .use = MemberRule::Use::address};
 }
 
-constexpr MemberRule valueIn(std::string_view name, ExtraKind kind) noexcept {
+consteval MemberRule valueIn(std::string_view name, ExtraKind kind) noexcept {
     return {.name = name, .use = MemberRule::Use::value, .kind = kind};
 }
 
-constexpr MemberRule factIn(std::string_view name, ExtraKind kind) noexcept {
+consteval MemberRule factIn(std::string_view name, ExtraKind kind) noexcept {
     return {.name = name, .use = MemberRule::Use::fact, .kind = kind};
 }
 
-constexpr MemberRule tagsIn(std::string_view name) noexcept {
+consteval MemberRule tagsIn(std::string_view name) noexcept {
     return {.name = name, .use = MemberRule::Use::tags};
 }
 
-constexpr MemberRule truthIn(std::string_view name, ExtraKind kind) noexcept {
+consteval MemberRule truthIn(std::string_view name, ExtraKind kind) noexcept {
     return {.name = name, .use = MemberRule::Use::truth, .kind = kind};
 }
 
-constexpr MemberRule unreadIn(std::string_view name, std::string_view part) noexcept {
+consteval MemberRule unreadIn(std::string_view name, std::string_view part) noexcept {
     return {.name = name, .use = MemberRule::Use::unread, .part = part};
 }
 
-constexpr MemberRule ignored(std::string_view name) noexcept {
+consteval MemberRule ignored(std::string_view name) noexcept {
     return {.name = name};
 }
 

@@ -1,3 +1,4 @@
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -94,6 +95,18 @@ TEST(AppleCSVTest, readsFilesOfAllVersions) {
                                         "\n\"T\",\"\",\"\",\"p\"" + std::string(columns) + "\n");
         EXPECT_EQ(older.records.passwords.at(0).service, "T");
         EXPECT_EQ(older.report.layout(), Layout::appleCSV);
+    }
+}
+
+TEST(FirefoxCSVTest, keepsATimeThatIsNone) {
+    for (const std::string_view time : {"12x", "-5", "99999999999999999999"}) {
+        const Reading reading =
+            readingOf("url,username,password,httpRealm,formActionOrigin,guid,timePasswordChanged\n"
+                      "https://a,ann,one,,,," +
+                      std::string(time) + "\n");
+        EXPECT_EQ(reading.records.passwords.at(0).pwdChange, std::nullopt);
+        EXPECT_EQ(reading.extras.at(0), "other timePasswordChanged=" + std::string(time) + "\n");
+        EXPECT_EQ(reading.found(FindingKind::unreadableDate), 1) << time;
     }
 }
 

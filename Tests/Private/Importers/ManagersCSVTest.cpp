@@ -1,3 +1,4 @@
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -143,6 +144,9 @@ TEST(ProtonPassCSVTest, readsWhatJSONInCellsGives) {
     const Reading soon = cardWith(R"({"expirationDate":"soon"})");
     EXPECT_EQ(soon.extras.at(0), "customText expirationDate=soon\n");
     EXPECT_EQ(soon.found(FindingKind::unreadableDate, "expirationDate"), 1);
+    const Reading two = cardWith(R"({"expirationDate":"122027","expirationDate":"012028"})");
+    EXPECT_EQ(two.records.cards.at(0).expirationYear, 2027);
+    EXPECT_EQ(two.extras.at(0), "customText expirationDate=012028\n");
     const Reading other = cardWith(R"({"number":4111,"pin":null,"x":1.5,"note":"n"})");
     EXPECT_EQ(other.records.cards.at(0).cardNumber, "4111");
     EXPECT_EQ(other.found(FindingKind::valueOfOtherType, "note"), 1);
@@ -359,6 +363,177 @@ TEST(EnpassCSVTest, readsRowsOfLabelsAndValues) {
               (Extras{"customSecret PIN code=9876\n", "", "", "customText Bank=B\n"}));
     EXPECT_EQ(reading.report.recordCount(), 4);
     EXPECT_EQ(reading.report.findings().front().places.first, std::vector<std::uint64_t>{6});
+}
+
+// What several of them have in common
+
+TEST(NordPassCSVTest, readsDatesOfCards) {
+    struct Dated {
+        std::string_view text;
+        std::int64_t month;
+        std::int64_t year;
+        bool isRead = true;
+    };
+
+    for (const auto& [text, month, year, isRead] :
+         {Dated{"03/27", 3, 2027}, Dated{"3/27", 3, 2027}, Dated{"12/2030", 12, 2030},
+          Dated{" 03 / 27 ", 3, 2027}, Dated{"2027 - 03", 3, 2027}, Dated{" 03 /2027", 3, 2027},
+          Dated{"202703", 3, 2027}, Dated{"  ", 0, 0}, Dated{"00/27", 0, 0, false},
+          Dated{"13/27", 0, 0, false}, Dated{"/27", 0, 0, false}, Dated{"03/", 0, 0, false},
+          Dated{"3a/27", 0, 0, false}, Dated{"03/20270", 0, 0, false},
+          Dated{"03:27", 0, 0, false}}) {
+        const Reading reading =
+            readingOf("name,url,username,password,note,cardholdername,cardnumber,cvc,expirydate,"
+                      "zipcode,folder,type\nC,,,,,,4111,," +
+                      std::string(text) + ",,,credit_card\n");
+        ASSERT_EQ(reading.records.cards.size(), 1) << text;
+        EXPECT_EQ(reading.records.cards[0].expirationMonth, month) << text;
+        EXPECT_EQ(reading.records.cards[0].expirationYear, year) << text;
+        EXPECT_EQ(reading.found(FindingKind::unreadableDate, "expirydate"), isRead ? 0 : 1) << text;
+        EXPECT_EQ(reading.extras.at(0),
+                  isRead ? "" : "customText expirydate=" + std::string(text) + "\n");
+    }
+}
+
+TEST(NordPassCSVTest, tellsALoginByAnyOfItsFields) {
+    const Reading reading = readingOf(
+        "name,url,username,password,note,cardholdername,cardnumber,cvc,expirydate,zipcode,folder,"
+        "full_name,city,type,custom_fields\n"
+        "A,https://a,,,,,,,,,,,,,\n"
+        "B,,ann,,,,,,,,,,,,\"[{\"\"id\"\":1,\"\"label\"\":\"\"on\"\",\"\"value\"\":true},"
+        "{\"\"label\"\":\"\"off\"\",\"\"value\"\":false}]\"\n"
+        "C,,,one,n,,,,,,,,,,{}\n"
+        "D,,,,,,,,,,,Ann,Town,,\n"
+        "E,,,,,,,,,,,,,spaceship,\n");
+    const Outcome expected = {
+        .passwords = {{.username = "", .password = "", .url = "https://a", .service = "A"},
+                      {.username = "ann", .password = "", .url = "", .service = "B"},
+                      {.username = "",
+                       .password = "one",
+                       .url = "",
+                       .service = "C",
+                       .color = {},
+                       .note = "n"}},
+        .notes = {{.color = {}, .title = "D", .content = "full_name: Ann\ncity: Town"},
+                  {.color = {}, .title = "E", .content = "type: spaceship"}}};
+    EXPECT_EQ(reading.records, expected);
+    EXPECT_EQ(reading.extras.at(1), "customText on=true\ncustomText off=false\n");
+    EXPECT_EQ(reading.extras.at(2), "other custom_fields={}\n");
+    EXPECT_EQ(reading.found(FindingKind::valueOfOtherType, "custom_fields"), 1);
+}
+
+TEST(ProtonPassCSVTest, readsThePartsOfAnIdentity) {
+    const Reading reading =
+        readingOf(std::string(protonPass) +
+                  R"(identity,Me,,,,,"{""number"":""17"",""pin"":true,""note"":""own"",)"
+                  R"(""extra"":[{""fieldName"":""shoe"",""type"":""text"",""data"":)"
+                  R"({""content"":""39"",""more"":[""40""]}},{""fieldName"":null,""x"":""y"",)"
+                  R"(""type"":""z""}]}",,,,)"
+                  "\n"
+                  R"(login,L,,,,pw,"{""number"":""4""}",,,,)"
+                  "\n");
+    EXPECT_EQ(reading.records.notes.at(0).content,
+              "number: 17\npin: true\nshoe: 39\nshoe: 40\nx: y\ntype: z\n\nown");
+    EXPECT_EQ(reading.records.passwords.at(0).note, "{\"number\":\"4\"}");
+    EXPECT_EQ(
+        readingOf("type,name,url,autofillUrls,email,username,password,note,totp,createTime,"
+                  "modifyTime\nlogin,A,,\"[{\"\"url\"\":\"\"https://a\"\",\"\"mode\"\":null}]\""
+                  ",,,one,,,,\n")
+            .report.unread()
+            .size(),
+        0);
+}
+
+TEST(BitwardenCSVTest, partsAddressesThatAllHaveASchemeAlone) {
+    const auto addressesOf = [](std::string_view uris) {
+        const Reading reading = readingOf(std::string(bitwarden) + ",,login,A,,,,\"" +
+                                          std::string(uris) + "\",ann,one,\n");
+        return reading.records.passwords.at(0).url + "\n" + reading.extras.at(0);
+    };
+    EXPECT_EQ(addressesOf("HTTPS://a,iosapp://b,h2+x-1.y://c"),
+              "HTTPS://a\nfurtherURL login_uri=iosapp://b\nfurtherURL login_uri=h2+x-1.y://c\n");
+    for (const std::string_view whole : {"https://a,://b", "https://a,x_y://b", "https://a,x{y://b",
+                                         "https://a, https://b", "https://a,b"}) {
+        EXPECT_EQ(addressesOf(whole), std::string(whole) + "\n");
+    }
+}
+
+TEST(RoboFormCSVTest, tellsALoginByAnyOfItsFields) {
+    const Reading reading = readingOf("Name,Url,Login,Pwd,Note,Folder,RfFieldsV2\n"
+                                      "A,,ann,,,,\n"
+                                      "B,,,one,,,\n"
+                                      "C,https://c,,,n,/Work,\"Code$,,,pwd,17\"\n");
+    EXPECT_EQ(reading.records.passwords.size(), 3);
+    EXPECT_EQ(reading.extras, (Extras{"", "", "folder Folder=/Work\ncustomSecret Code=17\n"}));
+}
+
+TEST(KeeperCSVTest, tellsALoginByAnyOfItsFields) {
+    const Reading reading =
+        readingOf(Layout::keeperCSV, "\"\",\"A\",\"\",\"\",\"https://a\",\"\",\"\"\n"
+                                     "\"\",\"B\",\"\",\"\",\"\",\"\",\"\",\"x\",\"y\"\n"
+                                     "\"\",\"C\",\"\",\"\",\"\",\"text\",\"\",\"x\",\"\"\n");
+    EXPECT_EQ(reading.records.passwords.size(), 2);
+    EXPECT_EQ(reading.extras.at(1), "customText x=y\n");
+    const std::vector<Note> notes = {{.color = {}, .title = "C", .content = "text"}};
+    EXPECT_EQ(reading.records.notes, notes);
+}
+
+TEST(KeeperCSVTest, readsRowsThatEndWithCarriageReturns) {
+    const Reading reading =
+        readingOf(Layout::keeperCSV, "\"\",\"A\",\"ann\",\"one\",\"\",\"two\nlines\",\"\"\r"
+                                     "\"\",\"B\",\"bob\",\"two\",\"\",\"\",\"\"\r");
+    const Outcome expected = {
+        .passwords = {{.username = "ann",
+                       .password = "one",
+                       .url = "",
+                       .service = "A",
+                       .color = {},
+                       .note = "two\nlines"},
+                      {.username = "bob", .password = "two", .url = "", .service = "B"}}};
+    EXPECT_EQ(reading.records, expected);
+    EXPECT_EQ(readingOf(Layout::keeperCSV, "\"\",\"A\"\r\"\",\"B\"\r").records.notes.size(), 2);
+}
+
+TEST(EnpassCSVTest, tellsTheKindsOfRows) {
+    const Reading reading = readingOf(
+        Layout::enpassCSV, "\"A\",\"Number\",\"1\",\"CVC\",\"123\"\n"
+                           "\"B\",\"Number\",\"2\",\"Expiry date\",\"03/27\",\"Expiry date\","
+                           "\"04/28\",\"Expiry date\",\"03/28\",\"Expiry date\",\"3/2027\"\n"
+                           "\"C\",\"Number\",\"3\"\n"
+                           "\"D\",\"Number\",\"4\",\"*Password\",\"one\"\n"
+                           "\"E\",\"Website\",\"https://e\",\"URL\",\"https://f\",\"URL\","
+                           "\"https://e\"\n"
+                           "\"F\",\"E-mail\",\"a@b\",\"Password\",\"two\"\n"
+                           "\"G\",\"Cardholder\",\"Ann\",\"Phone\",\"555\"\n");
+    const auto cards = [](const Card& card) { return card.cardNumber + card.custName; };
+    ASSERT_EQ(reading.records.cards.size(), 2);
+    EXPECT_EQ(cards(reading.records.cards[0]), "1A");
+    EXPECT_EQ(cards(reading.records.cards[1]), "2B");
+    EXPECT_EQ(reading.records.cards[1].expirationYear, 2027);
+    EXPECT_EQ(
+        reading.records.passwords,
+        (std::vector<Password>{{.username = "", .password = "one", .url = "", .service = "D"},
+                               {.username = "", .password = "", .url = "https://e", .service = "E"},
+                               {.username = "a@b", .password = "two", .url = "", .service = "F"}}));
+    EXPECT_EQ(reading.records.notes.at(0).content, "Number: 3");
+    EXPECT_EQ(reading.records.notes.at(1).content, "Cardholder: Ann\nPhone: 555");
+    EXPECT_EQ(reading.extras,
+              (Extras{"customSecret Number=4\n", "furtherURL URL=https://f\n", "", "", "", "",
+                      "customText Expiry date=04/28\ncustomText Expiry date=03/28\n"}));
+}
+
+TEST(EnpassCSVTest, passesOverTheHeadingHoweverItEnds) {
+    const std::string heading = R"("Title","Field","Value","Field","Value",.........,"Note")";
+    const std::string row = R"("N","text")";
+    const std::vector<Note> notes = {{.color = {}, .title = "N", .content = "text"}};
+    for (const std::string_view end : {"\n", "\r\n", "\r"}) {
+        const Reading reading =
+            readingOf(Layout::enpassCSV, heading + std::string(end) + row + std::string(end));
+        EXPECT_EQ(reading.records.notes, notes);
+        EXPECT_EQ(reading.report.recordCount(), 1);
+    }
+    EXPECT_EQ(readingOf(Layout::enpassCSV, row).records.notes, notes);
+    EXPECT_EQ(readingOf(Layout::enpassCSV, heading).report.recordCount(), 0);
 }
 
 } // namespace

@@ -550,6 +550,31 @@ static void tellsProgressAndIsCancelled(void) {
     rellinor_result_free(result);
 }
 
+static void tellsSourceFindingsAndExtras(void) {
+    static const char text[] = "url,username,password,extra,name,grouping,fav\n"
+                               "https://a.example,ann,a&amp;b,,Mail,Work,0\n";
+    rellinor_source source = RELLINOR_SOURCE_TIREL;
+    rellinor_detection* const detection =
+        rellinor_detect_memory(text, sizeof text - 1, "export.csv");
+    EXPECT(rellinor_detection_source(detection, NULL));
+    EXPECT(rellinor_detection_source(detection, &source) && source == RELLINOR_SOURCE_LAST_PASS);
+    rellinor_detection_free(detection);
+
+    rellinor_result* const result =
+        rellinor_export_read_memory(text, sizeof text - 1, "export.csv", NULL);
+    EXPECT(rellinor_report_layout(result) == RELLINOR_LAYOUT_LAST_PASS_CSV);
+    EXPECT(rellinor_login_extra_count(result, 0) == 1);
+    const rellinor_extra extra = rellinor_login_extra(result, 0, 0);
+    EXPECT(extra.kind == RELLINOR_EXTRA_FOLDER);
+    EXPECT_TEXT(extra.label, "grouping");
+    EXPECT_TEXT(extra.value, "Work");
+    EXPECT(rellinor_report_finding_count(result) == 1);
+    const rellinor_finding finding = rellinor_report_finding(result, 0);
+    EXPECT(finding.kind == RELLINOR_FINDING_HTML_ENTITY && finding.places.count == 1);
+    EXPECT_TEXT(finding.field, "password");
+    rellinor_result_free(result);
+}
+
 int main(void) {
     sourcesAreNumberedInTheirOrder();
     aSourceWithoutANameFails();
@@ -575,6 +600,7 @@ int main(void) {
     anImportHasAnEmptyReport();
     reportsWhereAFileFails();
     readsWithDefaultsWithoutOptions();
+    tellsSourceFindingsAndExtras();
     readsAsNothingThatHasNoNumber();
     readsNoMoreThanTheLimits();
     tellsProgressAndIsCancelled();

@@ -204,8 +204,9 @@ void BitwardenJSON::decode(const RawRecord& entry, VaultItemBuilder& builder) co
                 _folders.addTo(builder, collection, "collectionIds");
             });
         } else if (name == "archivedDate") {
-            builder.addFact(ExtraKind::archived, "archivedDate",
-                            builder.text(value, "archivedDate").empty() ? "" : "true");
+            const std::string_view time = builder.text(value, "archivedDate");
+            builder.addFact(ExtraKind::archived, "archivedDate", time.empty() ? "" : "true");
+            builder.addFact(ExtraKind::other, "archivedDate", time);
         } else if (name == "reprompt") {
             if (builder.truth(value, "reprompt")) {
                 builder.tellUnread(settingsPart);

@@ -10,7 +10,6 @@
 #include "Private/Errors/ReadError.hpp"
 #include "Private/Importers/Chrome/EncryptedBytes.hpp"
 #include "Private/Importers/DatabaseImports.hpp"
-#include "Private/Importers/FileReports.hpp"
 
 namespace Rellinor {
 
@@ -132,16 +131,14 @@ void reportStrayNotes(const ChromiumLogins& logins, Reporter& reporter) {
 }
 
 /// Tells what is missing of databases, or fails if all is.
-void reportEndings(const ChromiumLogins& logins, Reporter* reporter) {
+void reportEndings(const ChromiumLogins& logins, Reporter& reporter) {
     for (const auto& database : logins.databases()) {
         for (const SQLiteEnding ending : {database->endingOfLogins(), database->endingOfNotes()}) {
             const FailureReason reason = reasonOf(ending);
             if (reason != FailureReason::none && logins.size() == 0) {
                 throw ReadError(reason);
             }
-            if (reporter != nullptr) {
-                reportEnding(ending, database->logins().size(), *reporter);
-            }
+            reportEnding(ending, database->logins().size(), reporter);
         }
     }
 }
@@ -153,26 +150,20 @@ ChromiumLogins ChromiumLoginsImporter::read(const ExportFile& file, ImportMemory
     _reporter = reporter;
     ChromiumLogins logins;
     for (const ExportFile& database : databasesIn(file)) {
-        auto snapshot = SQLiteSnapshot::of(database, largestFileFor(reporter));
+        auto snapshot = SQLiteSnapshot::of(database, reporter->limits().largestFile);
         if (!snapshot) {
             throw ReadError(snapshot.error());
         }
-        if (reporter != nullptr) {
-            reportSideFiles(*snapshot, *reporter);
-        }
+        reportSideFiles(*snapshot, *reporter);
         logins.add(std::make_unique<const ChromiumDatabase>(*snapshot, memory));
         for (const std::string_view column : logins.databases().back()->unreadColumns()) {
-            if (reporter != nullptr) {
-                reporter->unread(column);
-            }
+            reporter->unread(column);
         }
     }
-    if (reporter != nullptr) {
-        reporter->setPlaces(PlaceUnit::row);
-        reporter->expect(logins.size());
-        reportStrayNotes(logins, *reporter);
-    }
-    reportEndings(logins, reporter);
+    reporter->setPlaces(PlaceUnit::row);
+    reporter->expect(logins.size());
+    reportStrayNotes(logins, *reporter);
+    reportEndings(logins, *reporter);
     return logins;
 }
 
@@ -254,7 +245,7 @@ void ChromiumLoginsImporter::addExtras(const RawRecord& record, ExtrasList& extr
         case Role::unknown:
             if (const auto text = value.text()) {
                 extras.add(ExtraKind::other, column.name, *text);
-            } else if (!isEmpty(value) && _reporter != nullptr) {
+            } else if (!isEmpty(value)) {
                 _reporter->unread("column without a text");
             }
             return;
@@ -317,9 +308,7 @@ std::optional<std::int64_t> ChromiumLoginsImporter::unixTimeOf(const SQLiteValue
 }
 
 void ChromiumLoginsImporter::find(FindingKind kind, std::string_view field) noexcept {
-    if (_reporter != nullptr) {
-        _reporter->found(kind, field);
-    }
+    _reporter->found(kind, field);
 }
 
 } // namespace Rellinor

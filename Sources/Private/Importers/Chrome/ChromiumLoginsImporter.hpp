@@ -21,6 +21,7 @@ public:
 
     /// The rows of the table of logins, in the databases' order.
     ///
+    /// @param reporter  outlives this; there is one
     /// @throws ReadError  a file cannot be read, or gives no row for a reason
     [[nodiscard]] ChromiumLogins read(const ExportFile& file, ImportMemory& memory,
                                       Reporter* reporter);

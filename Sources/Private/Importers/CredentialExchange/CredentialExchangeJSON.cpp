@@ -59,7 +59,7 @@ constexpr auto itemRules = std::to_array<MemberRule>({
     factIn("modifiedAt", ExtraKind::modifiedAt),
     tagsIn("tags"),
     unreadIn("extensions", extensionsPart),
-    ignored("id"),
+    unreadIn("id", identifiersPart),
 });
 
 /// What the fields of a credential are. Those of other credentials are values.
@@ -172,8 +172,11 @@ void decodeCustomField(const JSONObject& field, VaultItemBuilder& builder) {
     const std::string_view id = builder.text(memberOf(field, "id"), "id");
     const std::string_view label = builder.text(memberOf(field, "label"), "label");
     const bool isPin = id == pinIdentifier;
-    const auto kind = kindOfField(builder.text(memberOf(field, "fieldType"), "fieldType"));
-    builder.addAny(kind, label, memberOf(field, "value"), "value",
+    const auto byType = kindOfField(builder.text(memberOf(field, "fieldType"), "fieldType"));
+    const JSONValue value = memberOf(field, "value");
+    // 1Password writes such fields.
+    const bool isOneTime = value.text().value_or("").starts_with("otpauth://");
+    builder.addAny(isOneTime ? ExtraKind::oneTimePassword : byType, label, value, "value",
                    isPin ? ItemField::pin : ItemField::none);
     builder.takeAll(std::array{ignored("id"), ignored("fieldType"), ignored("value"),
                                ignored("label"), unreadIn("extensions", extensionsPart)},

@@ -35,8 +35,12 @@ constexpr auto labels = std::array{
 std::size_t lengthOfHeading(std::string_view text) {
     constexpr std::string_view heading = R"("Title","Field","Value",)";
 
-    const std::size_t end = text.find('\n');
-    return text.starts_with(heading) && end != std::string_view::npos ? end + 1 : 0;
+    if (!text.starts_with(heading)) {
+        return 0;
+    }
+    const std::size_t end = std::min(text.find_first_of("\r\n"), text.size());
+    const bool hasBoth = text.substr(end).starts_with("\r\n");
+    return std::min(end + (hasBoth ? 2U : 1U), text.size());
 }
 
 /// Title, pairs of label and value, and the note if the number of cells is even. The labels of what

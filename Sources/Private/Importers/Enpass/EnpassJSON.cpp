@@ -102,13 +102,17 @@ ExtraKind kindOf(std::string_view type, bool isSensitive) noexcept {
 }
 
 /// Whether a value is 1, which says that something is gone.
+bool isOne(const JSONValue& value) noexcept {
+    return value.integer() == std::int64_t{1} || value.boolean() == true;
+}
+
+/// The same. The reporter is told of a value that says nothing.
 bool isOne(const JSONValue& value, std::string_view name, VaultItemBuilder& builder) {
-    const auto number = value.integer();
-    const bool isTruth = number == std::int64_t{0} || number == std::int64_t{1};
-    if (!isTruth && !value.boolean() && !value.isNull()) {
+    if (!isOne(value) && value.integer() != std::int64_t{0} && !value.boolean() &&
+        !value.isNull()) {
         builder.otherType(name);
     }
-    return number == std::int64_t{1} || value.boolean() == true;
+    return isOne(value);
 }
 
 /// Whether a field that counts has this type and some value.
@@ -118,7 +122,7 @@ bool hasField(const JSONValue& fields, std::string_view type) noexcept {
                const auto field = element.object();
                return field && memberOf(*field, "type").text() == type &&
                       !memberOf(*field, "value").text().value_or("").empty() &&
-                      memberOf(*field, "deleted").integer() != std::int64_t{1};
+                      !isOne(memberOf(*field, "deleted"));
            });
 }
 

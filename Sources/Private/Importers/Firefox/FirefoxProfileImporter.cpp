@@ -25,26 +25,24 @@ bool isAccount(const FirefoxProfileRecord& record) noexcept {
 
 /// Absent if there is no such file.
 std::optional<FirefoxProfileLogins> loginsInJSON(const URL& file, ImportMemory& memory,
-                                                 Reporter* reporter) {
-    JSONFileProxy proxy(file, memory, largestFileFor(reporter));
+                                                 Reporter& reporter) {
+    JSONFileProxy proxy(file, memory, reporter.limits().largestFile);
     auto logins = proxy.containerObject<FirefoxProfileLogins>();
     if (!logins && proxy.failure().reason != FailureReason::missing) {
-        reportFailure(proxy, reporter);
+        reportFailure(proxy, &reporter);
         throw ReadError(proxy.failure());
     }
-    if (logins && reporter != nullptr) {
-        if (logins->hasVulnerablePasswords()) {
-            reporter->unread("potentiallyVulnerablePasswords");
-        }
-        if (logins->hasDismissedAlerts()) {
-            reporter->unread("dismissedBreachAlertsByLoginGUID");
-        }
+    if (logins && logins->hasVulnerablePasswords()) {
+        reporter.unread("potentiallyVulnerablePasswords");
+    }
+    if (logins && logins->hasDismissedAlerts()) {
+        reporter.unread("dismissedBreachAlertsByLoginGUID");
     }
     return logins;
 }
 
-FirefoxProfileLogins loginsInDatabase(const URL& file, ImportMemory& memory, Reporter* reporter) {
-    auto snapshot = SQLiteSnapshot::of(ExportFile::atPath(file), largestFileFor(reporter));
+FirefoxProfileLogins loginsInDatabase(const URL& file, ImportMemory& memory, Reporter& reporter) {
+    auto snapshot = SQLiteSnapshot::of(ExportFile::atPath(file), reporter.limits().largestFile);
     if (!snapshot) {
         const bool isMissing = snapshot.error() == FailureReason::missing;
         throw ReadError(isMissing ? FailureReason::noStore : snapshot.error());
@@ -55,11 +53,9 @@ FirefoxProfileLogins loginsInDatabase(const URL& file, ImportMemory& memory, Rep
     if (rows.size() == 0 && reason != FailureReason::none) {
         throw ReadError(reason);
     }
-    if (reporter != nullptr) {
-        reporter->setPlaces(PlaceUnit::row);
-        reportSideFiles(*snapshot, *reporter);
-        reportEnding(proxy.ending(), rows.size(), *reporter);
-    }
+    reporter.setPlaces(PlaceUnit::row);
+    reportSideFiles(*snapshot, reporter);
+    reportEnding(proxy.ending(), rows.size(), reporter);
     return FirefoxProfileLogins(std::move(rows));
 }
 
@@ -72,14 +68,13 @@ FirefoxProfileLogins FirefoxProfileImporter::read(const ExportFile& file, Import
     if (!file.url()) {
         throw ReadError(FailureReason::noStore);
     }
-    auto logins = loginsInJSON(file.url()->appendingPathComponent("logins.json"), memory, reporter);
+    auto logins =
+        loginsInJSON(file.url()->appendingPathComponent("logins.json"), memory, *reporter);
     if (!logins) {
         logins = loginsInDatabase(file.url()->appendingPathComponent("signons.sqlite"), memory,
-                                  reporter);
+                                  *reporter);
     }
-    if (reporter != nullptr) {
-        reporter->expect(logins->size());
-    }
+    reporter->expect(logins->size());
     return *std::move(logins);
 }
 
@@ -172,9 +167,7 @@ std::string_view FirefoxProfileImporter::digitsOf(const RawRecord& record, Key k
 }
 
 void FirefoxProfileImporter::find(FindingKind kind, Key key) noexcept {
-    if (_reporter != nullptr) {
-        _reporter->found(kind, rawValue(key));
-    }
+    _reporter->found(kind, rawValue(key));
 }
 
 } // namespace Rellinor

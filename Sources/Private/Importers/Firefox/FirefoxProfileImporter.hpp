@@ -18,6 +18,7 @@ public:
 
     /// The entries in the store's order.
     ///
+    /// @param reporter  outlives this; there is one
     /// @throws ReadError  the folder has no store, or it cannot be read or is something else
     [[nodiscard]] FirefoxProfileLogins read(const ExportFile& file, ImportMemory& memory,
                                             Reporter* reporter);

@@ -54,6 +54,7 @@ struct UnreadElement {
 
 constexpr auto unreadElements = std::to_array<UnreadElement>({
     {"UUID", identifiersPart},
+    {"IconID", looksPart},
     {"CustomIconUUID", looksPart},
     {"ForegroundColor", looksPart},
     {"BackgroundColor", looksPart},
@@ -64,7 +65,7 @@ constexpr auto unreadElements = std::to_array<UnreadElement>({
 
 /// Elements of an entry that hold nothing that a person has put in.
 constexpr auto plainElements =
-    std::to_array<std::string_view>({"IconID", "QualityCheck", "PreviousParentGroup"});
+    std::to_array<std::string_view>({"QualityCheck", "PreviousParentGroup"});
 
 bool isPlain(std::string_view name) noexcept {
     return std::ranges::find(plainElements, name) != plainElements.end();
@@ -145,6 +146,8 @@ void addString(const XMLElement& string, VaultItemBuilder& builder) {
         item.title = text;
     } else if (key == "Notes" && item.note.empty()) {
         item.note = text;
+    } else if (key == "KPEX_PASSKEY_PRIVATE_KEY_PEM") { // of KeePassXC
+        builder.tellUnread(passkeysPart);
     } else if (std::ranges::find(secretsOfOneTimePasswords, key) !=
                secretsOfOneTimePasswords.end()) {
         builder.addValue(ExtraKind::oneTimePassword, key, text);
@@ -179,8 +182,10 @@ void addTimes(const XMLElement& times, VaultItemBuilder& builder) {
     }
 }
 
+/// Whether an element has a text, of which 0 stands for none, or another element.
 bool holdsSomething(const XMLElement& element) noexcept {
-    return !element.text().empty() || element.begin() != XMLElement::end();
+    const bool isNone = element.text().empty() || element.text() == "0";
+    return !isNone || element.begin() != XMLElement::end();
 }
 
 } // namespace

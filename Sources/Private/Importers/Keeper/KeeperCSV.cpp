@@ -35,10 +35,9 @@ void readRow(CSVItem& item, std::span<const std::string_view> row) {
         const std::string_view label = row[index];
         const bool isAlone = index + 1 == row.size(); // then it is not known for a name
         const ExtraKind kind = label == "TFC:Keeper" ? oneTimePassword : customText;
-        item.add({.extra = kind,
-                  .label = isAlone ? std::string_view() : label,
-                  .text = isAlone ? label : row[index + 1]});
-        hasFields = true;
+        const std::string_view text = isAlone ? label : row[index + 1];
+        item.add({.extra = kind, .label = isAlone ? std::string_view() : label, .text = text});
+        hasFields = hasFields || !text.empty();
     }
     const bool isLogin = !item.text(username).empty() || !item.text(password).empty() ||
                          !item.text(url).empty() || hasFields;

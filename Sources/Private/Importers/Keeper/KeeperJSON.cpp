@@ -154,6 +154,8 @@ void decodeCustomField(std::string_view name, const JSONValue& value, VaultItemB
     } else if (field.type == "note" && item.shape == ItemShape::note && isText &&
                item.note.empty()) {
         item.note = *value.text();
+    } else if (field.type == "passkey") {
+        builder.passOver(value, passkeysPart);
     } else if (field.type == "url" && isText) {
         builder.addAddress(field.label, *value.text());
     } else {

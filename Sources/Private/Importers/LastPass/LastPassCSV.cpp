@@ -89,7 +89,7 @@ std::optional<CardDate> dateOf(Name text) noexcept {
     const Name month = withoutBlanksAround(text.substr(0, comma));
     const auto* const named =
         std::ranges::find_if(months, [&](Name name) { return sameIgnoringCase(name, month); });
-    auto date = cardDate("", withoutBlanksAround(text.substr(comma + 1)));
+    auto date = cardDate("", text.substr(comma + 1));
     if (!date || (named == months.end() && !month.empty())) {
         return std::nullopt;
     }
@@ -103,8 +103,7 @@ void addCardValue(CSVItem& item, const CardKey& key, Name text) {
         return; // no date
     }
     const auto date = key.field == expiry ? dateOf(text) : std::nullopt;
-    if (date) {
-        item.setDate(*date);
+    if (date && item.takeDate(*date)) {
         return;
     }
     item.add({.field = key.field,

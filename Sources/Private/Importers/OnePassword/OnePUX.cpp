@@ -193,9 +193,14 @@ JSONValue unwrapped(const JSONValue& element) noexcept {
     return item.object() ? item : element;
 }
 
-bool isFile(const JSONValue& element) noexcept {
+/// Whether a file stands beside the entry, as in old versions.
+bool hasFile(const JSONValue& element) noexcept {
     const auto object = element.object();
-    return object && memberOf(*object, "file").object() && memberOf(*object, "item").isNull();
+    return object && memberOf(*object, "file").object();
+}
+
+bool isFileAlone(const JSONValue& element) noexcept {
+    return hasFile(element) && memberOf(*element.object(), "item").isNull();
 }
 
 } // namespace
@@ -230,9 +235,10 @@ JSONEntries OnePUX::read(const ExportFile& file, ImportMemory& memory, Reporter&
             return;
         }
         for (const JSONValue element : *items) {
-            if (isFile(element)) {
+            if (hasFile(element)) {
                 reporter.unread(attachmentsPart);
-            } else {
+            }
+            if (!isFileAlone(element)) {
                 entries.push_back({.value = unwrapped(element), .folder = textIn("name")});
             }
         }

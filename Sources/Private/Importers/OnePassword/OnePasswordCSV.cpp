@@ -202,7 +202,7 @@ std::optional<CSVOtherColumn> columnOfSection(Name name) {
             return CSVOtherColumn{.column = column, .label = name};
         }
     }
-    const bool isHidden = label.contains("PASSWORD") || label.contains("PIN");
+    const bool isHidden = label.contains("PASSWORD") || label.ends_with(" PIN");
     return CSVOtherColumn{.column = {.name = {}, .extra = isHidden ? customSecret : customText},
                           .label = name};
 }

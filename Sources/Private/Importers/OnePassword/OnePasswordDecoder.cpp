@@ -72,6 +72,7 @@ void OnePasswordDecoder::addNamed(const OnePasswordFieldFacts& facts, const JSON
 
 void OnePasswordDecoder::setLocation(const JSONValue& value, std::string_view name) {
     _builder.assign(_location, value, name);
+    _nameOfLocation = name;
 }
 
 void OnePasswordDecoder::addAddress(std::string_view label, std::string_view address) {
@@ -87,7 +88,7 @@ void OnePasswordDecoder::finish() {
     if (isLogin && (!_location.empty() || !_addresses.empty())) {
         address = !_location.empty() ? _location : _addresses.front().value;
     } else if (!_location.empty()) {
-        _builder.addFact(ExtraKind::furtherURL, "location", _location);
+        _builder.addFact(ExtraKind::furtherURL, _nameOfLocation, _location);
     }
     if (byName != address) {
         _builder.addFact(ExtraKind::furtherURL, "url", byName);

@@ -33,6 +33,8 @@ public:
     void addNamed(const OnePasswordFieldFacts& facts, const JSONValue& value);
 
     /// The address that an entry is for.
+    ///
+    /// @param name  of the member; a literal
     void setLocation(const JSONValue& value, std::string_view name);
 
     /// One of a list of addresses.
@@ -49,6 +51,7 @@ private:
     const OnePasswordCategory& _category;
     VaultItemBuilder& _builder;
     std::string_view _location;
+    std::string_view _nameOfLocation; // a literal
     std::vector<Extra> _addresses;
     std::vector<std::pair<std::string_view, std::string_view>> _seen;
 };

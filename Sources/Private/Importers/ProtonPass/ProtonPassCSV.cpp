@@ -80,9 +80,7 @@ private:
         const auto older = text.size() == lengthOfOlder
                                ? cardDate(text.substr(0, lengthOfMonth), text.substr(lengthOfMonth))
                                : std::nullopt;
-        if (older) {
-            _item.setDate(*older);
-        } else {
+        if (!older || !_item.takeDate(*older)) {
             add(expiry, "expirationDate", text);
         }
     }

@@ -59,7 +59,7 @@ constexpr auto requirementsOfExpirationDate = std::array{
 /// all requirements, in whatever order the members stand.
 class Shape {
 public:
-    constexpr explicit Shape(std::span<const Requirement> requirements) noexcept {
+    consteval explicit Shape(std::span<const Requirement> requirements) noexcept {
         for (const Requirement& requirement : requirements) {
             const std::size_t member = indexOf(requirement.member);
             _kinds[member] = requirement.kind;

@@ -53,7 +53,7 @@ constexpr auto originsOfExpirationDate = std::array{
 /// For each member of an object the key whose value it is.
 using Keys = std::array<std::optional<Key>, namesOfTirelExportMembers.size()>;
 
-constexpr Keys keysOf(std::span<const Origin> origins) noexcept {
+consteval Keys keysOf(std::span<const Origin> origins) noexcept {
     Keys keys;
     for (const Origin& origin : origins) {
         keys[indexOf(origin.member)] = origin.key;

@@ -76,6 +76,8 @@ TEST(BitwardenJSONTest, readsEveryKind) {
                                                         "createdAt creationDate="
                                                         "t-2024-05-01T10:00:00.000Z\n"
                                                         "archived archivedDate=true\n"
+                                                        "other archivedDate="
+                                                        "2024-06-01T10:00:00.000Z\n"
                                                         "folder folderId=Work/Mail\n"
                                                         "favourite favorite=true\n",
                                                         "", "", "customText brand=t-Visa\n"}));
@@ -108,8 +110,8 @@ TEST(BitwardenJSONTest, readsCollectionsOfAnOrganisationAndDatesThatAreNone) {
     const Reading reading =
         read(R"({"collections":[{"id":"C","name":"Team"}],"items":[{"type":3,"collectionIds":)"
              R"(["C",null],"card":{"expMonth":"13","expYear":"27"}}]})");
-    EXPECT_EQ(reading.extras.at(0),
-              "customText expMonth=13\ncustomText expYear=27\nfolder collectionIds=Team\n");
+    EXPECT_EQ(reading.extras.at(0), "customText expMonth=13\nfolder collectionIds=Team\n");
+    EXPECT_EQ(reading.records.cards.at(0).expirationYear, 2027);
     EXPECT_EQ(reading.found(FindingKind::unreadableDate, "expMonth"), 1);
 }
 
@@ -144,6 +146,15 @@ TEST(BitwardenJSONTest, readsTheArchiveAndCountsItsAttachments) {
               FailureReason::wrongShape);
     EXPECT_EQ(readingOf(Layout::bitwardenZip, "{}").report.failure().reason,
               FailureReason::damaged);
+}
+
+TEST(BitwardenJSONTest, takesBlanksAroundADateForNothing) {
+    const Reading reading =
+        read(R"({"items":[{"type":3,"name":"x","card":{"expMonth":" 3 ","expYear":" "}}]})");
+    EXPECT_EQ(reading.records.cards.at(0).expirationMonth, 3);
+    EXPECT_EQ(reading.records.cards.at(0).expirationYear, 0);
+    EXPECT_EQ(reading.extras.at(0), "");
+    EXPECT_TRUE(reading.report.findings().empty());
 }
 
 } // namespace

@@ -191,6 +191,53 @@ TEST_F(ChromiumLoginsImporterTest, hasAnEmptyResultForADatabaseWithoutLogins) {
     EXPECT_EQ(read.report.failure().reason, FailureReason::none);
 }
 
+TEST_F(ChromiumLoginsImporterTest, readsValuesOfEveryType) {
+    const TemporaryFolder other;
+    const std::string path =
+        database(other, {"CREATE TABLE logins (id INTEGER PRIMARY KEY, origin_url, username_value, "
+                         "password_value, date_password_modified, \"a\"\"b\", new_number)",
+                         "CREATE TABLE password_notes (parent_id, key, value)",
+                         "INSERT INTO logins VALUES (1, 'a', 1.5, 17, 'soon', 'new', 0), "
+                         "(2, '', '', '', 0, 'only', NULL), (3, '', NULL, x'', 0, '', 2.5), "
+                         "(4, '', '', '', 0, '', 0), (5, '', '', '', 0, NULL, 0)",
+                         "INSERT INTO password_notes VALUES (1, '', ''), (4, 'one', 'first'), "
+                         "(4, 'two', 'second'), (NULL, '', 'stray')"});
+    const std::string bytes = contentsOf(path);
+    const ImportedExport read =
+        readExport(ExportFile::inMemory(bytes, ""), {.as = Layout::chromiumLogins});
+    EXPECT_EQ(
+        copyOf(read.records),
+        (Outcome{.passwords = {{"1.5", "17", "a"},
+                               {"", "", ""},
+                               {"", "", ""},
+                               {.username = "", .password = "", .url = "", .note = "first"}}}));
+    EXPECT_EQ(copyOf(read.extras.ofPassword(0)), (Extras{{ExtraKind::other, "a\"b", "new"}}));
+    EXPECT_EQ(copyOf(read.extras.ofPassword(1)), (Extras{{ExtraKind::other, "a\"b", "only"}}));
+    EXPECT_EQ(copyOf(read.extras.ofPassword(3)),
+              (Extras{{ExtraKind::customSecret, "two", "second"}}));
+    EXPECT_EQ(findingsOf(read.report),
+              (Told<FindingKind>{{FindingKind::valueOfOtherType, "date_password_modified", 1}}));
+    EXPECT_EQ(leftOutOf(read.report), (Told<LeftOutReason>{{LeftOutReason::empty, "", 1}}));
+    EXPECT_EQ(std::ranges::count(read.report.unread(), "note without a login", &Unread::part), 1);
+    EXPECT_EQ(std::ranges::count(read.report.unread(), "column without a text", &Unread::part), 1);
+}
+
+TEST_F(ChromiumLoginsImporterTest, tellsWhatCostsTooMuch) {
+    const TemporaryFolder other;
+    const std::string endless = "CREATE VIEW logins AS WITH n (v) AS (SELECT 1 UNION ALL SELECT v "
+                                "+ 1 FROM n WHERE ";
+    const ImportedExport none =
+        readAs(Layout::chromiumLogins,
+               database(other, {endless + "1) SELECT 'a' AS origin_url FROM n WHERE v < 0"}));
+    EXPECT_EQ(none.report.failure().reason, FailureReason::refusedForItsCost);
+    const TemporaryFolder another;
+    const ImportedExport some = readAs(
+        Layout::chromiumLogins, database(another, {endless + "1) SELECT v AS origin_url FROM n"}));
+    EXPECT_GT(some.report.recordCount(), 0);
+    ASSERT_EQ(some.report.findings().size(), 1);
+    EXPECT_EQ(some.report.findings().front().kind, FindingKind::refusedForItsCost);
+}
+
 } // namespace
 
 } // namespace Rellinor::Tests

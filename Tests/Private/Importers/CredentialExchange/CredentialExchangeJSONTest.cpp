@@ -1,7 +1,9 @@
 #include "Private/Importers/CredentialExchange/CredentialExchangeJSON.hpp"
 
+#include <algorithm>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -146,6 +148,80 @@ TEST(CredentialExchangeJSONTest, readsFieldsOfOtherTypesAndWhatStandsAlone) {
               "rpId: r\nusername: u");
     EXPECT_EQ(read(item(R"({"type":"totp","secret":"S"})")).extras.at(0),
               "oneTimePassword totp=S\n");
+}
+
+TEST(CredentialExchangeJSONTest, readsEveryCredentialOfAnItem) {
+    const Reading reading = read(R"({"items":[{"id":"a","title":"t-x","new":"u-1","extensions":[
+  {"name":"u-2"}],
+ "scope":{"urls":["t-adobe.com"],"new":"u-3","androidApps":[
+   {"bundleId":"t-app","certificate":{"fingerprint":"u-4"},"name":"t-name"}]},
+ "credentials":[
+  {"type":"note","content":"t-one"},{"type":"note","content":{"value":"t-two"}},
+  {"type":"basic-auth","username":null,"password":"t-pw","extensions":[{"name":"u-5"}]},
+  {"type":"ssh-key","keyType":"t-ed25519","privateKey":"t-private",
+   "expiryDate":{"fieldType":"date","value":"t-2027-03-01","extensions":[{"name":"u-6"}]}},
+  {"type":"custom-fields","label":"","extensions":[{"name":"u-7"}],"fields":[
+   {"label":"on","fieldType":"boolean","value":"t-true"},
+   {"label":"code","fieldType":"string","value":"otpauth://t-otp"},
+   {"id":"cGlu","label":"PIN","fieldType":"concealed-string","value":"t-9"}]},
+  {"type":"file","id":"u-8","name":"u-9"},
+  {"type":"item-reference","reference":{"item":"u-10"}}]}]})");
+    const Outcome expected = {.passwords = {{.username = "",
+                                             .password = "t-pw",
+                                             .url = "t-adobe.com",
+                                             .service = "t-x",
+                                             .color = {},
+                                             .note = "t-one"}}};
+    EXPECT_EQ(reading.records, expected);
+    EXPECT_EQ(reading.extras.at(0), "customText bundleId=t-app\ncustomText name=t-name\n"
+                                    "customText note=t-two\n"
+                                    "customText keyType=t-ed25519\n"
+                                    "customSecret privateKey=t-private\n"
+                                    "customText expiryDate=t-2027-03-01\n"
+                                    "customText on=t-true\n"
+                                    "oneTimePassword code=otpauth://t-otp\n"
+                                    "customSecret PIN=t-9\n");
+    for (const std::string_view part : {"other members", "extensions", "identifiers", "attachments",
+                                        "references to other items"}) {
+        EXPECT_EQ(reading.unread(part), 1) << part;
+    }
+    EXPECT_EQ(read(item(R"({"type":"api-key","key":"k"},{"type":"custom-fields"})"))
+                  .records.notes.at(0)
+                  .content,
+              "key: k");
+}
+
+TEST(CredentialExchangeJSONTest, givesTheAddressesToTheLoginBesideACard) {
+    const Reading reading =
+        read(R"({"items":[{"title":"x","scope":{"urls":["https://a.example"]},"credentials":[)"
+             R"({"type":"basic-auth","password":"p"},{"type":"credit-card","number":"4"},)"
+             R"({"type":"custom-fields","label":"more","extensions":[1],"fields":[5]}]}]})");
+    EXPECT_EQ(reading.records.passwords.at(0).url, "https://a.example");
+    EXPECT_EQ(reading.records.cards.at(0).cardNumber, "4");
+    EXPECT_EQ(reading.extras, (std::vector<std::string>{"", ""}));
+    EXPECT_EQ(reading.unread("titles of sections"), 1);
+}
+
+TEST(CredentialExchangeJSONTest, leavesOutOfAPathWhatIsVeryLong) {
+    const Reading reading = read(R"({"collections":[{"title":")" + std::string(2000, 'x') +
+                                 R"(","subCollections":[{"title":"b","items":[{"item":"a"}]}]}],)" +
+                                 item("").substr(1));
+    EXPECT_EQ(reading.extras.at(0), "folder collections=b\n");
+}
+
+TEST(CredentialExchangeJSONTest, tellsOfFurtherCollections) {
+    std::string collections;
+    for (int number = 0; number < 65; ++number) {
+        collections += (number > 0 ? "," : "") + (R"({"title":"c)" + std::to_string(number)) +
+                       R"(","items":[{"item":"a"}]})";
+    }
+    const Reading reading = read(R"({"collections":[)" + collections + "]," + item("").substr(1));
+    EXPECT_EQ(std::ranges::count(reading.extras.at(0), '\n'), 64);
+    EXPECT_EQ(reading.unread("further collections"), 1);
+    EXPECT_EQ(readingOf(Layout::credentialExchangeJSON, ExportFile::atPath("/nowhere/x.json"))
+                  .report.failure()
+                  .reason,
+              FailureReason::missing);
 }
 
 } // namespace

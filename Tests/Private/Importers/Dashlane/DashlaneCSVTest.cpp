@@ -149,6 +149,39 @@ TEST(DashlaneCSVTest, readsOldFilesByPositionIfAskedTo) {
     EXPECT_EQ(readingOf(text).report.failure().reason, FailureReason::unknown);
 }
 
+TEST(DashlaneCSVTest, readsWhatLacksItsName) {
+    const Reading reading = readingOf(
+        "type,account_name,cc_number,code,expiration_month,expiration_year,account_number,"
+        "name\n"
+        "bank,,,,,,DE02,Giro\n"
+        ",Ann,4111,,3, ,,\n");
+    const Outcome expected = {
+        .notes = {{.color = {}, .title = "Giro", .content = "account_number: DE02"}},
+        .cards = {{.cardNumber = "4111",
+                   .custName = "",
+                   .holderName = "Ann",
+                   .cvv = "",
+                   .pin = "",
+                   .note = "",
+                   .expirationMonth = 3}}};
+    EXPECT_EQ(reading.records, expected);
+    EXPECT_TRUE(reading.extras.back().empty());
+    const Reading old =
+        readingOf(Layout::dashlanePositionalCSV,
+                  "{5e1f0c2a-77b3-4d19-a0c4-0d9e3b6f1a22},Card,Ann Berg,4000,2029\n");
+    EXPECT_EQ(old.records.notes.at(0).title, "Card");
+    EXPECT_EQ(old.records.notes.at(0).content, "Ann Berg\n4000\n2029");
+}
+
+TEST(DashlaneCSVTest, takesTheFileOfWhichTheHeaderHasTheMostNames) {
+    const Reading reading =
+        readingOf("title,note,type,account_name,cc_number,code,expiration_month,expiration_year\n"
+                  "more,n,payment_card,Ann,4111,,3,2027\n");
+    ASSERT_EQ(reading.records.cards.size(), 1);
+    EXPECT_EQ(reading.records.cards[0].note, "n");
+    EXPECT_EQ(reading.extras.at(0), "other title=more\n");
+}
+
 } // namespace
 
 } // namespace Rellinor::Tests

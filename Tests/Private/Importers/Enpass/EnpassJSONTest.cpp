@@ -109,6 +109,37 @@ TEST(EnpassJSONTest, endsWhereFoldersStandInEachOther) {
     EXPECT_TRUE(reading.extras.at(0).ends_with("b/a\n"));
 }
 
+TEST(EnpassJSONTest, readsFieldsOfEveryType) {
+    const Reading reading = read(R"({"items":[
+ {"category":"login","title":"t-x","new":"u-1","trashed":false,"fields":[
+  {"type":"email","label":"mail","value":"t-a@b"},
+  {"type":"phone","label":"call","value":"t-555"},
+  {"type":"password","label":"second","value":""},
+  {"type":"pin","label":"door","value":"t-17"},
+  {"type":"ccTxnpassword","label":"txn","value":"t-18"},
+  {"type":"ccPin","label":"card pin","value":"t-19"},
+  {"type":"ccCvc","label":"card code","value":"t-20"},
+  {"type":"section","label":"more","value":"t-21"}]},
+ {"category":"computer","title":"t-y","fields":[
+  {"type":"username","label":"user","value":"t-root"},
+  {"type":"password","label":"old","value":"u-2","deleted":true},
+  {"type":"password","label":"pass","value":""}]},
+ {"category":"spaceship","title":"t-z","fields":[{"label":"hull","value":"t-red"}]},
+ {"category":"login","title":"u-3","trashed":true}]})");
+    const Outcome expected = {
+        .passwords = {{.username = "t-a@b", .password = "", .url = "", .service = "t-x"}},
+        .notes = {{.color = {}, .title = "t-y", .content = "user: t-root"},
+                  {.color = {}, .title = "t-z", .content = "hull: t-red"}}};
+    EXPECT_EQ(reading.records, expected);
+    EXPECT_EQ(reading.extras.at(0),
+              "phone call=t-555\ncustomSecret door=t-17\ncustomSecret txn=t-18\n"
+              "customSecret card pin=t-19\ncustomSecret card code=t-20\ncustomText more=t-21\n");
+    EXPECT_EQ(reading.unread("other members"), 1);
+    EXPECT_EQ(reading.leftOut(LeftOutReason::trashed), 1);
+    EXPECT_EQ(reading.found(FindingKind::arrivedAsNote, "unknown kind"), 1);
+    EXPECT_EQ(reading.found(FindingKind::valueOfOtherType), 0);
+}
+
 } // namespace
 
 } // namespace Rellinor::Tests

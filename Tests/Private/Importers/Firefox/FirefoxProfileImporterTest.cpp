@@ -1,5 +1,6 @@
 #include "Private/Importers/Firefox/FirefoxProfileImporter.hpp"
 
+#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -154,6 +155,29 @@ TEST_F(FirefoxProfileImporterTest, letsTheSourceTellWhatItDrops) {
               (Told<LeftOutReason>{{LeftOutReason::fieldOfOtherType, "encryptedUsername", 1},
                                    {LeftOutReason::missingField, "hostname", 1}}));
     EXPECT_TRUE(accountsForAll(read));
+}
+
+TEST_F(FirefoxProfileImporterTest, tellsWhatIsNoStoreFromAnEmptyOne) {
+    EXPECT_EQ(readExport(ExportFile::inMemory("{}", ""), {.as = Layout::firefoxProfile})
+                  .report.failure()
+                  .reason,
+              FailureReason::noStore);
+    signons({});
+    EXPECT_EQ(copyOf(read().records), Outcome{});
+    const TemporaryFolder text;
+    (void)text.file("signons.sqlite", std::string(2000, 'x'));
+    EXPECT_EQ(readAs(Layout::firefoxProfile, text.path().native()).report.failure().reason,
+              FailureReason::unknown);
+    const TemporaryFolder other;
+    std::filesystem::create_directory(other / "signons.sqlite");
+    EXPECT_EQ(readAs(Layout::firefoxProfile, other.path().native()).report.failure().reason,
+              FailureReason::notAFile);
+}
+
+TEST_F(FirefoxProfileImporterTest, tellsNothingOfListsWithoutEntries) {
+    logins(R"({"logins":[],"potentiallyVulnerablePasswords":[],)"
+           R"("dismissedBreachAlertsByLoginGUID":null})");
+    EXPECT_TRUE(read().report.unread().empty());
 }
 
 } // namespace

@@ -2,6 +2,8 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -140,6 +142,84 @@ TEST(KeePassXMLTest, failsWithTheLineOfWhatIsNotXML) {
     EXPECT_EQ(read("<other/>").report.failure().reason, FailureReason::wrongShape);
     EXPECT_EQ(read("<KeePassFile/>").delivered(), 0);
     EXPECT_FALSE(read("<KeePassFile/>").records.error);
+}
+
+TEST(KeePassXMLTest, keepsEachStringThatHoldsSomething) {
+    const Reading reading = read(entry(
+        string("Title", "<Value>x</Value>") + string("Title", "<Value/>") +
+        string("Notes", "<Value>n</Value>") + string("Notes", "<Value>m</Value>") +
+        string("Notes", "<Value/>") + string("URL", "<Value/>") + string("", "<Value/>") +
+        string("", "<Value>nameless</Value>") + string("nothing", "") +
+        string("TOTP Seed", "<Value>JBSW</Value>") +
+        string("TOTP Settings", "<Value>30;6</Value>") +
+        "<Times><ExpiryTime>2024-05-04T10:00:00Z</ExpiryTime><Expires>False</Expires></Times>"));
+    const Outcome expected = {
+        .passwords = {
+            {.username = "", .password = "", .url = "", .service = "x", .color = {}, .note = "n"}}};
+    EXPECT_EQ(reading.records, expected);
+    EXPECT_EQ(reading.extras.at(0), "customText Notes=m\ncustomText =nameless\n"
+                                    "oneTimePassword TOTP Seed=JBSW\n"
+                                    "customText TOTP Settings=30;6\nfolder Group=G\n");
+    EXPECT_TRUE(reading.report.unread().empty());
+}
+
+TEST(KeePassXMLTest, tellsOfWhatAPersonHasPutIntoTheProduct) {
+    const std::string title = string("Title", "<Value>x</Value>");
+    for (const auto& [element, part] : std::vector<std::pair<std::string, std::string_view>>{
+             {"<AutoType><DefaultSequence>{USERNAME}</DefaultSequence></AutoType>", "auto-type"},
+             {"<AutoType><Association><Window>w</Window></Association></AutoType>", "auto-type"},
+             {"<CustomData><Item><Key>k</Key><Value>v</Value></Item></CustomData>",
+              "data of plug-ins"},
+             {"<IconID>12</IconID>", "icons and colours"},
+             {string("KPEX_PASSKEY_PRIVATE_KEY_PEM", "<Value>k</Value>"), "passkeys"}}) {
+        const Reading reading = read(entry(title + element));
+        EXPECT_EQ(reading.unread(part), 1) << element;
+        EXPECT_EQ(reading.extras.at(0), "folder Group=G\n") << element;
+    }
+    EXPECT_TRUE(
+        read(entry(title +
+                   "<IconID>0</IconID><QualityCheck>False</QualityCheck><CustomIconUUID/><New/>"))
+            .report.unread()
+            .empty());
+}
+
+TEST(KeePassXMLTest, leavesOutAllThatIsInTheBin) {
+    const std::string gone = "<Entry>" + string("Title", "<Value>gone</Value>") + "</Entry>";
+    const std::string group = "<Group><UUID>BIN=</UUID><Name>Bin</Name>" + gone + "<Group>" + gone +
+                              "<Group>" + gone +
+                              "</Group><Group><Name>empty</Name></Group>"
+                              "</Group></Group>";
+    const auto with = [](std::string_view groups) {
+        return read("<KeePassFile><Meta><RecycleBinEnabled>True</RecycleBinEnabled>"
+                    "<RecycleBinUUID>BIN=</RecycleBinUUID></Meta><Root><Group><Name>R</Name>" +
+                    std::string(groups) +
+                    "</Group><DeletedObjects><DeletedObject/>"
+                    "</DeletedObjects></Root></KeePassFile>");
+    };
+    const Reading reading = with(group);
+    EXPECT_EQ(reading.delivered(), 0);
+    EXPECT_EQ(reading.leftOut(LeftOutReason::trashed), 3);
+    EXPECT_TRUE(reading.report.unread().empty());
+    EXPECT_TRUE(
+        with("<Group><UUID>BIN=</UUID><Name>Bin</Name></Group><Group/>").report.unread().empty());
+    EXPECT_EQ(
+        readingOf(Layout::keePassXML, ExportFile::atPath("/nowhere/x.xml")).report.failure().reason,
+        FailureReason::missing);
+}
+
+TEST(KeePassXMLTest, readsUTF16OfEitherOrder) {
+    const std::string text =
+        R"(<?xml version="1.0" encoding="utf-16"?>)" + entry(string("Title", "<Value>x</Value>"));
+    std::string little = "\xFF\xFE";
+    std::string big = "\xFE\xFF";
+    for (const char character : text) {
+        little += {character, '\0'};
+        big += {'\0', character};
+    }
+    for (const std::string& bytes : {little, big}) {
+        ASSERT_EQ(read(bytes).delivered(), 1);
+        EXPECT_EQ(read(bytes).records.passwords.at(0).service, "x");
+    }
 }
 
 } // namespace

@@ -78,6 +78,43 @@ TEST(KeeperJSONTest, losesOneValueForOneOfAnotherType) {
     expectSingleLosses(Layout::keeperJSON, vault);
 }
 
+TEST(KeeperJSONTest, readsNamesAndValuesOfCustomFields) {
+    const Reading reading = readingOf(Layout::keeperJSON, R"({"records":[
+ {"$type":"encryptedNotes","title":"t-note","new":"u-1",
+  "custom_fields":{"$note":"t-one","$note::2":"t-two","$text:a:b":"t-three","$text:a:":"t-four",
+   "$text:a:1:2":"t-five","$text":6,
+   "$passkey::1":{"privateKey":"u-2"}}},
+ {"$type":"bankCard","title":"t-card","custom_fields":{"$paymentCard":[
+   {"cardNumber":"t-4111","cardExpirationDate":"03/2027","brand":"t-Visa"}]}},
+ {"$type":"databaseCredentials","title":"t-base","login":"t-root","password":""},
+ {"$type":"wifiCredentials","title":"t-net","custom_fields":{
+   "$paymentCard":{"cardNumber":"t-4"},"":{"a":"t-5"},
+   "a name that is longer than all that anybody would write beside a value":{"b":"t-6"}}},
+ {"$type":"login","title":"t-login","custom_fields":{"$login::1":"t-ann"}}]})");
+    const Outcome expected = {
+        .passwords = {{.username = "t-ann", .password = "", .url = "", .service = "t-login"}},
+        .notes = {{.color = {}, .title = "t-note", .content = "t-one"},
+                  {.color = {}, .title = "t-base", .content = "login: t-root"},
+                  {.color = {},
+                   .title = "t-net",
+                   .content = "paymentCard cardNumber: t-4\na: t-5\nb: t-6"}},
+        .cards = {{.cardNumber = "t-4111",
+                   .custName = "t-card",
+                   .holderName = "",
+                   .cvv = "",
+                   .pin = "",
+                   .note = "",
+                   .expirationMonth = 3,
+                   .expirationYear = 2027}}};
+    EXPECT_EQ(reading.records, expected);
+    EXPECT_EQ(reading.extras.at(1), "customText note=t-two\ncustomText a:b=t-three\n"
+                                    "customText a:=t-four\ncustomText a:1=t-five\n"
+                                    "customText text=6\n");
+    EXPECT_EQ(reading.extras.back(), "customText brand=t-Visa\n");
+    EXPECT_EQ(reading.unread("other members"), 1);
+    EXPECT_EQ(reading.unread("passkeys"), 1);
+}
+
 } // namespace
 
 } // namespace Rellinor::Tests

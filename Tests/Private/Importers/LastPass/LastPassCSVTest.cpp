@@ -150,6 +150,42 @@ TEST(LastPassCSVTest, leavesOutWhatHasNothingButAFolder) {
     EXPECT_EQ(reading.extras, Extras{"furtherUserName username=u\ncustomSecret password=p\n"});
 }
 
+TEST(LastPassCSVTest, readsCardsOverLinesOfAnyEnd) {
+    const Reading reading = noteWith("NoteType:Credit Card\r\nName on Card:Ann\r\nNumber\r\n"
+                                     "Number:1\r\nExpiration Date:March,2027\r\n"
+                                     "Expiration Date:April,2028\r\nNotes:a\r\nb");
+    const Outcome expected = {.cards = {{.cardNumber = "1",
+                                         .custName = "Title",
+                                         .holderName = "Ann\r\nNumber",
+                                         .cvv = "",
+                                         .pin = "",
+                                         .note = "a\r\nb",
+                                         .expirationMonth = 3,
+                                         .expirationYear = 2027}}};
+    EXPECT_EQ(reading.records, expected);
+    EXPECT_EQ(reading.extras, Extras{"customText Expiration Date=April,2028\n"});
+    EXPECT_EQ(noteWith("NoteType:Credit Card\nNotes:n").records.cards.at(0).note, "n");
+}
+
+TEST(LastPassCSVTest, readsNotesThatWereWrittenWithoutQuotes) {
+    const Reading reading = readingOf(std::string(eightColumns) + "http://sn,,,,first line\n"
+                                                                  "second (\") line,title,,0\n"
+                                                                  "https://b,bob,test\",,,B,,0\n"
+                                                                  "https://a,ann,\"pw,,n,A,,0\n");
+    const Outcome expected = {
+        .passwords = {{.username = "bob", .password = "test\"", .url = "https://b", .service = "B"},
+                      {.username = "ann",
+                       .password = "\"pw",
+                       .url = "https://a",
+                       .service = "A",
+                       .color = {},
+                       .note = "n"}},
+        .notes = {{.color = {}, .title = "title", .content = "first line\nsecond (\") line"}}};
+    EXPECT_EQ(reading.records, expected);
+    EXPECT_EQ(reading.found(FindingKind::joinedLines), 1);
+    EXPECT_EQ(reading.found(FindingKind::runOnCell), 1);
+}
+
 } // namespace
 
 } // namespace Rellinor::Tests

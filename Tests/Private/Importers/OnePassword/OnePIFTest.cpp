@@ -120,40 +120,49 @@ TEST(OnePIFTest, readsKindsWithUserNameAndPasswordAsLogins) {
 }
 
 TEST(OnePIFTest, readsCards) {
-    const Reading reading =
-        read(std::string(card) + "\n" +
-             entry("wallet.financial.CreditCard",
-                   R"("title":"2","secureContents":{"ccnum":"4","sections":[{"fields":[)"
-                   R"({"k":"string","n":"ccnum","t":"number","v":"4"},)"
-                   R"({"k":"monthYear","n":"expiry","t":"expiry date","v":203112}]}]})") +
-             entry("wallet.financial.CreditCard",
-                   R"("title":"3","secureContents":{"expiry_mm":"13","expiry_yy":"soon"})"));
-    const Outcome expected = {.cards = {{.cardNumber = "t-number",
-                                         .custName = "t-title",
-                                         .holderName = "t-holder",
-                                         .cvv = "t-cvv",
-                                         .pin = "t-pin",
-                                         .note = "t-note",
-                                         .expirationMonth = 3,
-                                         .expirationYear = 2027},
-                                        {.cardNumber = "4",
-                                         .custName = "2",
-                                         .holderName = "",
-                                         .cvv = "",
-                                         .pin = "",
-                                         .note = "",
-                                         .expirationMonth = 12,
-                                         .expirationYear = 2031},
-                                        {.cardNumber = "",
-                                         .custName = "3",
-                                         .holderName = "",
-                                         .cvv = "",
-                                         .pin = "",
-                                         .note = ""}}};
+    const Reading reading = read(
+        std::string(card) + "\n" +
+        entry("wallet.financial.CreditCard",
+              R"("title":"2","secureContents":{"ccnum":"4","sections":[{"fields":[)"
+              R"({"k":"string","n":"ccnum","t":"number","v":"4"},)"
+              R"({"k":"monthYear","n":"expiry","t":"expiry date","v":203112}]}]})") +
+        entry("wallet.financial.CreditCard",
+              R"("title":"3","secureContents":{"expiry_mm":"13","expiry_yy":"soon"})") +
+        entry(
+            "wallet.financial.CreditCard",
+            R"("title":"4","secureContents":{"expiry":202703,"expiry_mm":"4","expiry_yy":"27"})"));
+    const Outcome expected = {
+        .cards = {
+            {.cardNumber = "t-number",
+             .custName = "t-title",
+             .holderName = "t-holder",
+             .cvv = "t-cvv",
+             .pin = "t-pin",
+             .note = "t-note",
+             .expirationMonth = 3,
+             .expirationYear = 2027},
+            {.cardNumber = "4",
+             .custName = "2",
+             .holderName = "",
+             .cvv = "",
+             .pin = "",
+             .note = "",
+             .expirationMonth = 12,
+             .expirationYear = 2031},
+            {.cardNumber = "", .custName = "3", .holderName = "", .cvv = "", .pin = "", .note = ""},
+            {.cardNumber = "",
+             .custName = "4",
+             .holderName = "",
+             .cvv = "",
+             .pin = "",
+             .note = "",
+             .expirationMonth = 3,
+             .expirationYear = 2027}}};
     EXPECT_EQ(reading.records, expected);
     EXPECT_EQ(reading.extras,
               (std::vector<std::string>{"customText bank=t-bank\n", "",
-                                        "customText expiry_mm=13\ncustomText expiry_yy=soon\n"}));
+                                        "customText expiry_mm=13\ncustomText expiry_yy=soon\n",
+                                        "customText expiry_mm=4\n"}));
     EXPECT_EQ(reading.found(FindingKind::unreadableDate, "expiry_mm"), 1);
 }
 
@@ -254,6 +263,29 @@ TEST(OnePIFTest, readsTheFolderThatAnExportIs) {
     const std::string path = files.file("data.1pif", card);
     const std::string_view whole = std::string_view(path).substr(0, path.rfind('/'));
     EXPECT_EQ(readingOf(Layout::onePassword1PIF, ExportFile::atPath(whole)).delivered(), 1);
+}
+
+TEST(OnePIFTest, readsWhatStandsOutsideOfItsPlace) {
+    const Reading reading =
+        read(R"({"typeName":"system.folder.Regular","uuid":"F"})"
+             "\n"
+             R"({"typeName":"system.folder.Regular","title":"Work"})"
+             "\n" +
+             entry("wallet.computer.UnixServer",
+                   R"("title":"a","title":"","title":"b","folderUuid":"F","new":1,"pin":"2",)"
+                   R"("URLs":[{"url":"https://a.example"}],)"
+                   R"("secureContents":{"pin":"3","telephonePin":"4","sections":[{"fields":[)"
+                   R"({"k":"URL","n":"s","t":"site","v":"https://b.example"}]}]})"));
+    const Outcome expected = {
+        .passwords = {
+            {.username = "", .password = "", .url = "https://a.example", .service = "a"}}};
+    EXPECT_EQ(reading.records, expected);
+    EXPECT_EQ(reading.extras.at(0), "customSecret pin=3\ncustomSecret telephonePin=4\n"
+                                    "furtherURL site=https://b.example\n");
+    EXPECT_EQ(reading.leftOut(LeftOutReason::placeholder), 2);
+    EXPECT_EQ(reading.found(FindingKind::repeatedMember, "title"), 1);
+    EXPECT_EQ(reading.unread("other members"), 1);
+    EXPECT_EQ(reading.unread("folder that is not in the file"), 1);
 }
 
 } // namespace

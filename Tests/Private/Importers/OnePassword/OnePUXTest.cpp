@@ -162,6 +162,67 @@ TEST(OnePUXTest, keepsADateThatIsNone) {
     EXPECT_EQ(reading.found(FindingKind::unreadableDate, "expiry"), 1);
 }
 
+TEST(OnePUXTest, readsFieldsOfEveryType) {
+    const Reading reading = read(vaultOf(R"({"categoryUuid":"001","new":"u-1",
+ "overview":{"title":"t-A","new":"u-2"},
+ "details":{"new":"u-3","loginFields":[
+   {"value":"","id":"i1","name":"user","fieldType":"T","designation":"username"},
+   {"value":"t-tel","id":"i2","name":"tel","fieldType":"TEL"},
+   {"value":"t-site","id":"i3","name":"","fieldType":"U"},
+   {"value":"t-a@b","id":"i4","name":"mail","fieldType":"E"}],
+  "sections":[{"title":"","name":"u-s","hideAddAnotherField":true,"new":"u-4","fields":[
+   {"title":"sso","id":"x1","value":{"ssoLogin":{"provider":"t-provider",
+     "item":{"vaultUuid":"u-5","itemUuid":"u-6"}}}},
+   {"title":"text","id":"x2","value":{"ssoLogin":"t-text"}},
+   {"title":"ref","id":"x3","value":{"reference":"u-7"}},
+   {"title":"gender","id":"x4","value":{"gender":"t-female"},"new":"u-8"},
+   {"title":"mail","id":"x5","value":{"email":"t-c@d"}},
+   {"title":"code","id":"x6","value":{"totp":"t-otp"}},
+   {"title":"on","id":"x7","value":{"string":true}},
+   {"title":"none","id":"x8","value":{"string":null}}]}]}})"));
+    const Outcome expected = {
+        .passwords = {{.username = "t-a@b", .password = "", .url = "", .service = "t-A"}}};
+    EXPECT_EQ(reading.records, expected);
+    EXPECT_EQ(reading.extras.at(0), "phone tel=t-tel\n"
+                                    "furtherURL i3=t-site\n"
+                                    "customText sso=t-provider\n"
+                                    "customText text=t-text\n"
+                                    "customText gender=t-female\n"
+                                    "email mail=t-c@d\n"
+                                    "oneTimePassword code=t-otp\n"
+                                    "customText on=true\n");
+    EXPECT_EQ(reading.unread("other members"), 1);
+    EXPECT_EQ(reading.unread("references to other items"), 1);
+    EXPECT_TRUE(reading.report.findings().empty());
+}
+
+TEST(OnePUXTest, leavesOutTheTrashAndKeepsAnEntryThatIsAnAddress) {
+    const Reading reading =
+        read(vaultOf(R"({"state":"trashed","overview":{"title":"a"}},)"
+                     R"({"state":"deleted","overview":{"title":"b"}},)"
+                     R"({"categoryUuid":"004","overview":{"url":"https://a.example"}},)"
+                     R"({"item":{"overview":{"title":"c"}},"file":{"path":"files/x"}})"));
+    EXPECT_EQ(reading.leftOut(LeftOutReason::trashed), 2);
+    EXPECT_EQ(reading.extras, (std::vector<std::string>{"furtherURL url=https://a.example\n", ""}));
+    EXPECT_EQ(reading.unread("attachments"), 2); // in the archive, and beside an entry
+}
+
+TEST(OnePUXTest, keepsEachOfManyFields) {
+    constexpr int count = 200;
+    std::string fields;
+    std::string extras;
+    for (int number = 0; number < count; ++number) {
+        const std::string digits = std::to_string(number);
+        fields += (number > 0 ? "," : "") + (R"({"id":"x)" + digits) + R"(","value":{"string":")" +
+                  digits + R"("}})";
+        extras += "customText x" + digits + "=" + digits + "\n";
+    }
+    EXPECT_EQ(read(vaultOf(R"({"categoryUuid":"001","details":{"sections":[{"fields":[)" + fields +
+                           "]}]}}"))
+                  .extras.at(0),
+              extras);
+}
+
 } // namespace
 
 } // namespace Rellinor::Tests

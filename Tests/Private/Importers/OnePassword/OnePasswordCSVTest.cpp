@@ -138,6 +138,71 @@ TEST(OnePasswordCSVTest, readsVersion7ForWindows) {
     EXPECT_EQ(reading.unread("identifier"), 5);
 }
 
+TEST(OnePasswordCSVTest, readsColumnsOfVersion7ForMacByTheirIdentifiers) {
+    const Reading reading = readingOf(
+        "Title,Type,Username,Password,Scope,Tags,user(username),secret(password),site(url),"
+        "month(expiry_mm),year(expiry_yy),mail(email),code(TOTP_1),bank password(bank_password),"
+        "phone (local),(x),open(id,empty(),two words(a b)\n"
+        R"(L,Login,,,,"{()"
+        "\n"
+        R"(    \"a b\",)"
+        "\n"
+        R"(    \"open,)"
+        "\n    \\\"\n"
+        R"()}",ann,pw,https://a.example,,,a@b,otp,bp,1,2,3,4,5)"
+        "\n"
+        R"(C,Credit Card,,,,"{(odd",,,,3,27,,,,,,,,)"
+        "\n"
+        "N,,,one,,\"odd)}\",,,,,,,,,,,,,\n");
+    const Outcome expected = {
+        .passwords =
+            {{.username = "ann", .password = "pw", .url = "https://a.example", .service = "L"},
+             {.username = "", .password = "one", .url = "", .service = "N"}},
+        .cards = {{.cardNumber = "",
+                   .custName = "C",
+                   .holderName = "",
+                   .cvv = "",
+                   .pin = "",
+                   .note = "",
+                   .expirationMonth = 3,
+                   .expirationYear = 2027}}};
+    EXPECT_EQ(reading.records, expected);
+    EXPECT_EQ(reading.extras,
+              (Extras{"tag Tags=a b\ntag Tags=\"open\ntag Tags=\"\nemail mail=a@b\n"
+                      "oneTimePassword code=otp\ncustomSecret bank password=bp\n"
+                      "other phone (local)=1\nother (x)=2\nother open(id=3\nother empty()=4\n"
+                      "other two words(a b)=5\n",
+                      "tag Tags=odd)}\n", "tag Tags={(odd\n"}));
+}
+
+TEST(OnePasswordCSVTest, readsSectionsOfVersion7ForWindows) {
+    const Reading reading = readingOf(
+        R"("UUID","TITLE","USERNAME","PASSWORD","URL","SCOPE","AUTOSUBMIT","1: PIN","X 2: NUMBER",)"
+        R"("SECTION A 1: PASSWORD","X 3: TELEPHONE PIN","X 4: SHIPPING ADDRESS","NAME 1: SEX",)"
+        R"("NOTE: X","A-: Y",": Z","8: NUMBER","9: EXPIRY DATE")"
+        "\n"
+        R"("u1","A","","pw","","","","1","2","3","4","5","6","7","8","10","9","")"
+        "\n"
+        R"("u2","B","","","https://b","","","","","","","","","","","","","")"
+        "\n"
+        R"("u3","C","","","","","","","","","","","female","","","","","")"
+        "\n"
+        R"("u4","D","","","","","","","","","","","","","","","","soon")"
+        "\n");
+    const Outcome expected = {
+        .passwords = {{.username = "", .password = "pw", .url = "", .service = "A"},
+                      {.username = "", .password = "", .url = "https://b", .service = "B"}},
+        .notes = {{.color = {}, .title = "C", .content = "NAME 1: SEX: female"},
+                  {.color = {}, .title = "D", .content = "9: EXPIRY DATE: soon"}}};
+    EXPECT_EQ(reading.records, expected);
+    EXPECT_EQ(reading.extras.at(0),
+              "customSecret 1: PIN=1\ncustomText X 2: NUMBER=2\n"
+              "customSecret SECTION A 1: PASSWORD=3\ncustomSecret X 3: TELEPHONE PIN=4\n"
+              "customText X 4: SHIPPING ADDRESS=5\ncustomText NAME 1: SEX=6\nother NOTE: X=7\n"
+              "other A-: Y=8\nother : Z=10\ncustomSecret 8: NUMBER=9\n");
+    EXPECT_EQ(reading.found(FindingKind::arrivedAsNote, "unknown kind"), 2);
+}
+
 } // namespace
 
 } // namespace Rellinor::Tests

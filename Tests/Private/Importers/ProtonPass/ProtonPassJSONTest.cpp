@@ -129,6 +129,7 @@ TEST(ProtonPassJSONTest, readsDatesOfAllVersions) {
     EXPECT_EQ(dateOf("2027-03"), "3/2027 ");
     EXPECT_EQ(dateOf("032027"), "3/2027 ");
     EXPECT_EQ(dateOf("122030"), "12/2030 ");
+    EXPECT_EQ(dateOf("203012"), "12/2030 ");
     EXPECT_EQ(dateOf(""), "0/0 ");
     EXPECT_EQ(dateOf("soon"), "0/0 customText expirationDate=soon\n");
 }
@@ -147,6 +148,24 @@ TEST(ProtonPassJSONTest, leavesOutTheTrashAndRefusesWhatIsEncrypted) {
     };
     EXPECT_EQ(archiveOf("Proton Pass/data.json").records, read(vault).records);
     EXPECT_EQ(archiveOf("Proton Pass/data.pgp").report.failure().reason, FailureReason::encrypted);
+}
+
+TEST(ProtonPassJSONTest, readsTheFieldsOfAnIdentityAndOfSections) {
+    const auto field = [](std::string_view name) {
+        return R"([{"fieldName":")" + std::string(name) +
+               R"(","type":"text","data":{"content":"t-)" + std::string(name) + R"("}}])";
+    };
+    const Reading reading = read(item(
+        R"("type":"identity","new":"u-1","metadata":{"name":"t-x","new":"u-4"},"content":{"fullName":"t-Ann",)"
+        R"("extraPersonalDetails":)" +
+            field("a") + R"(,"extraAddressDetails":)" + field("b") + R"(,"extraContactDetails":)" +
+            field("c") + R"(,"extraWorkDetails":)" + field("d") +
+            R"(,"extraSections":[{"sectionName":"","new":"u-2","sectionFields":)" + field("e") +
+            "}]}",
+        R"(,"new":"u-3")"));
+    EXPECT_EQ(reading.records.notes.at(0).content,
+              "fullName: t-Ann\na: t-a\nb: t-b\nc: t-c\nd: t-d\ne: t-e");
+    EXPECT_EQ(reading.unread("other members"), 1);
 }
 
 } // namespace

@@ -100,6 +100,21 @@ TEST(FaithfulTirelImporterTest, failsWithTheLineOfWhatIsNotJSON) {
     EXPECT_EQ(read("[]").report.failure().reason, FailureReason::wrongShape);
 }
 
+TEST(FaithfulTirelImporterTest, tellsOfMembersThatBelongElsewhere) {
+    const auto unreadOf = [](std::string_view login, std::string_view note, std::string_view card,
+                             std::string_view more = "") {
+        return read(R"({"logins":[{"pwd":"x")" + std::string(login) + R"(}],"notes":[{"text":"x")" +
+                    std::string(note) + R"(}],"cards":[{"pin":"1","expirationDate":{"day":1)" +
+                    std::string(card) + "}}]" + std::string(more) + "}")
+            .unread("other members");
+    };
+    EXPECT_EQ(unreadOf("", "", ""), 0);
+    EXPECT_EQ(unreadOf(R"(,"cvv":"2")", R"(,"pwd":"2")", R"(,"pin":"2")", R"(,"pin":1)"), 4);
+    EXPECT_EQ(
+        read(R"({"logins":[],"notes":[],"cards":[{"pin":"1","color":1}]})").unread("other members"),
+        1);
+}
+
 } // namespace
 
 } // namespace Rellinor::Tests
