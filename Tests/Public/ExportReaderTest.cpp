@@ -33,7 +33,7 @@ constexpr auto allSources =
 constexpr auto textSources =
     std::to_array({lastPass, dashlane, onePassword, tirel, keePass, keePassXC});
 
-ImportedExport readPath(std::string_view path, ReadOptions options) {
+ImportedExport readPath(std::string_view path, const ReadOptions& options) {
     return readExport(ExportFile::atPath(path), options);
 }
 

@@ -66,6 +66,8 @@ void VaultItemBuilder::addField(ItemField field, ExtraKind kind, std::string_vie
                                 std::string_view text) {
     if (isFieldOf(_item.shape, field) && _item[field].empty()) {
         _item[field] = text;
+    } else if (field == ItemField::username && kind == ExtraKind::customText) {
+        addValue(ExtraKind::furtherUserName, label, text);
     } else {
         addValue(kind, label, text);
     }

@@ -158,6 +158,8 @@ TEST(CredentialExchangeJSONTest, readsEveryCredentialOfAnItem) {
  "credentials":[
   {"type":"note","content":"t-one"},{"type":"note","content":{"value":"t-two"}},
   {"type":"basic-auth","username":null,"password":"t-pw","extensions":[{"name":"u-5"}]},
+  {"type":"basic-auth","username":"t-ann"},
+  {"type":"basic-auth","username":{"fieldType":"string","value":"t-bob"}},
   {"type":"ssh-key","keyType":"t-ed25519","privateKey":"t-private",
    "expiryDate":{"fieldType":"date","value":"t-2027-03-01","extensions":[{"name":"u-6"}]}},
   {"type":"custom-fields","label":"","extensions":[{"name":"u-7"}],"fields":[
@@ -166,7 +168,7 @@ TEST(CredentialExchangeJSONTest, readsEveryCredentialOfAnItem) {
    {"id":"cGlu","label":"PIN","fieldType":"concealed-string","value":"t-9"}]},
   {"type":"file","id":"u-8","name":"u-9"},
   {"type":"item-reference","reference":{"item":"u-10"}}]}]})");
-    const Outcome expected = {.passwords = {{.username = "",
+    const Outcome expected = {.passwords = {{.username = "t-ann",
                                              .password = "t-pw",
                                              .url = "t-adobe.com",
                                              .service = "t-x",
@@ -175,6 +177,7 @@ TEST(CredentialExchangeJSONTest, readsEveryCredentialOfAnItem) {
     EXPECT_EQ(reading.records, expected);
     EXPECT_EQ(reading.extras.at(0), "customText bundleId=t-app\ncustomText name=t-name\n"
                                     "customText note=t-two\n"
+                                    "furtherUserName username=t-bob\n"
                                     "customText keyType=t-ed25519\n"
                                     "customSecret privateKey=t-private\n"
                                     "customText expiryDate=t-2027-03-01\n"

@@ -169,7 +169,8 @@ TEST(OnePUXTest, readsFieldsOfEveryType) {
    {"value":"","id":"i1","name":"user","fieldType":"T","designation":"username"},
    {"value":"t-tel","id":"i2","name":"tel","fieldType":"TEL"},
    {"value":"t-site","id":"i3","name":"","fieldType":"U"},
-   {"value":"t-a@b","id":"i4","name":"mail","fieldType":"E"}],
+   {"value":"t-a@b","id":"i4","name":"mail","fieldType":"E","designation":"username"},
+   {"value":"t-ann","id":"i5","name":"old","fieldType":"T","designation":"username"}],
   "sections":[{"title":"","name":"u-s","hideAddAnotherField":true,"new":"u-4","fields":[
    {"title":"sso","id":"x1","value":{"ssoLogin":{"provider":"t-provider",
      "item":{"vaultUuid":"u-5","itemUuid":"u-6"}}}},
@@ -185,6 +186,7 @@ TEST(OnePUXTest, readsFieldsOfEveryType) {
     EXPECT_EQ(reading.records, expected);
     EXPECT_EQ(reading.extras.at(0), "phone tel=t-tel\n"
                                     "furtherURL i3=t-site\n"
+                                    "furtherUserName old=t-ann\n"
                                     "customText sso=t-provider\n"
                                     "customText text=t-text\n"
                                     "customText gender=t-female\n"
