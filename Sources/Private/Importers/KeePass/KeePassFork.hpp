@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <span>
 
-#include "Platform/Fault.hpp"
 #include "Private/Importers/KeePass/KeePassRecord.hpp"
 #include "Private/Proxies/CSVRecord.hpp"
 
@@ -35,13 +34,8 @@ inline constexpr auto allKeepassXCKeys = csvHeaders(std::array{
 
 /// All columns of a fork's export, in their order.
 [[nodiscard]] constexpr std::span<const CSVHeader> allKeys(KeePassFork fork) noexcept {
-    switch (fork) {
-    case KeePassFork::keepass:
-        return allKeepassKeys;
-    case KeePassFork::keepassXC:
-        return allKeepassXCKeys;
-    }
-    fault();
+    using Keys = std::span<const CSVHeader>;
+    return fork == KeePassFork::keepass ? Keys(allKeepassKeys) : Keys(allKeepassXCKeys);
 }
 
 inline constexpr auto requiredKeepassKeys = csvHeaders(std::array{
@@ -58,13 +52,8 @@ inline constexpr auto requiredKeepassXCKeys = csvHeaders(std::array{
 
 /// The columns of a fork's export without which there is no login.
 [[nodiscard]] constexpr std::span<const CSVHeader> requiredKeys(KeePassFork fork) noexcept {
-    switch (fork) {
-    case KeePassFork::keepass:
-        return requiredKeepassKeys;
-    case KeePassFork::keepassXC:
-        return requiredKeepassXCKeys;
-    }
-    fault();
+    using Keys = std::span<const CSVHeader>;
+    return fork == KeePassFork::keepass ? Keys(requiredKeepassKeys) : Keys(requiredKeepassXCKeys);
 }
 
 } // namespace Rellinor

@@ -91,13 +91,8 @@ void KeePassImporter::tellUnread(const RawRecord& record, Reporter& reporter) {
 
 Built<ImportedPassword> KeePassImporter::buildPassword(const RawRecord& record) const noexcept {
     require(_fork.has_value());
-    switch (*_fork) {
-    case KeePassFork::keepass:
-        return buildPasswordForKeepassOriginal(record);
-    case KeePassFork::keepassXC:
-        return buildPasswordForKeepassXC(record);
-    }
-    fault();
+    return _fork == KeePassFork::keepass ? buildPasswordForKeepassOriginal(record)
+                                         : buildPasswordForKeepassXC(record);
 }
 
 Built<ImportedPassword>

@@ -5,7 +5,6 @@
 #include <span>
 #include <string_view>
 
-#include "Platform/Fault.hpp"
 #include "Private/Proxies/RecordKey.hpp"
 
 namespace Rellinor {
@@ -63,13 +62,9 @@ inline constexpr auto telltaleSecureNoteColumns = std::array{
 
 /// The columns that decide whether a row of a kind carries anything.
 [[nodiscard]] constexpr std::span<const LastPassRecordKey> keys(LastPassRecordType type) noexcept {
-    switch (type) {
-    case LastPassRecordType::login:
-        return telltaleLoginColumns;
-    case LastPassRecordType::secureNote:
-        return telltaleSecureNoteColumns;
-    }
-    fault();
+    using Keys = std::span<const LastPassRecordKey>;
+    return type == LastPassRecordType::login ? Keys(telltaleLoginColumns)
+                                             : Keys(telltaleSecureNoteColumns);
 }
 
 } // namespace Rellinor
