@@ -210,13 +210,14 @@ TEST_F(ChromiumLoginsImporterTest, readsValuesOfEveryType) {
         (Outcome{.passwords = {{"1.5", "17", "a"},
                                {"", "", ""},
                                {"", "", ""},
-                               {.username = "", .password = "", .url = "", .note = "first"}}}));
+                               {.username = "", .password = "", .url = "", .note = "Zmlyc3Q="}}}));
     EXPECT_EQ(copyOf(read.extras.ofPassword(0)), (Extras{{ExtraKind::other, "a\"b", "new"}}));
     EXPECT_EQ(copyOf(read.extras.ofPassword(1)), (Extras{{ExtraKind::other, "a\"b", "only"}}));
     EXPECT_EQ(copyOf(read.extras.ofPassword(3)),
-              (Extras{{ExtraKind::customSecret, "two", "second"}}));
+              (Extras{{ExtraKind::customSecret, "two", "c2Vjb25k"}}));
     EXPECT_EQ(findingsOf(read.report),
-              (Told<FindingKind>{{FindingKind::valueOfOtherType, "date_password_modified", 1}}));
+              (Told<FindingKind>{{FindingKind::valueOfOtherType, "date_password_modified", 1},
+                                 {FindingKind::stillEncrypted, "password_notes", 2}}));
     EXPECT_EQ(leftOutOf(read.report), (Told<LeftOutReason>{{LeftOutReason::empty, "", 1}}));
     EXPECT_EQ(std::ranges::count(read.report.unread(), "note without a login", &Unread::part), 1);
     EXPECT_EQ(std::ranges::count(read.report.unread(), "column without a text", &Unread::part), 1);
