@@ -40,6 +40,9 @@ TEST(ArchiveTest, knowsWhatProductsWrite) {
         {{"anything.json"}, layoutFound("credential-exchange-json", possible)},
         {{"CXP-Export/index.jwe", "CXP-Export/documents/a.jwe"},
          obstructedBy(FailureReason::encrypted, "credential-exchange-json", certain)},
+        {{"a.csv", "b.json", "c.html", "d.bin"}, {}},
+        {{"a.csv", "b.json"}, {}},
+        {{"a.csv", "c.html"}, {}},
         {{"[Content_Types].xml", "xl/workbook.xml"}, {}},
         {{"export.data.bak", "my-export.data"}, {}},
         {{"Login Data"}, {}},
@@ -55,6 +58,8 @@ TEST(ArchiveTest, saysSoOfEncryptedFiles) {
     EXPECT_EQ(detected(archive({"credentials.csv"}, true)),
               obstructedBy(FailureReason::encrypted, "dashlane-zip", certain));
     EXPECT_EQ(detected(archive({"holiday.jpg"}, true)), obstructedBy(FailureReason::encrypted));
+    EXPECT_EQ(detected(archive({"credentials.csv", "payments.csv"}, true)),
+              obstructedBy(FailureReason::encrypted, "dashlane-zip", certain));
 }
 
 TEST(ArchiveTest, looksAtTheListOfALongArchive) {

@@ -147,6 +147,11 @@ TEST(ColumnsTest, takesSemicolonsAndTabsIfTheHeaderIsKnownSo) {
         EXPECT_EQ(detected(replaced(std::string(header), ',', '\t')), withoutSource(found));
         EXPECT_EQ(detected("sep=|\r\n" + replaced(std::string(header), ',', '|')),
                   withoutSource(found));
+        EXPECT_EQ(detected("sep=\t\n" + replaced(std::string(header), ',', '\t')),
+                  withoutSource(found));
+    }
+    for (const std::string_view line : {"sep=;;", "sep=a", "sep=\x7F", "sep=\"", "sep=\u00e9"}) {
+        EXPECT_EQ(detected(std::string(line) + "\ntitle;username;password\n").layout, "") << line;
     }
 }
 
@@ -238,7 +243,7 @@ TEST(ColumnsTest, knowsNoOtherTable) {
          {"a,b\n1,2\n", "a,b,c,d,e\n1,2,3,4,5\n", "A,https://a.example,c,d,e\nA,b,c,d,e\nA,b,c,d,e",
           "a,b,c,d,{01234567-89AB-cdef-0123-456789ABCDEG}\n", ",,,,\n", "one\ntwo\n", "x",
           "a,b,{01234567-89AB-cdef-0123-456789ABCDEF}\n", "A,c++://a,c,d,e\n", "A,://a,c,d,e\n",
-          "A,https://a.example,https://b.example,d,e\n"}) {
+          "A,{://a,c,d,e\n", "A,https://a.example,https://b.example,d,e\n"}) {
         EXPECT_EQ(detected(text), Found{}) << text;
     }
 }

@@ -137,8 +137,8 @@ TEST(DetectTest, knowsTextThatIsNotInUTF8) {
     EXPECT_EQ(detected("url,username,password,extra,name,grouping,fav\n,caf\xE9,,,,,\n"),
               obstructedBy(FailureReason::notUTF8, "lastpass-csv", certain));
     EXPECT_EQ(detected("caf\xE9\n"), obstructedBy(FailureReason::notUTF8));
-    EXPECT_EQ(detected("-----BEGIN PGP MESSAGE-----\nComment: caf\xE9\n").obstacle,
-              FailureReason::encrypted);
+    EXPECT_EQ(detected("{\"encrypted\":true,\"data\":\"caf\xE9\"}"),
+              obstructedBy(FailureReason::encrypted, "bitwarden-json", certain));
 }
 
 TEST(DetectTest, doesNotMindACharacterThatIsCutAtTheEndOfWhatItLooksAt) {
@@ -197,6 +197,11 @@ TEST_F(DetectDatabaseTest, knowsNoOtherDatabase) {
                               "CREATE TABLE logins2 (origin_url, username_value);")),
               Found{});
     EXPECT_EQ(detected("SQLite format 3\0 and no more"sv), Found{});
+}
+
+TEST_F(DetectDatabaseTest, knowsADatabaseOfTheLargestPages) {
+    EXPECT_EQ(detectedAt(made("PRAGMA page_size = 65536;" + std::string(chromeTable))),
+              layoutFound("chromium-logins", certain, ImportSource::chrome));
 }
 
 TEST_F(DetectDatabaseTest, knowsTheBytesOfADatabase) {

@@ -126,10 +126,12 @@ TEST(JSONMembersTest, knowsTheLinesOf1Password) {
               records(certain));
     EXPECT_EQ(detected(R"({"uuid":"1","securityLevel":"SL5","secureContents":{}})"),
               records(likely));
+    EXPECT_EQ(detected("***a***\n***b***\n{\"uuid\":\"1\",\"typeName\":\"x\"}"), records(certain));
+    EXPECT_EQ(detected("***not one\n{\"uuid\":\"1\",\"typeName\":\"x\"}"), records(likely));
     for (const std::string_view text :
-         {R"({"a":"{\"uuid\":1,\"typeName\":2}"})", R"({"uuid":"1","a":"typeName"})",
-          R"({"uuid":"1","typeName")", R"( {"uuid":"1","typeName":"x"})", R"({"uuid":"typeName"})",
-          "***separator***\n"}) {
+         {R"({"uuid":"1","a":"{\"typeName\":2}"})", R"({"a":"{\"uuid\":1,\"typeName\":2}"})",
+          R"({"uuid":"1","a":"typeName"})", R"({"uuid":"1","typeName")",
+          R"( {"uuid":"1","typeName":"x"})", R"({"uuid":"typeName"})", "***separator***\n"}) {
         EXPECT_EQ(detected(text), Found{}) << text;
     }
 }

@@ -183,7 +183,7 @@ TEST(LastPassCSVTest, readsNotesThatWereWrittenWithoutQuotes) {
         .notes = {{.color = {}, .title = "title", .content = "first line\nsecond (\") line"}}};
     EXPECT_EQ(reading.records, expected);
     EXPECT_EQ(reading.found(FindingKind::joinedLines), 1);
-    EXPECT_EQ(reading.found(FindingKind::strayQuote), 1); // in the cell that it opens
+    EXPECT_EQ(reading.found(FindingKind::strayQuote), 3);
 }
 
 } // namespace
