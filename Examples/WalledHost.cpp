@@ -1,6 +1,7 @@
 // A host that reads an export in a process without rights: whatever a stranger's file does to its
 // reader, the reader can give back texts and do nothing else. For Linux, with libseccomp.
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <fstream>
@@ -67,13 +68,10 @@ bool readBehindWall(std::string_view bytes, const std::string& name, int pipe) {
     if (!imported.records) {
         return false;
     }
-    for (const auto& login : imported.records->passwords) {
-        if (!write(pipe, login->username()) || !write(pipe, login->password()) ||
-            !write(pipe, login->url())) {
-            return false;
-        }
-    }
-    return true;
+    return std::ranges::all_of(imported.records->passwords, [&](const auto& login) {
+        return write(pipe, login->username()) && write(pipe, login->password()) &&
+               write(pipe, login->url());
+    });
 }
 
 /// Takes the first text off those that were handed out; absent if there is no whole one.
