@@ -20,8 +20,8 @@ std::optional<SmallPassword> SmallPassword::of(const ImportedPassword& password)
     }
     const Texts texts = {password.username(), password.password(), password.url(),
                          password.service(), password.note()};
-    static constexpr char somewhere = '\0';
-    std::string_view first(&somewhere, 0); // not without data
+    constexpr std::string_view somewhere = "any";
+    std::string_view first = somewhere.substr(0, 0); // not without data
     for (const auto& text : texts) {
         if (text && !text->empty() && (first.empty() || addressOf(*text) < addressOf(first))) {
             first = *text;
