@@ -55,7 +55,7 @@ bool namesOtherFile(std::string_view end) noexcept {
     }
     const std::size_t endOfName = end.size() - sizeBehindName;
     const std::uint32_t length = numberAt(end, endOfName);
-    if (length == 0 || length > longestPath() || length > endOfName) {
+    if (length == 0 || length > endOfName) {
         return false;
     }
     const std::string_view name = end.substr(endOfName - length, length);
