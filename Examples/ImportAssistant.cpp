@@ -10,7 +10,6 @@
 #include <iostream>
 #include <string>
 #include <string_view>
-#include <thread>
 #include <utility>
 
 #include <Rellinor/Rellinor.hpp>
@@ -22,18 +21,15 @@ using namespace std::chrono_literals;
 /// Reads a file on a thread of its own.
 class Reading {
 public:
-    explicit Reading(Rellinor::ExportFile file) {
-        std::packaged_task<Rellinor::ImportedExport()> task([this, file = std::move(file)] {
-            Rellinor::ReadOptions options;
-            options.onProgress = [this](const Rellinor::Progress& progress) {
-                _percent = progress.total > 0 ? progress.done * 100 / progress.total : 0;
-                return !_isCancelled; // false ends the reading
-            };
-            return Rellinor::readExport(file, options);
-        });
-        _imported = task.get_future();
-        _thread = std::jthread(std::move(task));
-    }
+    explicit Reading(Rellinor::ExportFile file)
+        : _imported(std::async(std::launch::async, [this, file = std::move(file)] {
+              Rellinor::ReadOptions options;
+              options.onProgress = [this](const Rellinor::Progress& progress) {
+                  _percent = progress.total > 0 ? progress.done * 100 / progress.total : 0;
+                  return !_isCancelled; // false ends the reading
+              };
+              return Rellinor::readExport(file, options);
+          })) {}
 
     void cancel() { _isCancelled = true; }
 
@@ -49,8 +45,7 @@ public:
 private:
     std::atomic<bool> _isCancelled = false;
     std::atomic<std::uint64_t> _percent = 0;
-    std::future<Rellinor::ImportedExport> _imported;
-    std::jthread _thread;
+    std::future<Rellinor::ImportedExport> _imported; // whose end waits for the thread
 };
 
 /// Says what the file is, or why it cannot be read and what to do about that.

@@ -1,7 +1,6 @@
 // A host that reads an export in a process without rights: whatever a stranger's file does to its
 // reader, the reader can give back texts and do nothing else. For Linux, with libseccomp.
 
-#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <fstream>
@@ -68,10 +67,12 @@ bool readBehindWall(std::string_view bytes, const std::string& name, int pipe) {
     if (!imported.records) {
         return false;
     }
-    return std::ranges::all_of(imported.records->passwords, [&](const auto& login) {
-        return write(pipe, login->username()) && write(pipe, login->password()) &&
-               write(pipe, login->url());
-    });
+    bool isWritten = true;
+    for (const auto& login : imported.records->passwords) {
+        isWritten = isWritten && write(pipe, login->username()) && write(pipe, login->password()) &&
+                    write(pipe, login->url());
+    }
+    return isWritten;
 }
 
 /// Takes the first text off those that were handed out; absent if there is no whole one.
