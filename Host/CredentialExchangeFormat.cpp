@@ -345,11 +345,6 @@ private:
 
 } // namespace
 
-void CredentialExchangeFormat::write(std::string_view /*path*/, const ImportedExport& imported,
-                                     const Masking& /*masking*/, std::ostream& /*out*/) {
-    _imports.push_back(imported);
-}
-
 void CredentialExchangeFormat::finish(std::ostream& out) {
     constexpr std::string_view nobody;
 
@@ -385,7 +380,7 @@ void CredentialExchangeFormat::finish(std::ostream& out) {
     json.member("email", nobody);
     json.key("items");
     json.beginArray();
-    for (const ImportedExport& imported : _imports) {
+    for (const ImportedExport& imported : imports()) {
         writeList(imported, &ImportedRecords::passwords, &Extras::ofPassword);
         writeList(imported, &ImportedRecords::notes, &Extras::ofNote);
         writeList(imported, &ImportedRecords::cards, &Extras::ofCard);

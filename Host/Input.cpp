@@ -9,6 +9,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "Host/Descriptor.hpp"
+
 namespace Rellinor::Host {
 
 namespace {
@@ -16,26 +18,6 @@ namespace {
 using Bytes = std::vector<char, WipingAllocator<char>>;
 
 constexpr std::string_view standardInput = "-";
-
-/// A file descriptor, which closes in the end unless it is the standard input.
-class Descriptor {
-public:
-    explicit Descriptor(int number) noexcept : _number(number) {}
-
-    ~Descriptor() {
-        if (_number > STDIN_FILENO) {
-            ::close(_number);
-        }
-    }
-
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-
-    [[nodiscard]] int number() const noexcept { return _number; }
-
-private:
-    int _number;
-};
 
 /// Whether a path names a pipe that the process was started with. Any other pipe may wait for ever
 /// for somebody to write.

@@ -75,11 +75,6 @@ void writeEntry(const ImportedCardInfoProviding& card, std::span<const Extra> ex
 
 } // namespace
 
-void TirelFormat::write(std::string_view /*path*/, const ImportedExport& imported,
-                        const Masking& /*masking*/, std::ostream& /*out*/) {
-    _imports.push_back(imported);
-}
-
 void TirelFormat::finish(std::ostream& out) {
     using enum TirelExportData::CodingKeys;
 
@@ -87,7 +82,7 @@ void TirelFormat::finish(std::ostream& out) {
     const auto writeList = [&](auto name, auto recordsOf, auto extrasOf) {
         json.key(stringValue(name));
         json.beginArray();
-        for (const ImportedExport& imported : _imports) {
+        for (const ImportedExport& imported : imports()) {
             const auto& records = (*imported.records).*recordsOf;
             for (std::size_t i = 0; i < records.size(); ++i) {
                 json.beginObject();

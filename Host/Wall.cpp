@@ -21,6 +21,8 @@
 #endif
 #endif
 
+#include "Host/Descriptor.hpp"
+
 namespace Rellinor::Host {
 
 namespace {
@@ -30,26 +32,6 @@ namespace {
 /// All that every system with Landlock tells apart, but to read.
 constexpr std::uint64_t stopped = ((LANDLOCK_ACCESS_FS_MAKE_SYM << 1U) - 1) &
                                   ~(LANDLOCK_ACCESS_FS_READ_FILE | LANDLOCK_ACCESS_FS_READ_DIR);
-
-/// A file descriptor, which closes in the end.
-class Descriptor {
-public:
-    explicit Descriptor(long number) noexcept : _number(static_cast<int>(number)) {}
-
-    ~Descriptor() {
-        if (_number >= 0) {
-            ::close(_number);
-        }
-    }
-
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-
-    [[nodiscard]] int number() const noexcept { return _number; }
-
-private:
-    int _number;
-};
 
 /// Closes all folders but one to every change of files; all of them if its name is empty.
 void closeFolders(const std::string& outputFolder) noexcept {

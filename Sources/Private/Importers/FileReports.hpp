@@ -9,12 +9,24 @@
 #include "Private/Proxies/PIFLines.hpp"
 #include "Private/Reports/LineCounter.hpp"
 #include "Private/Reports/Reporter.hpp"
+#include "Private/Text/UTF16.hpp"
 
 namespace Rellinor {
 
 /// How many bytes a file may have.
 [[nodiscard]] inline std::uint64_t largestFileFor(const Reporter* reporter) noexcept {
     return reporter != nullptr ? reporter->limits().largestFile : anyNumberOfBytes;
+}
+
+/// A text that was UTF-16. Tells the reporter what of it had to be repaired.
+///
+/// @throws std::bad_alloc
+[[nodiscard]] inline DecodedUTF16 decodedUTF16(std::string_view text, Reporter& reporter) {
+    DecodedUTF16 decoded = decodedUTF16(text);
+    if (decoded.replaced > 0) {
+        reporter.foundMany(FindingKind::repairedText, {}, decoded.replaced);
+    }
+    return decoded;
 }
 
 /// Tells the reporter, which may be null, that positions are offsets in the text of a CSV file, and

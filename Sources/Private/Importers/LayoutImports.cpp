@@ -15,6 +15,7 @@
 #include "Private/Importers/CredentialExchange/CredentialExchangeJSON.hpp"
 #include "Private/Importers/Dashlane/DashlaneZip.hpp"
 #include "Private/Importers/Enpass/EnpassJSON.hpp"
+#include "Private/Importers/FileReports.hpp"
 #include "Private/Importers/Firefox/FirefoxProfileImporter.hpp"
 #include "Private/Importers/Importer.hpp"
 #include "Private/Importers/KeePass/KeePassXML.hpp"
@@ -103,10 +104,7 @@ Assembled readUTF16(const ExportFile& file, Layout layout, Reporter& reporter) {
         return failedImport(contents.error(), reporter);
     }
     const std::span<const char> bytes = contents->bytes();
-    DecodedUTF16 text = decodedUTF16({bytes.data(), bytes.size()});
-    if (text.replaced > 0) {
-        reporter.foundMany(FindingKind::repairedText, {}, text.replaced);
-    }
+    DecodedUTF16 text = decodedUTF16({bytes.data(), bytes.size()}, reporter);
     return readUTF8(ExportFile::inMemory(text.view(), file.name()), layout, reporter);
 }
 

@@ -3,6 +3,7 @@
 #include <span>
 #include <utility>
 
+#include "Private/Importers/FileReports.hpp"
 #include "Private/Importers/JSONExport.hpp"
 #include "Private/Text/UTF16.hpp"
 
@@ -21,10 +22,7 @@ std::string_view MembersImport::textOf(const ZipMember& member, ImportMemory& me
     if (!hasUTF16Mark(text)) {
         return text;
     }
-    DecodedUTF16 decoded = decodedUTF16(text);
-    if (decoded.replaced > 0) {
-        _reporter.foundMany(FindingKind::repairedText, {}, decoded.replaced);
-    }
+    DecodedUTF16 decoded = decodedUTF16(text, _reporter);
     const std::span<const char> utf8 =
         memory.adopt({.buffer = std::move(decoded.buffer), .begin = 0, .size = decoded.size});
     return {utf8.data(), utf8.size()};

@@ -58,16 +58,15 @@ std::expected<FilePart, FailureReason> ExportMembers::beginning(const ZipMember&
     if (_archive) {
         return _archive->beginning(member, most);
     }
-    const auto file = OpenFile::at(pathOf(member));
+    auto file = OpenFile::at(pathOf(member));
     if (!file) {
         return std::unexpected(reasonOf(file.error()));
     }
-    WipedBuffer buffer(most);
-    const auto size = file->read(0, buffer.bytes());
-    if (!size) {
+    auto part = FileParts(*std::move(file)).part(0, most);
+    if (!part) {
         return std::unexpected(FailureReason::unreadable);
     }
-    return FilePart(std::move(buffer), *size);
+    return *std::move(part);
 }
 
 } // namespace Rellinor
