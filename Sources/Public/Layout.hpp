@@ -6,48 +6,19 @@
 #include <string_view>
 
 #include <Rellinor/Export.hpp>
+#include <Rellinor/rellinorLayouts.h>
 
 namespace Rellinor {
 
-/// The files and stores that products write today. A number keeps its meaning for ever; new layouts
-/// get new numbers.
+// NOLINTNEXTLINE(cppcoreguidelines-macro-usage): the list is one
+#define RELLINOR_LAYOUT_NUMBER(number, name, nameInC, identifier, description) name = (number),
+
+/// The files and stores that products write today, as `RELLINOR_LAYOUTS` lists them. A number
+/// keeps its meaning for ever; new layouts get new numbers.
 enum class Layout : std::uint16_t { // NOLINT(performance-enum-size): it grows
-    lastPassCSV = 1,
-    dashlaneCSV = 2, ///< any one of the CSV files with a header that Dashlane writes
-    dashlaneZip = 3,
-    dashlanePositionalCSV = 4, ///< before about 2021, without a header
-    keePassCSV = 5,
-    keePassXML = 6,
-    keePassXCCSV = 7,
-    onePassword1PIF = 8,
-    onePassword1PUX = 9,
-    onePassword8CSV = 10,
-    onePassword7MacCSV = 11,
-    onePassword7WindowsCSV = 12,
-    chromiumCSV = 13,
-    chromiumLogins = 14, ///< the database "Login Data" of a profile
-    firefoxCSV = 15,
-    firefoxProfile = 16, ///< a profile folder
-    appleCSV = 17,
-    safariZip = 18,
-    bitwardenCSV = 19,
-    bitwardenJSON = 20,
-    bitwardenZip = 21,
-    protonPassCSV = 22,
-    protonPassJSON = 23,
-    protonPassZip = 24,
-    nordPassCSV = 25,
-    enpassJSON = 26,
-    enpassCSV = 27,
-    keeperJSON = 28,
-    keeperCSV = 29,
-    roboFormCSV = 30,
-    strongboxCSV = 31,
-    credentialExchangeJSON = 32,
-    tirelJSON = 33,
-    genericCSV = 34, ///< any CSV file whose header names a password column and others
-    buttercupCSV = 35,
+    RELLINOR_LAYOUTS(RELLINOR_LAYOUT_NUMBER, RELLINOR_LAYOUT_NUMBER)
 };
+#undef RELLINOR_LAYOUT_NUMBER
 
 /// All layouts, in the order of their numbers.
 [[nodiscard]] RELLINOR_PUBLIC std::span<const Layout> allLayouts() noexcept;

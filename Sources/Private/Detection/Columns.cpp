@@ -23,25 +23,29 @@ Detection detection(const CSVLayout& layout, Confidence confidence,
 std::optional<Detection> detectProduct(const CSVColumnNames& header) noexcept {
     const CSVLayout* best = nullptr;
     Confidence confidence = Confidence::none;
-    for (const CSVLayout* const layout : csvLayouts()) {
-        const Confidence own = header.confidenceIn(*layout);
+    const auto compare = [&](const CSVLayout& table) {
+        const Confidence own = header.confidenceIn(table);
         const std::size_t most = best != nullptr ? best->required.size() : 0;
-        if (own == Confidence::none || layout->required.size() < most) {
-            continue;
+        if (own == Confidence::none || table.required.size() < std::max<std::size_t>(most, 1)) {
+            return;
         }
-        if (best == nullptr || layout->required.size() > most) {
-            best = layout;
+        if (table.required.size() > most) {
+            best = &table;
             confidence = own;
-        } else if (layout->layout != best->layout) {
+        } else if (table.layout != best->layout) {
             confidence = std::min(confidence, Confidence::likely);
         }
+    };
+    for (const Layout layout : allLayouts()) {
+        std::ranges::for_each(csvTablesOf(layout), compare);
     }
     return best != nullptr ? std::optional(detection(*best, confidence, header)) : std::nullopt;
 }
 
 std::optional<Detection> detectUsualNames(const CSVColumnNames& header) noexcept {
-    const Confidence confidence = header.confidenceIn(genericCSV);
-    return confidence != Confidence::none ? std::optional(detection(genericCSV, confidence, header))
+    const CSVLayout& usual = genericCSV.front();
+    const Confidence confidence = header.confidenceIn(usual);
+    return confidence != Confidence::none ? std::optional(detection(usual, confidence, header))
                                           : std::nullopt;
 }
 

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "Private/Importers/CSVLayouts.hpp"
 #include "Private/Proxies/CSVHeaderRow.hpp"
 #include "Private/Text/Letters.hpp"
 
@@ -18,7 +17,7 @@ CSVColumnNames headerOf(Beginning beginning, char separator, bool isAnnounced) {
     if (!rows.next(cells)) {
         cells.clear();
     }
-    // The specified imports know commas and line feeds.
+    // The imports of the first door know commas and line feeds.
     const bool isPlain = separator == ',' && !isAnnounced && !rows.hasCarriageReturnsOnly();
     return {std::move(cells), separator, isPlain};
 }
@@ -51,7 +50,7 @@ bool CSVColumnNames::isExactly(ColumnNames names) const noexcept {
 }
 
 bool CSVColumnNames::fits(const CSVLayout& layout) const noexcept {
-    if (&layout != &genericCSV) {
+    if (layout.layout != Layout::genericCSV) {
         return hasAll(layout.required);
     }
     const auto names = [&](CSVField field) {
@@ -70,7 +69,7 @@ Confidence CSVColumnNames::confidenceIn(const CSVLayout& layout) const noexcept 
     if (!fits(layout)) {
         return Confidence::none;
     }
-    if (&layout == &genericCSV) {
+    if (layout.layout == Layout::genericCSV) {
         return Confidence::likely;
     }
     if (layout.others == OtherColumns::any) {

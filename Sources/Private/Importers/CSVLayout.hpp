@@ -57,7 +57,9 @@ struct CSVLayout {
     Layout layout;
     std::string_view product;
     std::string_view evidence = {}; ///< the names that tell, for people
-    ColumnNames required = {};      ///< all of them have to be there; none without a header
+    /// All of them have to be there. None for a file without a header, and for one whose usual
+    /// names tell.
+    ColumnNames required = {};
     std::span<const CSVColumn> columns = {}; ///< the required ones, and others that it may have
     OtherColumns others = OtherColumns::any;
     /// The source that takes a header of `exactNames`, in any order.
@@ -86,5 +88,8 @@ struct CSVLayout {
     /// Sees to the rest, once the cells are read and the kind is known as far as cells tell it.
     void (*finish)(CSVItem& item) = nullptr;
 };
+
+/// The tables of one layout: one for each kind of file that the layout stands for.
+using CSVTables = std::span<const CSVLayout>;
 
 } // namespace Rellinor

@@ -83,7 +83,7 @@ Assembled readUTF8(const ExportFile& file, Layout layout, Reporter& reporter) {
     case tirelJSON:
         return readAs<FaithfulTirelImporter>(file, reporter);
     default:
-        return isCSV(layout) ? readCSV(file, layout, reporter)
+        return !csvTablesOf(layout).empty() ? readCSV(file, layout, reporter)
                              : failedImport(FailureReason::notRead, reporter);
     }
 }

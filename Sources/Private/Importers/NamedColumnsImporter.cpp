@@ -64,19 +64,16 @@ struct Choice {
     char separator = ',';
 };
 
-/// The table of a layout with the most names that fit a text.
-std::optional<Choice> chosen(Layout layout, std::string_view text) {
+/// The table with the most names that fit a text.
+std::optional<Choice> chosen(CSVTables tables, std::string_view text) {
     const auto headers = headersOf({.text = text, .isWhole = true});
     for (const CSVColumnNames& header : headers) {
         const CSVLayout* best = nullptr;
-        for (const CSVLayout* const table : csvLayouts()) {
-            const bool fits = table->layout == layout && header.fits(*table);
-            if (fits && (best == nullptr || table->required.size() > best->required.size())) {
-                best = table;
+        for (const CSVLayout& table : tables) {
+            const bool isBetter = best == nullptr || table.required.size() > best->required.size();
+            if (isBetter && header.fits(table)) {
+                best = &table;
             }
-        }
-        if (layout == Layout::genericCSV && header.fits(genericCSV)) {
-            best = &genericCSV;
         }
         if (best != nullptr) {
             return Choice{.table = best, .separator = header.separator()};
@@ -97,22 +94,18 @@ CSVRows NamedColumnsImporter::read(const ExportFile& file, ImportMemory& memory,
         throw ReadError(FailureReason::noRows);
     }
     reporter->expect(text.size());
-    const auto tables = csvLayoutsWithoutHeader();
-    const auto table = std::ranges::find(tables, _layout, &CSVLayout::layout);
-    if (table == tables.end()) {
-        return rowsWithHeader(text);
-    }
-    _table = *table;
-    return rowsWithoutHeader(text);
+    const CSVTables tables = csvTablesOf(_layout);
+    _table = &tables.front();
+    return _table->readRow == nullptr ? rowsWithHeader(text) : rowsWithoutHeader(text);
 }
 
 CSVRows NamedColumnsImporter::rowsWithHeader(std::span<char> text) {
-    const auto choice = chosen(_layout, {text.data(), text.size()});
+    const auto choice = chosen(csvTablesOf(_layout), {text.data(), text.size()});
     if (!choice) {
         throw ReadError(FailureReason::wrongColumns);
     }
     _table = choice->table;
-    if (_table == &genericCSV) {
+    if (_layout == Layout::genericCSV) {
         _reporter->foundMany(FindingKind::lastResort, {}, 1);
     }
     CSVRows rows = rowsOf(text, 0, choice->separator);

@@ -18,6 +18,8 @@
 #include <stddef.h>
 #include <stdint.h>
 
+#include "rellinorLayouts.h"
+
 /// Marks what the library lets be seen from outside.
 #define RELLINOR_VISIBLE __attribute__((visibility("default")))
 
@@ -49,6 +51,10 @@
     typedef int32_t name;                                                                          \
     enum
 #endif
+
+/// One case of `rellinor_layout`.
+#define RELLINOR_LAYOUT_CASE(number, name, nameInC, identifier, description)                       \
+    RELLINOR_LAYOUT_##nameInC = (number),
 
 /// The version of this header.
 #define RELLINOR_VERSION "0.1.0"
@@ -225,46 +231,11 @@ RELLINOR_VISIBLE int64_t rellinor_card_expiration_year(const rellinor_result* re
 // The second door. What the C++ headers Layout.hpp, Detection.hpp, ExportReader.hpp, Extras.hpp and
 // ImportReport.hpp say of these names holds here too.
 
-/// The files and stores that products write today; none is 0.
+/// The files and stores that products write today, as RELLINOR_LAYOUTS lists them; none is 0.
 RELLINOR_ENUM(rellinor_layout) {
     RELLINOR_LAYOUT_NONE = 0, ///< no layout
-    RELLINOR_LAYOUT_LAST_PASS_CSV = 1,
-    /// any one of the CSV files with a header that Dashlane writes
-    RELLINOR_LAYOUT_DASHLANE_CSV = 2,
-    RELLINOR_LAYOUT_DASHLANE_ZIP = 3,
-    RELLINOR_LAYOUT_DASHLANE_POSITIONAL_CSV = 4, ///< before about 2021, without a header
-    RELLINOR_LAYOUT_KEE_PASS_CSV = 5,
-    RELLINOR_LAYOUT_KEE_PASS_XML = 6,
-    RELLINOR_LAYOUT_KEE_PASS_XC_CSV = 7,
-    RELLINOR_LAYOUT_ONE_PASSWORD_1PIF = 8,
-    RELLINOR_LAYOUT_ONE_PASSWORD_1PUX = 9,
-    RELLINOR_LAYOUT_ONE_PASSWORD_8_CSV = 10,
-    RELLINOR_LAYOUT_ONE_PASSWORD_7_MAC_CSV = 11,
-    RELLINOR_LAYOUT_ONE_PASSWORD_7_WINDOWS_CSV = 12,
-    RELLINOR_LAYOUT_CHROMIUM_CSV = 13,
-    RELLINOR_LAYOUT_CHROMIUM_LOGINS = 14, ///< the database "Login Data" of a profile
-    RELLINOR_LAYOUT_FIREFOX_CSV = 15,
-    RELLINOR_LAYOUT_FIREFOX_PROFILE = 16, ///< a profile folder
-    RELLINOR_LAYOUT_APPLE_CSV = 17,
-    RELLINOR_LAYOUT_SAFARI_ZIP = 18,
-    RELLINOR_LAYOUT_BITWARDEN_CSV = 19,
-    RELLINOR_LAYOUT_BITWARDEN_JSON = 20,
-    RELLINOR_LAYOUT_BITWARDEN_ZIP = 21,
-    RELLINOR_LAYOUT_PROTON_PASS_CSV = 22,
-    RELLINOR_LAYOUT_PROTON_PASS_JSON = 23,
-    RELLINOR_LAYOUT_PROTON_PASS_ZIP = 24,
-    RELLINOR_LAYOUT_NORD_PASS_CSV = 25,
-    RELLINOR_LAYOUT_ENPASS_JSON = 26,
-    RELLINOR_LAYOUT_ENPASS_CSV = 27,
-    RELLINOR_LAYOUT_KEEPER_JSON = 28,
-    RELLINOR_LAYOUT_KEEPER_CSV = 29,
-    RELLINOR_LAYOUT_ROBO_FORM_CSV = 30,
-    RELLINOR_LAYOUT_STRONGBOX_CSV = 31,
-    RELLINOR_LAYOUT_CREDENTIAL_EXCHANGE_JSON = 32,
-    RELLINOR_LAYOUT_TIREL_JSON = 33,
-    /// any CSV file whose header names a password column and others
-    RELLINOR_LAYOUT_GENERIC_CSV = 34,
-    RELLINOR_LAYOUT_BUTTERCUP_CSV = 35,
+
+    RELLINOR_LAYOUTS(RELLINOR_LAYOUT_CASE, RELLINOR_LAYOUT_CASE)
 };
 
 /// How many layouts there are.

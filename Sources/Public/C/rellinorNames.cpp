@@ -24,45 +24,6 @@ static_assert(RELLINOR_SOURCE_KEE_PASS == std::to_underlying(ImportSource::keePa
 static_assert(RELLINOR_SOURCE_KEE_PASS_XC == std::to_underlying(ImportSource::keePassXC));
 static_assert(RELLINOR_SOURCE_FIREFOX == std::to_underlying(ImportSource::firefox));
 
-static_assert(RELLINOR_LAYOUT_LAST_PASS_CSV == std::to_underlying(Layout::lastPassCSV));
-static_assert(RELLINOR_LAYOUT_DASHLANE_CSV == std::to_underlying(Layout::dashlaneCSV));
-static_assert(RELLINOR_LAYOUT_DASHLANE_ZIP == std::to_underlying(Layout::dashlaneZip));
-static_assert(RELLINOR_LAYOUT_DASHLANE_POSITIONAL_CSV ==
-              std::to_underlying(Layout::dashlanePositionalCSV));
-static_assert(RELLINOR_LAYOUT_KEE_PASS_CSV == std::to_underlying(Layout::keePassCSV));
-static_assert(RELLINOR_LAYOUT_KEE_PASS_XML == std::to_underlying(Layout::keePassXML));
-static_assert(RELLINOR_LAYOUT_KEE_PASS_XC_CSV == std::to_underlying(Layout::keePassXCCSV));
-static_assert(RELLINOR_LAYOUT_ONE_PASSWORD_1PIF == std::to_underlying(Layout::onePassword1PIF));
-static_assert(RELLINOR_LAYOUT_ONE_PASSWORD_1PUX == std::to_underlying(Layout::onePassword1PUX));
-static_assert(RELLINOR_LAYOUT_ONE_PASSWORD_8_CSV == std::to_underlying(Layout::onePassword8CSV));
-static_assert(RELLINOR_LAYOUT_ONE_PASSWORD_7_MAC_CSV ==
-              std::to_underlying(Layout::onePassword7MacCSV));
-static_assert(RELLINOR_LAYOUT_ONE_PASSWORD_7_WINDOWS_CSV ==
-              std::to_underlying(Layout::onePassword7WindowsCSV));
-static_assert(RELLINOR_LAYOUT_CHROMIUM_CSV == std::to_underlying(Layout::chromiumCSV));
-static_assert(RELLINOR_LAYOUT_CHROMIUM_LOGINS == std::to_underlying(Layout::chromiumLogins));
-static_assert(RELLINOR_LAYOUT_FIREFOX_CSV == std::to_underlying(Layout::firefoxCSV));
-static_assert(RELLINOR_LAYOUT_FIREFOX_PROFILE == std::to_underlying(Layout::firefoxProfile));
-static_assert(RELLINOR_LAYOUT_APPLE_CSV == std::to_underlying(Layout::appleCSV));
-static_assert(RELLINOR_LAYOUT_SAFARI_ZIP == std::to_underlying(Layout::safariZip));
-static_assert(RELLINOR_LAYOUT_BITWARDEN_CSV == std::to_underlying(Layout::bitwardenCSV));
-static_assert(RELLINOR_LAYOUT_BITWARDEN_JSON == std::to_underlying(Layout::bitwardenJSON));
-static_assert(RELLINOR_LAYOUT_BITWARDEN_ZIP == std::to_underlying(Layout::bitwardenZip));
-static_assert(RELLINOR_LAYOUT_PROTON_PASS_CSV == std::to_underlying(Layout::protonPassCSV));
-static_assert(RELLINOR_LAYOUT_PROTON_PASS_JSON == std::to_underlying(Layout::protonPassJSON));
-static_assert(RELLINOR_LAYOUT_PROTON_PASS_ZIP == std::to_underlying(Layout::protonPassZip));
-static_assert(RELLINOR_LAYOUT_NORD_PASS_CSV == std::to_underlying(Layout::nordPassCSV));
-static_assert(RELLINOR_LAYOUT_ENPASS_JSON == std::to_underlying(Layout::enpassJSON));
-static_assert(RELLINOR_LAYOUT_ENPASS_CSV == std::to_underlying(Layout::enpassCSV));
-static_assert(RELLINOR_LAYOUT_KEEPER_JSON == std::to_underlying(Layout::keeperJSON));
-static_assert(RELLINOR_LAYOUT_KEEPER_CSV == std::to_underlying(Layout::keeperCSV));
-static_assert(RELLINOR_LAYOUT_ROBO_FORM_CSV == std::to_underlying(Layout::roboFormCSV));
-static_assert(RELLINOR_LAYOUT_STRONGBOX_CSV == std::to_underlying(Layout::strongboxCSV));
-static_assert(RELLINOR_LAYOUT_CREDENTIAL_EXCHANGE_JSON ==
-              std::to_underlying(Layout::credentialExchangeJSON));
-static_assert(RELLINOR_LAYOUT_TIREL_JSON == std::to_underlying(Layout::tirelJSON));
-static_assert(RELLINOR_LAYOUT_GENERIC_CSV == std::to_underlying(Layout::genericCSV));
-static_assert(RELLINOR_LAYOUT_BUTTERCUP_CSV == std::to_underlying(Layout::buttercupCSV));
 static_assert(RELLINOR_CONFIDENCE_NONE == std::to_underlying(Confidence::none));
 static_assert(RELLINOR_CONFIDENCE_POSSIBLE == std::to_underlying(Confidence::possible));
 static_assert(RELLINOR_CONFIDENCE_LIKELY == std::to_underlying(Confidence::likely));

@@ -19,15 +19,19 @@ constexpr auto columns = std::array{
     CSVColumn{.name = "otpauth", .extra = ExtraKind::oneTimePassword},
 };
 
+constexpr auto tables = std::array{
+    CSVLayout{
+        .layout = Layout::appleCSV,
+        .product = "Apple Passwords or Safari",
+        .evidence = "the columns Title, URL, Username and Password, or these, Notes and OTPAuth",
+        .required = names,
+        .columns = columns,
+        .others = OtherColumns::none,
+    },
+};
+
 } // namespace
 
-constinit const CSVLayout appleCSV = {
-    .layout = Layout::appleCSV,
-    .product = "Apple Passwords or Safari",
-    .evidence = "the columns Title, URL, Username and Password, or these, Notes and OTPAuth",
-    .required = names,
-    .columns = columns,
-    .others = OtherColumns::none,
-};
+constinit const CSVTables appleCSV = tables;
 
 } // namespace Rellinor

@@ -66,15 +66,19 @@ constexpr auto kinds = std::array{
     CSVKindName{"note", CSVKind::note},
 };
 
+constexpr auto tables = std::array{
+    CSVLayout{
+        .layout = Layout::bitwardenCSV,
+        .product = "Bitwarden",
+        .evidence = "the columns login_uri, login_username, login_password and login_totp",
+        .required = names,
+        .columns = columns,
+        .kinds = kinds,
+    },
+};
+
 } // namespace
 
-constinit const CSVLayout bitwardenCSV = {
-    .layout = Layout::bitwardenCSV,
-    .product = "Bitwarden",
-    .evidence = "the columns login_uri, login_username, login_password and login_totp",
-    .required = names,
-    .columns = columns,
-    .kinds = kinds,
-};
+constinit const CSVTables bitwardenCSV = tables;
 
 } // namespace Rellinor

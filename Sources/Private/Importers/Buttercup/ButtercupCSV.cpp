@@ -30,15 +30,19 @@ constexpr auto columns = std::array{
     CSVColumn{.name = "note", .field = note},
 };
 
+constexpr auto tables = std::array{
+    CSVLayout{
+        .layout = Layout::buttercupCSV,
+        .product = "Buttercup",
+        .evidence = "the columns !type, !group_id and !group_name",
+        .required = names,
+        .columns = columns,
+        .kinds = kinds,
+    },
+};
+
 } // namespace
 
-constinit const CSVLayout buttercupCSV = {
-    .layout = Layout::buttercupCSV,
-    .product = "Buttercup",
-    .evidence = "the columns !type, !group_id and !group_name",
-    .required = names,
-    .columns = columns,
-    .kinds = kinds,
-};
+constinit const CSVTables buttercupCSV = tables;
 
 } // namespace Rellinor

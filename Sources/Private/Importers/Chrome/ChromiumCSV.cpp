@@ -18,15 +18,19 @@ constexpr auto columns = std::array{
     CSVColumn{.name = "note", .field = note},
 };
 
+constexpr auto tables = std::array{
+    CSVLayout{
+        .layout = Layout::chromiumCSV,
+        .product = "Chrome, Edge or another Chromium browser",
+        .evidence = "the columns name, url, username and password, or these and note",
+        .required = names,
+        .columns = columns,
+        .others = OtherColumns::none,
+    },
+};
+
 } // namespace
 
-constinit const CSVLayout chromiumCSV = {
-    .layout = Layout::chromiumCSV,
-    .product = "Chrome, Edge or another Chromium browser",
-    .evidence = "the columns name, url, username and password, or these and note",
-    .required = names,
-    .columns = columns,
-    .others = OtherColumns::none,
-};
+constinit const CSVTables chromiumCSV = tables;
 
 } // namespace Rellinor

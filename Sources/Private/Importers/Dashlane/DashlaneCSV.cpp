@@ -181,71 +181,73 @@ void readOldRow(CSVItem& item, std::span<const std::string_view> row) {
     item.add({.field = note, .text = row.back()});
 }
 
+constexpr auto dashlaneTables = std::array{
+    CSVLayout{
+        .layout = Layout::dashlaneCSV,
+        .product = product,
+        .evidence = "the columns username2 and username3",
+        .required = credentialNames,
+        .columns = credentialColumns,
+    },
+    CSVLayout{
+        .layout = Layout::dashlaneCSV,
+        .product = product,
+        .evidence = "the columns title and note alone",
+        .required = noteNames,
+        .columns = noteColumns,
+        .others = OtherColumns::none,
+        .usualKind = CSVKind::note,
+    },
+    CSVLayout{
+        .layout = Layout::dashlaneCSV,
+        .product = product,
+        .evidence = "the columns account_name, cc_number and code",
+        .required = paymentNames,
+        .columns = paymentColumns,
+        .kinds = paymentKinds,
+        .usualKind = CSVKind::card,
+        .finish = finishPayment,
+    },
+    CSVLayout{
+        .layout = Layout::dashlaneCSV,
+        .product = product,
+        .evidence = "the columns issue_date, expiration_date and place_of_issue",
+        .required = documentNames,
+        .columns = documentColumns,
+        .kinds = documentKinds,
+        .usualKind = CSVKind::other,
+    },
+    CSVLayout{
+        .layout = Layout::dashlaneCSV,
+        .product = product,
+        .evidence = "the columns first_name, middle_name, last_name and date_of_birth",
+        .required = personNames,
+        .columns = personColumns,
+        .kinds = personKinds,
+        .usualKind = CSVKind::other,
+    },
+    CSVLayout{
+        .layout = Layout::dashlaneCSV,
+        .product = product,
+        .evidence = "the columns ssid, passphrase and encription_type",
+        .required = networkNames,
+        .columns = networkColumns,
+        .usualKind = CSVKind::other,
+        .finish = finishNetwork,
+    },
+};
+
+constexpr auto dashlanePositionalTables = std::array{
+    CSVLayout{
+        .layout = Layout::dashlanePositionalCSV,
+        .product = product,
+        .readRow = readOldRow,
+    },
+};
+
 } // namespace
 
-constinit const CSVLayout dashlaneCredentialsCSV = {
-    .layout = Layout::dashlaneCSV,
-    .product = product,
-    .evidence = "the columns username2 and username3",
-    .required = credentialNames,
-    .columns = credentialColumns,
-};
-
-constinit const CSVLayout dashlaneNotesCSV = {
-    .layout = Layout::dashlaneCSV,
-    .product = product,
-    .evidence = "the columns title and note alone",
-    .required = noteNames,
-    .columns = noteColumns,
-    .others = OtherColumns::none,
-    .usualKind = CSVKind::note,
-};
-
-constinit const CSVLayout dashlanePaymentsCSV = {
-    .layout = Layout::dashlaneCSV,
-    .product = product,
-    .evidence = "the columns account_name, cc_number and code",
-    .required = paymentNames,
-    .columns = paymentColumns,
-    .kinds = paymentKinds,
-    .usualKind = CSVKind::card,
-    .finish = finishPayment,
-};
-
-constinit const CSVLayout dashlaneDocumentsCSV = {
-    .layout = Layout::dashlaneCSV,
-    .product = product,
-    .evidence = "the columns issue_date, expiration_date and place_of_issue",
-    .required = documentNames,
-    .columns = documentColumns,
-    .kinds = documentKinds,
-    .usualKind = CSVKind::other,
-};
-
-constinit const CSVLayout dashlanePersonsCSV = {
-    .layout = Layout::dashlaneCSV,
-    .product = product,
-    .evidence = "the columns first_name, middle_name, last_name and date_of_birth",
-    .required = personNames,
-    .columns = personColumns,
-    .kinds = personKinds,
-    .usualKind = CSVKind::other,
-};
-
-constinit const CSVLayout dashlaneNetworksCSV = {
-    .layout = Layout::dashlaneCSV,
-    .product = product,
-    .evidence = "the columns ssid, passphrase and encription_type",
-    .required = networkNames,
-    .columns = networkColumns,
-    .usualKind = CSVKind::other,
-    .finish = finishNetwork,
-};
-
-constinit const CSVLayout dashlanePositionalCSV = {
-    .layout = Layout::dashlanePositionalCSV,
-    .product = product,
-    .readRow = readOldRow,
-};
+constinit const CSVTables dashlaneCSV = dashlaneTables;
+constinit const CSVTables dashlanePositionalCSV = dashlanePositionalTables;
 
 } // namespace Rellinor

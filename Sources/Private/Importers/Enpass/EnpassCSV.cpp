@@ -82,13 +82,17 @@ void readRow(CSVItem& item, std::span<const std::string_view> row) {
     }
 }
 
+constexpr auto tables = std::array{
+    CSVLayout{
+        .layout = Layout::enpassCSV,
+        .product = "Enpass",
+        .lengthOfHeading = lengthOfHeading,
+        .readRow = readRow,
+    },
+};
+
 } // namespace
 
-constinit const CSVLayout enpassCSV = {
-    .layout = Layout::enpassCSV,
-    .product = "Enpass",
-    .lengthOfHeading = lengthOfHeading,
-    .readRow = readRow,
-};
+constinit const CSVTables enpassCSV = tables;
 
 } // namespace Rellinor

@@ -55,24 +55,27 @@ constexpr auto columns = std::array{
     CSVColumn{.name = "timepasswordchanged", .read = readPasswordChange},
 };
 
+constexpr auto tables = std::array{
+    CSVLayout{
+        .layout = Layout::firefoxCSV,
+        .product = "Firefox",
+        .evidence = "the columns httpRealm, formActionOrigin and guid",
+        .required = names,
+        .columns = columns,
+        .finish = finish,
+    },
+    CSVLayout{
+        .layout = Layout::firefoxCSV,
+        .product = "Firefox",
+        .evidence = "the columns httpRealm, formSubmitURL and guid",
+        .required = olderNames,
+        .columns = columns,
+        .finish = finish,
+    },
+};
+
 } // namespace
 
-constinit const CSVLayout firefoxCSV = {
-    .layout = Layout::firefoxCSV,
-    .product = "Firefox",
-    .evidence = "the columns httpRealm, formActionOrigin and guid",
-    .required = names,
-    .columns = columns,
-    .finish = finish,
-};
-
-constinit const CSVLayout olderFirefoxCSV = {
-    .layout = Layout::firefoxCSV,
-    .product = "Firefox",
-    .evidence = "the columns httpRealm, formSubmitURL and guid",
-    .required = olderNames,
-    .columns = columns,
-    .finish = finish,
-};
+constinit const CSVTables firefoxCSV = tables;
 
 } // namespace Rellinor

@@ -56,14 +56,18 @@ constexpr auto columns = std::array{
     CSVColumn{.name = "tags", .extra = folder},
 };
 
+constexpr auto tables = std::array{
+    CSVLayout{
+        .layout = Layout::genericCSV,
+        .product = {},
+        .evidence = "usual names of columns, the password's among them",
+        .columns = columns,
+        .others = OtherColumns::none,
+    },
+};
+
 } // namespace
 
-constinit const CSVLayout genericCSV = {
-    .layout = Layout::genericCSV,
-    .product = {},
-    .evidence = "usual names of columns, the password's among them",
-    .columns = columns,
-    .others = OtherColumns::none,
-};
+constinit const CSVTables genericCSV = tables;
 
 } // namespace Rellinor

@@ -40,28 +40,35 @@ constexpr auto keePassXCColumns = std::array{
     CSVColumn{.name = "created", .extra = createdAt},
 };
 
+constexpr auto keePassTables = std::array{
+    CSVLayout{
+        .layout = Layout::keePassCSV,
+        .product = "KeePass",
+        .evidence = "the columns Account, Login Name, Password, Web Site and Comments",
+        .required = keePassNames,
+        .columns = keePassColumns,
+        .source = ImportSource::keePass,
+        .exactNames = keePassExactNames,
+        .quotes = CSVQuotes::backslashed,
+    },
+};
+
+constexpr auto keePassXCTables = std::array{
+    CSVLayout{
+        .layout = Layout::keePassXCCSV,
+        .product = "KeePassXC",
+        .evidence = "the columns Group, Title, Username, Password, URL and Notes",
+        .required = keePassXCNames,
+        .columns = keePassXCColumns,
+        .others = OtherColumns::few,
+        .source = ImportSource::keePassXC,
+        .exactNames = keePassXCExactNames,
+    },
+};
+
 } // namespace
 
-constinit const CSVLayout keePassCSV = {
-    .layout = Layout::keePassCSV,
-    .product = "KeePass",
-    .evidence = "the columns Account, Login Name, Password, Web Site and Comments",
-    .required = keePassNames,
-    .columns = keePassColumns,
-    .source = ImportSource::keePass,
-    .exactNames = keePassExactNames,
-    .quotes = CSVQuotes::backslashed,
-};
-
-constinit const CSVLayout keePassXCCSV = {
-    .layout = Layout::keePassXCCSV,
-    .product = "KeePassXC",
-    .evidence = "the columns Group, Title, Username, Password, URL and Notes",
-    .required = keePassXCNames,
-    .columns = keePassXCColumns,
-    .others = OtherColumns::few,
-    .source = ImportSource::keePassXC,
-    .exactNames = keePassXCExactNames,
-};
+constinit const CSVTables keePassCSV = keePassTables;
+constinit const CSVTables keePassXCCSV = keePassXCTables;
 
 } // namespace Rellinor

@@ -44,12 +44,16 @@ void readRow(CSVItem& item, std::span<const std::string_view> row) {
     item.setKind(isLogin ? CSVKind::login : CSVKind::note);
 }
 
+constexpr auto tables = std::array{
+    CSVLayout{
+        .layout = Layout::keeperCSV,
+        .product = "Keeper",
+        .readRow = readRow,
+    },
+};
+
 } // namespace
 
-constinit const CSVLayout keeperCSV = {
-    .layout = Layout::keeperCSV,
-    .product = "Keeper",
-    .readRow = readRow,
-};
+constinit const CSVTables keeperCSV = tables;
 
 } // namespace Rellinor

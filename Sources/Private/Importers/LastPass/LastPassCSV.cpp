@@ -192,17 +192,21 @@ constexpr auto columns = std::array{
     CSVColumn{.name = "attachpresent", .unread = "attachments"},
 };
 
+constexpr auto tables = std::array{
+    CSVLayout{
+        .layout = Layout::lastPassCSV,
+        .product = "LastPass",
+        .evidence = "the columns extra, grouping and fav",
+        .required = names,
+        .columns = columns,
+        .source = ImportSource::lastPass,
+        .exactNames = names,
+        .finish = finish,
+    },
+};
+
 } // namespace
 
-constinit const CSVLayout lastPassCSV = {
-    .layout = Layout::lastPassCSV,
-    .product = "LastPass",
-    .evidence = "the columns extra, grouping and fav",
-    .required = names,
-    .columns = columns,
-    .source = ImportSource::lastPass,
-    .exactNames = names,
-    .finish = finish,
-};
+constinit const CSVTables lastPassCSV = tables;
 
 } // namespace Rellinor

@@ -109,16 +109,20 @@ constexpr auto kinds = std::array{
     CSVKindName{"folder", CSVKind::placeholder},
 };
 
+constexpr auto tables = std::array{
+    CSVLayout{
+        .layout = Layout::nordPassCSV,
+        .product = "NordPass",
+        .evidence = "the columns cardholdername, cardnumber, cvc and zipcode",
+        .required = names,
+        .columns = columns,
+        .kinds = kinds,
+        .finish = finish,
+    },
+};
+
 } // namespace
 
-constinit const CSVLayout nordPassCSV = {
-    .layout = Layout::nordPassCSV,
-    .product = "NordPass",
-    .evidence = "the columns cardholdername, cardnumber, cvc and zipcode",
-    .required = names,
-    .columns = columns,
-    .kinds = kinds,
-    .finish = finish,
-};
+constinit const CSVTables nordPassCSV = tables;
 
 } // namespace Rellinor

@@ -231,48 +231,57 @@ void finishWindows(CSVItem& item) {
     }
 }
 
+constexpr auto onePassword8Tables = std::array{
+    CSVLayout{
+        .layout = Layout::onePassword8CSV,
+        .product = product,
+        .evidence = "the columns OTPAuth, Favorite and Archived",
+        .required = names8,
+        .columns = columns8,
+    },
+};
+
+constexpr auto onePassword7MacTables = std::array{
+    CSVLayout{
+        .layout = Layout::onePassword7MacCSV,
+        .product = product,
+        .evidence = "the columns Title, Type and Scope",
+        .required = namesMac,
+        .columns = columnsMac,
+        .quotes = CSVQuotes::backslashed,
+        .otherColumn = columnWithIdentifier,
+        .finish = finishMac,
+    },
+    CSVLayout{
+        .layout = Layout::onePassword7MacCSV,
+        .product = product,
+        .evidence = "the columns Title, Type, Username and Password",
+        .required = namesMacChosen,
+        .columns = columnsMac,
+        .others = OtherColumns::none,
+        .quotes = CSVQuotes::backslashed,
+        .otherColumn = columnWithIdentifier,
+        .finish = finishMac,
+    },
+};
+
+constexpr auto onePassword7WindowsTables = std::array{
+    CSVLayout{
+        .layout = Layout::onePassword7WindowsCSV,
+        .product = product,
+        .evidence = "the columns UUID, SCOPE and AUTOSUBMIT",
+        .required = namesWindows,
+        .columns = columnsWindows,
+        .quotes = CSVQuotes::backslashed,
+        .otherColumn = columnOfSection,
+        .finish = finishWindows,
+    },
+};
+
 } // namespace
 
-constinit const CSVLayout onePassword8CSV = {
-    .layout = Layout::onePassword8CSV,
-    .product = product,
-    .evidence = "the columns OTPAuth, Favorite and Archived",
-    .required = names8,
-    .columns = columns8,
-};
-
-constinit const CSVLayout onePassword7MacCSV = {
-    .layout = Layout::onePassword7MacCSV,
-    .product = product,
-    .evidence = "the columns Title, Type and Scope",
-    .required = namesMac,
-    .columns = columnsMac,
-    .quotes = CSVQuotes::backslashed,
-    .otherColumn = columnWithIdentifier,
-    .finish = finishMac,
-};
-
-constinit const CSVLayout onePassword7MacChosenCSV = {
-    .layout = Layout::onePassword7MacCSV,
-    .product = product,
-    .evidence = "the columns Title, Type, Username and Password",
-    .required = namesMacChosen,
-    .columns = columnsMac,
-    .others = OtherColumns::none,
-    .quotes = CSVQuotes::backslashed,
-    .otherColumn = columnWithIdentifier,
-    .finish = finishMac,
-};
-
-constinit const CSVLayout onePassword7WindowsCSV = {
-    .layout = Layout::onePassword7WindowsCSV,
-    .product = product,
-    .evidence = "the columns UUID, SCOPE and AUTOSUBMIT",
-    .required = namesWindows,
-    .columns = columnsWindows,
-    .quotes = CSVQuotes::backslashed,
-    .otherColumn = columnOfSection,
-    .finish = finishWindows,
-};
+constinit const CSVTables onePassword8CSV = onePassword8Tables;
+constinit const CSVTables onePassword7MacCSV = onePassword7MacTables;
+constinit const CSVTables onePassword7WindowsCSV = onePassword7WindowsTables;
 
 } // namespace Rellinor

@@ -179,16 +179,20 @@ constexpr auto kinds = std::array{
     CSVKindName{"sshKey", CSVKind::other},    CSVKindName{"wifi", CSVKind::other},
 };
 
+constexpr auto tables = std::array{
+    CSVLayout{
+        .layout = Layout::protonPassCSV,
+        .product = "Proton Pass",
+        .evidence = "the columns type, totp, createTime and modifyTime",
+        .required = names,
+        .columns = columns,
+        .kinds = kinds,
+        .finish = finish,
+    },
+};
+
 } // namespace
 
-constinit const CSVLayout protonPassCSV = {
-    .layout = Layout::protonPassCSV,
-    .product = "Proton Pass",
-    .evidence = "the columns type, totp, createTime and modifyTime",
-    .required = names,
-    .columns = columns,
-    .kinds = kinds,
-    .finish = finish,
-};
+constinit const CSVTables protonPassCSV = tables;
 
 } // namespace Rellinor

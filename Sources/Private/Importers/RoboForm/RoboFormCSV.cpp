@@ -73,17 +73,21 @@ constexpr auto columns = std::array{
     CSVColumn{.name = "rf_fields", .read = readField},
 };
 
+constexpr auto tables = std::array{
+    CSVLayout{
+        .layout = Layout::roboFormCSV,
+        .product = "RoboForm",
+        .evidence = "the columns Login and Pwd",
+        .required = names,
+        .columns = columns,
+        .plain = withoutProtection,
+        .further = readField,
+        .finish = finish,
+    },
+};
+
 } // namespace
 
-constinit const CSVLayout roboFormCSV = {
-    .layout = Layout::roboFormCSV,
-    .product = "RoboForm",
-    .evidence = "the columns Login and Pwd",
-    .required = names,
-    .columns = columns,
-    .plain = withoutProtection,
-    .further = readField,
-    .finish = finish,
-};
+constinit const CSVTables roboFormCSV = tables;
 
 } // namespace Rellinor

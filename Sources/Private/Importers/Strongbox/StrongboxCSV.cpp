@@ -21,14 +21,18 @@ constexpr auto columns = std::array{
     CSVColumn{.name = "notes", .field = note},
 };
 
+constexpr auto tables = std::array{
+    CSVLayout{
+        .layout = Layout::strongboxCSV,
+        .product = "Strongbox",
+        .evidence = "the columns Title, Email, OTPAuth and Notes",
+        .required = names,
+        .columns = columns,
+    },
+};
+
 } // namespace
 
-constinit const CSVLayout strongboxCSV = {
-    .layout = Layout::strongboxCSV,
-    .product = "Strongbox",
-    .evidence = "the columns Title, Email, OTPAuth and Notes",
-    .required = names,
-    .columns = columns,
-};
+constinit const CSVTables strongboxCSV = tables;
 
 } // namespace Rellinor
