@@ -84,7 +84,7 @@ Assembled readUTF8(const ExportFile& file, Layout layout, Reporter& reporter) {
         return readAs<FaithfulTirelImporter>(file, reporter);
     default:
         return !csvTablesOf(layout).empty() ? readCSV(file, layout, reporter)
-                             : failedImport(FailureReason::notRead, reporter);
+                                            : failedImport(FailureReason::notRead, reporter);
     }
 }
 

@@ -90,7 +90,8 @@ const std::vector<KnownHeader>& headers() {
     return all;
 }
 
-/// The same without the import of the first door: it knows its columns as they are written, with commas.
+/// The same without the import of the first door: it knows its columns as they are written, with
+/// commas.
 Found withoutSource(Found found) {
     found.source.reset();
     return found;
