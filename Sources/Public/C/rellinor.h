@@ -18,7 +18,7 @@
 #include <stddef.h>
 #include <stdint.h>
 
-#include "rellinorLayouts.h"
+#include <Rellinor/rellinorLayouts.h>
 
 /// Marks what the library lets be seen from outside.
 #define RELLINOR_VISIBLE __attribute__((visibility("default")))
