@@ -30,6 +30,7 @@ struct Words {
     std::string source;
     std::string path;
     std::vector<std::string> programs;
+    std::vector<std::string> without;
     std::string alone;
     std::size_t rounds = 5;
     std::size_t times = 200;
@@ -51,6 +52,7 @@ void readWords(CLI::App& app, Words& words) {
     app.add_flag("--hostile", words.isHostile, "The import beside its floor alone; it may fail");
     app.add_option("--program", words.programs,
                    "A peer: NAME=PROGRAM, which is given SOURCE and FILE");
+    app.add_option("--without", words.without, "A peer that does not take part");
     app.add_option("--alone", words.alone, "Run this contestant once, in this process");
 }
 
@@ -98,6 +100,9 @@ std::vector<Contestant> othersOf(const Store& store, const Words& words,
             others.push_back(programOf(program, words));
         }
     }
+    std::erase_if(others, [&words](const Contestant& other) {
+        return std::ranges::find(words.without, other.name) != words.without.end();
+    });
     return others;
 }
 

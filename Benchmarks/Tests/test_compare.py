@@ -104,6 +104,11 @@ class CompareTest(unittest.TestCase):
         self.assertEqual((outcome.returncode, outcome.stdout), (1, ""))
         self.assertIn("import: its process failed", outcome.stderr)
 
+    def test_who_is_left_out(self):
+        result = self.measured("chrome", self.store("chrome"), "--rounds", "1", "--without", "sqlite",
+                               "--without", "nobody")
+        self.assertEqual(result["contestants"].keys(), {"import", "sqlite-nothing"})
+
     def test_one_alone(self):
         self.assertEqual(self.measured("chrome", self.store("chrome"), "--alone", "sqlite"),
                          ROWS - ROWS // 20)

@@ -9,6 +9,11 @@ from .stores import CONTESTANTS, STORES
 START = "<!-- measured by Scripts/benchmark -->"
 END = "<!-- end of what Scripts/benchmark measured -->"
 
+TABLES = 2  # of the largest files
+PYTHON = ("python-csv", "python-json")
+FLOORS = ("floor", "sqlite-nothing")
+NATIVE = ("libcsv", "simdjson-ondemand", "simdjson-dom", "rapidjson", "nlohmann-json", "sqlite")
+
 
 def rewritten(page, measured):
     """The page with another part between its markers."""
@@ -20,11 +25,11 @@ def rewritten(page, measured):
 
 
 def measured(description, results):
-    """`results`: for each store by its name, all that was measured of it."""
+    """`results`: for each store by its name, all that was measured of it. Each bound must hold."""
     stores = [(store, results[name]) for name, store in STORES.items() if name in results]
-    parts = [_head(description), _bounds(stores)]
-    parts += [_by_size(store, result) for store, result in stores]
-    parts += [_hostile(stores), _few(stores), _instructions(stores)]
+    sizes = sorted({int(size) for _, result in stores for size in result["sizes"]})
+    parts = [_head(description), _bounds(stores), *(_at(size, stores) for size in sizes[-TABLES:]),
+             _plots(stores), _hostile(stores), _few(stores)]
     return "\n".join(part for part in parts if part)
 
 
@@ -46,86 +51,96 @@ def _head(description):
 
 
 def _bounds(stores):
-    """A line for each bound, with the source that comes nearest to it: of hostile shapes, with the worst."""
+    """A line for each bound, with the sources that come nearest to it: of hostile shapes, with the worst."""
     worst = {}
     for store, result in stores:
         for verdict in verdicts(store, result):
-            key = verdict.what, "" if verdict.what.startswith("hostile") else verdict.where, verdict.limit
-            if key not in worst or _is_worse(verdict, worst[key][1]):
-                worst[key] = store, verdict
-    rows = [(verdict.what, verdict.where, verdict.limit, _number(verdict.value), store.title,
-             "holds" if verdict.holds else "**broken**") for store, verdict in worst.values()]
-    return "### Bounds\n\n" + _table(("What", "Where", "Bound", "Worst", "Source", ""), rows)
+            if not verdict.holds:
+                raise ValueError(f"{store.title}: {verdict.what} is {verdict.value:.2f}, not {verdict.limit}")
+            places = worst.setdefault((verdict.what, verdict.limit), {})
+            where = "" if verdict.what.startswith("hostile") else verdict.where
+            if where not in places or _is_worse(verdict, places[where][1]):
+                places[where] = store, verdict
+    rows = [(what, limit, "; ".join(f"{_number(verdict.value)}, {store.title}, {verdict.where}"
+                                    for store, verdict in places.values()))
+            for (what, limit), places in worst.items()]
+    return rows and "### Bounds\n\nAll of them hold.\n\n" + _table(("", "bound", "nearest to it"), rows)
 
 
 def _is_worse(verdict, other):
     return verdict.value < other.value if verdict.is_least else verdict.value > other.value
 
 
-def _by_size(store, result):
-    sizes = sorted(result["sizes"], key=int)
-    names = [name for name in CONTESTANTS
-             if any(name in result["sizes"][size]["contestants"] for size in sizes)]
-    rows = [(CONTESTANTS[name], *(_cell(result["sizes"][size], name) for size in sizes)) for name in names]
-    rows.append(("peak memory ÷ file", *(_peak(result["sizes"][size]) for size in sizes)))
-    rows.append(("file", *(f"{result['sizes'][size]['bytes'] / 1e6:.1f} MB" for size in sizes)))
-    return (f"### {store.title}\n\n![Time against size](benchmarks/{store.name}.svg)\n\n"
-            + _table(("", *(f"{int(size):,}" for size in sizes)), rows))
+def _at(size, stores):
+    rows = []
+    for store, result in stores:
+        found = result["sizes"].get(str(size))
+        if found:
+            rows.append((store.title, f"{found['bytes'] / 1e6:.1f} MB",
+                         f"{_number(_median(found, 'import') * 1e3)} ms",
+                         "".join(_number(_ratio(found, "import", name)) for name in _those(found, FLOORS)),
+                         _fastest(found), _others(found, PYTHON), _others(found, ("faithful",)), _peak(found)))
+    head = ("", "file", "time", "÷ floor", "fastest peer ÷ time", "Python ÷ time", "faithfully ÷ time",
+            "peak ÷ file")
+    return f"### {size:,} records\n\n" + _table(head, rows)
 
 
-def _cell(result, name):
-    """Milliseconds, and how many times as long as the import."""
-    if name not in result["contestants"]:
+def _those(found, names):
+    return [name for name in names if name in found["contestants"]]
+
+
+def _others(found, names):
+    return "".join(_number(_ratio(found, name, "import")) for name in _those(found, names))
+
+
+def _fastest(found):
+    ratios = {name: _ratio(found, name, "import") for name in _those(found, NATIVE)}
+    if not ratios:
         return ""
-    time = f"{_number(_median(result, name) * 1e3)} ms"
-    return time if name == "import" else f"{time}, {_number(_ratio(result, name, 'import'))} ×"
+    name = min(ratios, key=ratios.get)
+    return f"{_number(ratios[name])} ({CONTESTANTS[name]})"
+
+
+def _plots(stores):
+    links = ", ".join(f"[{store.title}](benchmarks/{store.name}.svg)" for store, _ in stores)
+    return f"Everybody's time against size: {links}.\n"
 
 
 def _hostile(stores):
-    return "\n".join(filter(None, (_hostile_to(stores, "import", "Hostile files, time ÷ floor"),
-                                   _hostile_to(stores, "faithful", "Hostile files, faithfully ÷ floor"))))
-
-
-def _hostile_to(stores, name, title):
-    shapes, columns = {}, []
+    """For each shape the source that takes longest."""
+    shapes = {}
     for store, result in stores:
-        for shape, measurement in result.get("hostile", {}).items():
-            if name in measurement["contestants"]:
-                shapes.setdefault(shape, {})[store.name] = _number(_ratio(measurement, name, "floor"))
-                columns += [store] if store not in columns else []
-    if not shapes:
-        return ""
-    rows = [(shape, *(values.get(store.name, "") for store in columns)) for shape, values in shapes.items()]
-    return f"### {title}\n\n" + _table(("", *(store.title for store in columns)), rows)
+        for shape, found in result.get("hostile", {}).items():
+            for name in _those(found, ("import", "faithful")):
+                shapes.setdefault(shape, {}).setdefault(name, []).append(
+                    (_ratio(found, name, "floor"), store.title))
+    rows = [(shape, *(", ".join((_number(value), title)) for value, title in map(max, ratios.values())))
+            for shape, ratios in shapes.items()]
+    rows = [row + ("",) * (3 - len(row)) for row in rows]
+    return rows and "### Hostile files, the slowest source\n\n" + _table(
+        ("", "time ÷ floor", "faithfully ÷ floor"), rows)
 
 
 def _few(stores):
     rows = []
     for store, result in stores:
-        warm, process = result.get("warm"), result.get("process")
-        if not warm or not process:
-            continue
-        floor = _number(_ratio(warm, "import", "floor")) if "floor" in warm["contestants"] else ""
-        rows.append((store.title, f"{_number(_median(warm, 'import') * 1e6)} µs", floor,
-                     *(f"{_number(statistics.median(process[name]) * 1e3)} ms"
-                       for name in ("rellinor", "wc", "true")),
-                     _number(ratio(process, "rellinor", "wc"))))
-    if not rows:
-        return ""
-    return ("### 500 logins\n\n" + _table(
-        ("", "warm import", "÷ floor", "`rellinor import`", "`wc -l`", "`/bin/true`", "rellinor ÷ wc"), rows))
+        warm, process, counts = (result.get(name) or {} for name in ("warm", "process", "instructions"))
+        if warm and process:
+            floor = _number(_ratio(warm, "import", "floor")) if "floor" in warm["contestants"] else ""
+            rows.append((store.title, f"{_number(_median(warm, 'import') * 1e6)} µs", floor,
+                         *(f"{_number(statistics.median(process[name]) * 1e3)} ms" for name in ("rellinor", "wc")),
+                         _number(ratio(process, "rellinor", "wc")), _instructions(counts)))
+    return rows and "### 500 records\n\n" + _table(
+        ("", "warm import", "÷ floor", "`rellinor import`", "`wc -l`", "÷ `wc -l`", "instructions a record"), rows)
 
 
-def _instructions(stores):
-    rows = []
-    for store, result in stores:
-        counts = result.get("instructions") or {}
-        if counts:
-            rows.append((store.title, ", ".join(f"{CONTESTANTS[name]} {counts[name]:,.0f}"
-                                                for name in CONTESTANTS if name in counts)))
-    if not rows:
+def _instructions(counts):
+    """Of the import, and of the peer that takes fewest."""
+    if "import" not in counts:
         return ""
-    return "### Instructions a record\n\n" + _table(("", "outside of the kernel"), rows)
+    fewest = min((name for name in NATIVE if name in counts), key=counts.get, default=None)
+    peer = f"; {CONTESTANTS[fewest]} {counts[fewest]:,.0f}" if fewest else ""
+    return f"{counts['import']:,.0f}{peer}"
 
 
 def _ratio(result, dividend, divisor):
@@ -146,5 +161,6 @@ def _number(value):
 
 
 def _table(head, rows):
-    lines = [head, ("---",) * len(head), *rows]
-    return "".join("| " + " | ".join(cells) + " |\n" for cells in lines)
+    used = [column for column in range(len(head)) if any(row[column] for row in rows)]
+    rows = [[row[column] for column in used] for row in (head, ("---",) * len(head), *rows)]
+    return "".join("| " + " | ".join(cells) + " |\n" for cells in rows)
