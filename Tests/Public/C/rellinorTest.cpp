@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include <Rellinor/Rellinor.hpp>
@@ -268,6 +269,47 @@ TEST(RellinorInCTest, wipesTheTextsWhenTheResultIsFreed) {
     EXPECT_EQ(present(rellinor_login_password(result.get(), 0)), "Violet-Harbor-82");
     // The buffer has a byte more than the file, to see the file's end.
     EXPECT_TRUE(givesBackZeros(std::filesystem::file_size(path) + 1, [&] { result.reset(); }));
+}
+
+// Writing a Tirel export
+
+using TirelExport = std::unique_ptr<rellinor_tirel_export, decltype(&rellinor_tirel_export_free)>;
+
+rellinor_text textIn(std::string_view text) {
+    return {.data = text.data(), .length = text.size()};
+}
+
+/// A Tirel export with one note.
+TirelExport exportOfNote(std::string_view text) {
+    const rellinor_tirel_note note{.color = 0, .label = {}, .text = textIn(text)};
+    rellinor_tirel_data data{};
+    data.notes = &note;
+    data.note_count = 1;
+    return {rellinor_tirel_export_new(&data), rellinor_tirel_export_free};
+}
+
+TEST(RellinorInCTest, writesAllOrNothingForLackOfMemory) {
+    const std::string text = std::string(10000, 'x') + '\xFF'; // in three pieces of memory
+    const std::string expected = present(rellinor_tirel_export_text(exportOfNote(text).get()));
+    const std::size_t before = piecesInUse();
+    std::size_t failed = 0;
+    for (std::size_t nth = 1;; ++nth) {
+        ASSERT_LT(nth, 100) << "every allocation failed";
+        TirelExport written(nullptr, rellinor_tirel_export_free);
+        failAllocation(nth, [&] { written = exportOfNote(text); });
+        if (written) {
+            EXPECT_EQ(present(rellinor_tirel_export_text(written.get())), expected);
+            break;
+        }
+        ++failed;
+        EXPECT_EQ(piecesInUse(), before);
+    }
+    EXPECT_GE(failed, 3);
+}
+
+TEST(RellinorInCTest, wipesTheTextWhenTheTirelExportIsFreed) {
+    TirelExport written = exportOfNote("x");
+    EXPECT_TRUE(givesBackZeros(4096, [&] { written.reset(); }));
 }
 
 } // namespace
