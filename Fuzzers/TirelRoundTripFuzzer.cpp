@@ -1,6 +1,7 @@
-// A Tirel export is decoded as it imports, and what is encoded or what Boost.JSON writes of it is
-// the same again.
+// A Tirel export is decoded as it imports, and what is encoded, what Boost.JSON writes of it or
+// what a host in C does is the same again.
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -15,6 +16,7 @@
 #include "Fuzzers/Driver/Imports.hpp"
 #include "Fuzzers/Driver/InputFile.hpp"
 #include "Tests/Support/TirelExport.hpp"
+#include "Tests/Support/TirelExportInC.hpp"
 
 namespace Rellinor::Fuzzers {
 
@@ -23,6 +25,20 @@ namespace {
 Tests::Outcome decoded(std::string_view text) {
     const auto data = TirelExportData::decode(text);
     return data ? Tests::outcomeOf(*data) : Tests::failedWithText();
+}
+
+/// What a host in C writes of this export.
+std::string writtenInC(std::string_view input) {
+    rellinor_read_options options{};
+    options.size = sizeof options;
+    options.as = RELLINOR_READ_AS_SOURCE;
+    options.source = RELLINOR_SOURCE_TIREL;
+    const std::unique_ptr<rellinor_result, decltype(&rellinor_result_free)> result(
+        rellinor_export_read_memory(input.data(), input.size(), "", &options),
+        &rellinor_result_free);
+    const auto written = Tests::tirelExportOf(*result);
+    const rellinor_text text = rellinor_tirel_export_text(written.get());
+    return {text.data, text.length};
 }
 
 } // namespace
@@ -40,6 +56,7 @@ void fuzz(std::string_view input) {
 
     const std::string text = data->encode();
     expect(decoded(text) == imported);
+    expect(writtenInC(input) == text);
     const auto read = boost::json::value_to<TirelExportData>(boost::json::parse(text));
     expect(Tests::outcomeOf(read) == imported);
     expect(read.encode() == text);

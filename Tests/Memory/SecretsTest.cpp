@@ -31,6 +31,7 @@
 #include "Tests/Memory/Store.hpp"
 #include "Tests/Support/OtherProcess.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
+#include "Tests/Support/TirelExportInC.hpp"
 #include "Tests/Support/Zip.hpp"
 
 // No secret outlives its record, anywhere in the memory of the process: exports full of canaries
@@ -422,6 +423,24 @@ TEST_P(TirelSecretsTest, areOnlyWhereTheHostCanOverwriteThem) {
         overwrite(*data);
         overwrite({text});
     }
+    expectNothing();
+}
+
+/// What a host in C imported and wrote. The records are gone before the text is.
+TEST_P(TirelSecretsTest, areGoneWithWhatTheCInterfaceWrites) {
+    TirelExportInC written(nullptr, ::rellinor_tirel_export_free);
+    _thread.ask([&] {
+        rellinor_importer* const importer = ::rellinor_importer_new();
+        rellinor_result* const result =
+            ::rellinor_importer_import(importer, _path.c_str(), RELLINOR_SOURCE_TIREL);
+        written = tirelExportOf(*result);
+        ::rellinor_result_free(result);
+        ::rellinor_importer_free(importer);
+    });
+    if (store().fate == Fate::imported) {
+        expectDelivered();
+    }
+    _thread.ask([&] { written.reset(); });
     expectNothing();
 }
 

@@ -597,6 +597,72 @@ typedef struct rellinor_failure {
 /// The failure; its reason is RELLINOR_FAILURE_NONE if there is nothing to tell.
 RELLINOR_VISIBLE rellinor_failure rellinor_report_failure(const rellinor_result* result);
 
+// Writing a Tirel export.
+
+/// A login as a Tirel export holds it. The texts of an entry are the caller's; one that is absent
+/// counts as empty, but for `cust_name`. The fields of a result may stand here as they are.
+typedef struct rellinor_tirel_login {
+    int64_t color;            ///< in Tirel's palette
+    rellinor_text cust_name;  ///< name of the entry; left out of the export if absent
+    rellinor_text login_name; ///< login name
+    rellinor_text note;       ///< free text
+    rellinor_text pwd;        ///< password
+    bool has_pwd_change;      ///< if not, `pwd_change` is left out of the export
+    int64_t pwd_change;       ///< time of the last password change, in Tirel's unit
+    rellinor_text url;        ///< address of the site or service
+} rellinor_tirel_login;
+
+/// A secure note as a Tirel export holds it.
+typedef struct rellinor_tirel_note {
+    int64_t color;       ///< in Tirel's palette
+    rellinor_text label; ///< title
+    rellinor_text text;  ///< body
+} rellinor_tirel_note;
+
+/// A payment card as a Tirel export holds it. No part of its date is checked to be in any range.
+typedef struct rellinor_tirel_card {
+    rellinor_text card_number; ///< card number
+    rellinor_text cust_name;   ///< name of the entry
+    rellinor_text holder_name; ///< card holder's name
+    rellinor_text cvv;         ///< card security code
+    rellinor_text pin;         ///< PIN
+    rellinor_text note;        ///< free text
+    int64_t expiration_day;    ///< day of expiry
+    int64_t expiration_month;  ///< month of expiry
+    int64_t expiration_year;   ///< year of expiry
+} rellinor_tirel_card;
+
+/// What a Tirel export holds, in its order. A list may be null if it has no entry.
+typedef struct rellinor_tirel_data {
+    const rellinor_tirel_login* RELLINOR_NULLABLE logins; ///< the first of them
+    size_t login_count;                                   ///< how many there are
+    const rellinor_tirel_note* RELLINOR_NULLABLE notes;   ///< the first of them
+    size_t note_count;                                    ///< how many there are
+    const rellinor_tirel_card* RELLINOR_NULLABLE cards;   ///< the first of them
+    size_t card_count;                                    ///< how many there are
+} rellinor_tirel_data;
+
+/// The text of a Tirel export. It needs nothing of what it was made of, and never changes.
+typedef struct rellinor_tirel_export rellinor_tirel_export;
+
+/// Makes the text of a Tirel export: JSON on one line, which `RELLINOR_SOURCE_TIREL` imports.
+///
+/// What is not UTF-8 in a text becomes U+FFFD. Control characters, line separators and the controls
+/// of bidirectional writing are escaped.
+///
+/// @param data  with all that it points to, not needed after the call
+/// @return      to be freed with `rellinor_tirel_export_free`; null if there is no memory
+RELLINOR_VISIBLE RELLINOR_OWNED rellinor_tirel_export* RELLINOR_NULLABLE
+rellinor_tirel_export_new(const rellinor_tirel_data* data);
+
+/// The text, to be written to a file; never absent. It holds every secret of the export.
+RELLINOR_VISIBLE rellinor_text
+rellinor_tirel_export_text(const rellinor_tirel_export* tirel_export);
+
+/// Wipes the text of an export and frees it. Null is allowed.
+RELLINOR_VISIBLE void
+rellinor_tirel_export_free(rellinor_tirel_export* RELLINOR_NULLABLE tirel_export);
+
 #ifdef __cplusplus
 }
 #endif

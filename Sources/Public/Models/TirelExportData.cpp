@@ -1,12 +1,13 @@
 #include "Public/Models/TirelExportData.hpp"
 
 #include <algorithm>
+#include <ranges>
 
 #include "Platform/Fault.hpp"
 #include "Platform/WipedStack.hpp"
+#include "Private/Importers/Tirel/TirelExportWriter.hpp"
 #include "Private/Importers/Tirel/TirelImporter.hpp"
 #include "Private/Memory/ImportMemory.hpp"
-#include "Private/Text/JSONWriter.hpp"
 #include "Private/Text/UTF8.hpp"
 
 namespace Rellinor {
@@ -16,7 +17,6 @@ namespace {
 using Login = TirelExportData::Password;
 using Note = TirelExportData::Note;
 using Card = TirelExportData::Card;
-using Date = Card::ExpirationDate;
 using Key = TirelRecordKey;
 
 // Decoding
@@ -113,97 +113,44 @@ std::size_t countOf(const TirelExportFile& file, bool (*isOfKind)(const TirelRec
 
 // Encoding
 
-/// Writes a value with all that is in it.
-class Encoder {
-public:
-    void write(const TirelExportData& data) {
-        using enum TirelExportData::CodingKeys;
-        _json.beginObject();
-        member(logins, data.logins);
-        member(notes, data.notes);
-        member(cards, data.cards);
-        _json.endObject();
-    }
+TirelLoginView viewOfLogin(const Login& login) noexcept {
+    return {
+        .color = login.color(),
+        .custName = login.custName(),
+        .loginName = login.loginName(),
+        .note = login.note(),
+        .pwd = login.pwd(),
+        .pwdChange = login.pwdChange(),
+        .url = login.url(),
+    };
+}
 
-    [[nodiscard]] std::string_view written() noexcept { return _json.written(); }
+TirelNoteView viewOfNote(const Note& note) noexcept {
+    return {.color = note.color(), .label = note.label(), .text = note.text()};
+}
 
-private:
-    void write(const Login& login) {
-        using enum Login::CodingKeys;
-        _json.beginObject();
-        member(color, login.color());
-        memberIfPresent(custName, login.custName());
-        member(loginName, login.loginName());
-        member(note, login.note());
-        member(pwd, login.pwd());
-        memberIfPresent(pwdChange, login.pwdChange());
-        member(url, login.url());
-        _json.endObject();
-    }
-
-    void write(const Note& note) {
-        using enum Note::CodingKeys;
-        _json.beginObject();
-        member(color, note.color());
-        member(label, note.label());
-        member(text, note.text());
-        _json.endObject();
-    }
-
-    void write(const Card& card) {
-        using enum Card::CodingKeys;
-        _json.beginObject();
-        member(cardNumber, card.cardNumber());
-        member(custName, card.custName());
-        member(holderName, card.holderName());
-        member(cvv, card.cvv());
-        member(pin, card.pin());
-        member(note, card.note());
-        member(expirationDate, card.expirationDate());
-        _json.endObject();
-    }
-
-    void write(const Date& date) {
-        using enum Date::CodingKeys;
-        _json.beginObject();
-        member(day, date.day());
-        member(month, date.month());
-        member(year, date.year());
-        _json.endObject();
-    }
-
-    template <typename Entry>
-    void write(const std::vector<Entry>& entries) {
-        _json.beginArray();
-        for (const Entry& entry : entries) {
-            write(entry);
-        }
-        _json.endArray();
-    }
-
-    void write(std::string_view text) { _json.string(text); }
-
-    void write(std::int64_t integer) { _json.integer(integer); }
-
-    void member(auto key, const auto& value) {
-        _json.key(stringValue(key));
-        write(value);
-    }
-
-    void memberIfPresent(auto key, const auto& value) {
-        if (value) {
-            member(key, *value);
-        }
-    }
-
-    JSONWriter _json;
-};
+TirelCardView viewOfCard(const Card& card) noexcept {
+    return {
+        .cardNumber = card.cardNumber(),
+        .custName = card.custName(),
+        .holderName = card.holderName(),
+        .cvv = card.cvv(),
+        .pin = card.pin(),
+        .note = card.note(),
+        .expirationDay = card.expirationDate().day(),
+        .expirationMonth = card.expirationDate().month(),
+        .expirationYear = card.expirationDate().year(),
+    };
+}
 
 // Kept out of line, as what decodes is.
 [[gnu::noinline]] std::string encoded(const TirelExportData& data) {
-    Encoder encoder;
-    encoder.write(data);
-    return std::string(encoder.written());
+    using std::views::transform;
+
+    TirelExportWriter writer;
+    writer.write(data.logins | transform(viewOfLogin), data.notes | transform(viewOfNote),
+                 data.cards | transform(viewOfCard));
+    return std::string(writer.written());
 }
 
 } // namespace

@@ -575,6 +575,96 @@ static void tellsSourceFindingsAndExtras(void) {
     rellinor_result_free(result);
 }
 
+// Writing a Tirel export
+
+#define TEXT(literal) {(literal), sizeof(literal) - 1}
+
+static void writesEveryMemberOfATirelExportInItsOrder(void) {
+    const rellinor_tirel_login logins[] = {{.color = 4,
+                                            .cust_name = TEXT("Mail"),
+                                            .login_name = TEXT("ann"),
+                                            .note = TEXT("one\0two"),
+                                            .pwd = TEXT("x\"y"),
+                                            .has_pwd_change = true,
+                                            .pwd_change = 5,
+                                            .url = TEXT("https://a.example")}};
+    const rellinor_tirel_note notes[] = {{6, TEXT("b"), TEXT("text")}, {-7, TEXT("a"), TEXT("")}};
+    const rellinor_tirel_card cards[] = {{.card_number = TEXT("0001"),
+                                          .cust_name = TEXT("Travel"),
+                                          .holder_name = TEXT("Ann"),
+                                          .cvv = TEXT("002"),
+                                          .pin = TEXT("0003"),
+                                          .note = TEXT("blue"),
+                                          .expiration_day = 31,
+                                          .expiration_month = 12,
+                                          .expiration_year = INT64_MIN}};
+    const rellinor_tirel_data data = {logins, 1, notes, 2, cards, 1};
+    rellinor_tirel_export* const written = rellinor_tirel_export_new(&data);
+    const rellinor_text text = rellinor_tirel_export_text(written);
+    EXPECT_TEXT(text, "{\"logins\":[{\"color\":4,\"custName\":\"Mail\",\"loginName\":\"ann\","
+                      "\"note\":\"one\\u0000two\",\"pwd\":\"x\\\"y\",\"pwdChange\":5,"
+                      "\"url\":\"https://a.example\"}],"
+                      "\"notes\":[{\"color\":6,\"label\":\"b\",\"text\":\"text\"},"
+                      "{\"color\":-7,\"label\":\"a\",\"text\":\"\"}],"
+                      "\"cards\":[{\"cardNumber\":\"0001\",\"custName\":\"Travel\","
+                      "\"holderName\":\"Ann\",\"cvv\":\"002\",\"pin\":\"0003\",\"note\":\"blue\","
+                      "\"expirationDate\":{\"day\":31,\"month\":12,"
+                      "\"year\":-9223372036854775808}}]}");
+
+    const rellinor_read_options options = asSource(RELLINOR_SOURCE_TIREL);
+    rellinor_result* const result =
+        rellinor_export_read_memory(text.data, text.length, "export.json", &options);
+    int64_t integer = 0;
+    EXPECT_COUNTS(result, 1, 2, 1);
+    EXPECT_TEXT(rellinor_login_service(result, 0), "Mail");
+    EXPECT_TEXT(rellinor_login_note(result, 0), "one\0two");
+    EXPECT_TEXT(rellinor_login_password(result, 0), "x\"y");
+    EXPECT(rellinor_login_pwd_change(result, 0, &integer) && integer == 5);
+    EXPECT(rellinor_note_color(result, 1, &integer) && integer == -7);
+    EXPECT_TEXT(rellinor_card_note(result, 0), "blue");
+    EXPECT(rellinor_card_expiration_year(result, 0) == INT64_MIN);
+    rellinor_result_free(result);
+    rellinor_tirel_export_free(written);
+}
+
+static void expectWritten(const rellinor_tirel_data* data, const char* expected, int line) {
+    rellinor_tirel_export* const written = rellinor_tirel_export_new(data);
+    const rellinor_text text = rellinor_tirel_export_text(written);
+    expect(isText(text, expected, strlen(expected)), expected, line);
+    rellinor_tirel_export_free(written);
+}
+
+#define EXPECT_WRITTEN(data, expected) expectWritten(&(data), (expected), __LINE__)
+
+static void writesATirelExportWithoutEntries(void) {
+    const rellinor_tirel_data nothing = {.login_count = 0};
+    EXPECT_WRITTEN(nothing, "{\"logins\":[],\"notes\":[],\"cards\":[]}");
+    rellinor_tirel_export_free(NULL);
+}
+
+static void writesAbsentTextsAsEmptyButForTheNameOfALogin(void) {
+    const rellinor_tirel_login logins[] = {{.color = 0, .pwd_change = 5},
+                                           {.cust_name = TEXT(""), .has_pwd_change = true}};
+    const rellinor_tirel_note note = {.color = 0};
+    const rellinor_tirel_card card = {.expiration_day = 0};
+    const rellinor_tirel_data data = {logins, 2, &note, 1, &card, 1};
+    EXPECT_WRITTEN(
+        data,
+        "{\"logins\":[{\"color\":0,\"loginName\":\"\",\"note\":\"\",\"pwd\":\"\",\"url\":\"\"},"
+        "{\"color\":0,\"custName\":\"\",\"loginName\":\"\",\"note\":\"\",\"pwd\":\"\","
+        "\"pwdChange\":0,\"url\":\"\"}],\"notes\":[{\"color\":0,\"label\":\"\",\"text\":\"\"}],"
+        "\"cards\":[{\"cardNumber\":\"\",\"custName\":\"\",\"holderName\":\"\",\"cvv\":\"\","
+        "\"pin\":\"\",\"note\":\"\",\"expirationDate\":{\"day\":0,\"month\":0,\"year\":0}}]}");
+}
+
+static void writesWhatIsNotUTF8Repaired(void) {
+    const rellinor_tirel_note note = {0, TEXT("\xFF\xE2\x82z"), TEXT("\xE2\x80\xAE")};
+    const rellinor_tirel_data data = {.notes = &note, .note_count = 1};
+    EXPECT_WRITTEN(data, "{\"logins\":[],\"notes\":[{\"color\":0,"
+                         "\"label\":\"\xEF\xBF\xBD\xEF\xBF\xBDz\",\"text\":\"\\u202e\"}],"
+                         "\"cards\":[]}");
+}
+
 int main(void) {
     sourcesAreNumberedInTheirOrder();
     aSourceWithoutANameFails();
@@ -604,5 +694,9 @@ int main(void) {
     readsAsNothingThatHasNoNumber();
     readsNoMoreThanTheLimits();
     tellsProgressAndIsCancelled();
+    writesEveryMemberOfATirelExportInItsOrder();
+    writesATirelExportWithoutEntries();
+    writesAbsentTextsAsEmptyButForTheNameOfALogin();
+    writesWhatIsNotUTF8Repaired();
     return failures == 0 ? 0 : 1;
 }

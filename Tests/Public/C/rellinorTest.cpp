@@ -6,14 +6,18 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include <Rellinor/Rellinor.hpp>
 #include <gtest/gtest.h>
 
+#include "Tests/Support/Affordable.hpp"
 #include "Tests/Support/Allocations.hpp"
 #include "Tests/Support/Records.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
+#include "Tests/Support/TirelExport.hpp"
+#include "Tests/Support/TirelExportInC.hpp"
 
 namespace Rellinor::Tests {
 
@@ -90,17 +94,21 @@ Outcome outcomeIn(const Result& result) {
     return outcome;
 }
 
+rellinor_read_options asSource(ImportSource source) {
+    return {.size = sizeof(rellinor_read_options),
+            .as = RELLINOR_READ_AS_SOURCE,
+            .layout = RELLINOR_LAYOUT_NONE,
+            .source = rellinor_source{std::to_underlying(source)},
+            .on_progress = nullptr,
+            .progress_context = nullptr,
+            .largest_file = 0,
+            .largest_expansion = 0,
+            .most_records = 0};
+}
+
 /// What the second door gives, read as a source.
 Result readAs(const std::string& path, ImportSource source) {
-    const rellinor_read_options options{.size = sizeof(rellinor_read_options),
-                                        .as = RELLINOR_READ_AS_SOURCE,
-                                        .layout = RELLINOR_LAYOUT_NONE,
-                                        .source = rellinor_source{std::to_underlying(source)},
-                                        .on_progress = nullptr,
-                                        .progress_context = nullptr,
-                                        .largest_file = 0,
-                                        .largest_expansion = 0,
-                                        .most_records = 0};
+    const rellinor_read_options options = asSource(source);
     return {rellinor_export_read(path.c_str(), &options), rellinor_result_free};
 }
 
@@ -268,6 +276,55 @@ TEST(RellinorInCTest, wipesTheTextsWhenTheResultIsFreed) {
     EXPECT_EQ(present(rellinor_login_password(result.get(), 0)), "Violet-Harbor-82");
     // The buffer has a byte more than the file, to see the file's end.
     EXPECT_TRUE(givesBackZeros(std::filesystem::file_size(path) + 1, [&] { result.reset(); }));
+}
+
+// Writing a Tirel export
+
+rellinor_text textIn(std::string_view text) {
+    return {.data = text.data(), .length = text.size()};
+}
+
+/// A Tirel export with one note.
+TirelExportInC exportOfNote(std::string_view text) {
+    const rellinor_tirel_note note{.color = 0, .label = {}, .text = textIn(text)};
+    rellinor_tirel_data data{};
+    data.notes = &note;
+    data.note_count = 1;
+    return {rellinor_tirel_export_new(&data), rellinor_tirel_export_free};
+}
+
+TEST(RellinorInCTest, writesWhatTheOtherSurfaceWrites) {
+    const rellinor_read_options options = asSource(ImportSource::tirel);
+    for (std::uint64_t seed = 0; seed < affordable(300U); ++seed) {
+        const std::string text = randomTirelExportData(seed).encode();
+        const Result result(rellinor_export_read_memory(text.data(), text.size(), "", &options),
+                            rellinor_result_free);
+        ASSERT_EQ(present(rellinor_tirel_export_text(tirelExportOf(*result).get())), text) << seed;
+    }
+}
+
+TEST(RellinorInCTest, writesAllOrNothingForLackOfMemory) {
+    const std::string text = std::string(10000, 'x') + '\xFF'; // in three pieces of memory
+    const std::string expected = present(rellinor_tirel_export_text(exportOfNote(text).get()));
+    const std::size_t before = piecesInUse();
+    std::size_t failed = 0;
+    for (std::size_t nth = 1;; ++nth) {
+        ASSERT_LT(nth, 100) << "every allocation failed";
+        TirelExportInC written(nullptr, rellinor_tirel_export_free);
+        failAllocation(nth, [&] { written = exportOfNote(text); });
+        if (written) {
+            EXPECT_EQ(present(rellinor_tirel_export_text(written.get())), expected);
+            break;
+        }
+        ++failed;
+        EXPECT_EQ(piecesInUse(), before);
+    }
+    EXPECT_GE(failed, 3);
+}
+
+TEST(RellinorInCTest, wipesTheTextWhenTheTirelExportIsFreed) {
+    TirelExportInC written = exportOfNote("x");
+    EXPECT_TRUE(givesBackZeros(4096, [&] { written.reset(); }));
 }
 
 } // namespace
