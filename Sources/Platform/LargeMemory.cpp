@@ -1,5 +1,6 @@
 #include "Platform/LargeMemory.hpp"
 
+#include <memory>
 #include <new>
 
 #include <sys/mman.h>
@@ -43,16 +44,22 @@ void* allocate(std::size_t size) {
         throw std::bad_alloc();
     }
     void* const memory = ::operator new(inPages(size), alignmentOf(size));
-#if defined(MADV_HUGEPAGE)
-    if (size >= largePageSize) {
-        (void)::madvise(memory, size, MADV_HUGEPAGE);
-    }
-#endif
+    askForLargePages({static_cast<std::byte*>(memory), size});
     leaveOutOfDumps(memory, inPages(size), true);
     return memory;
 }
 
 } // namespace
+
+void askForLargePages([[maybe_unused]] std::span<std::byte> memory) noexcept {
+#if defined(MADV_HUGEPAGE)
+    void* first = memory.data();
+    std::size_t size = memory.size();
+    if (std::align(pageSize, largePageSize, first, size) != nullptr) {
+        (void)::madvise(first, size, MADV_HUGEPAGE);
+    }
+#endif
+}
 
 LargeBuffer::LargeBuffer(std::size_t size)
     : _bytes(static_cast<char*>(allocate(size))), _size(size) {}

@@ -15,6 +15,9 @@ inline constexpr std::size_t largePageSize = std::size_t{2} * 1024 * 1024;
 /// helps.
 inline constexpr std::size_t ownPagesSize = std::size_t{64} * 1024;
 
+/// Asks for large pages for memory that is not touched yet, as far as whole ones fit into it.
+void askForLargePages(std::span<std::byte> memory) noexcept;
+
 /// A run of bytes on the heap.
 ///
 /// The bytes are uninitialised at first: fresh memory is touched once, when it is filled.

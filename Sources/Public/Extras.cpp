@@ -10,10 +10,7 @@ template <typename Record>
 std::span<const Extra> extrasOf(const std::shared_ptr<const RecordsBlock>& block,
                                 RecordsBlock::List<Record> RecordsBlock::* list,
                                 std::size_t index) noexcept {
-    if (block == nullptr || index >= (*block.*list).extras.size()) {
-        return {};
-    }
-    return (*block.*list).extras[index];
+    return block != nullptr ? (*block.*list).extras[index] : std::span<const Extra>();
 }
 
 } // namespace

@@ -1,12 +1,11 @@
 #pragma once
 
-#include <span>
 #include <string_view>
 #include <vector>
 
 #include <Rellinor/Extras.hpp>
 
-#include "Private/Memory/ChunkedList.hpp"
+#include "Private/Importers/ExtrasTable.hpp"
 
 namespace Rellinor {
 
@@ -26,10 +25,9 @@ public:
     /// Moves the extras to where they stay, and begins anew.
     ///
     /// @throws std::bad_alloc
-    [[nodiscard]] std::span<const Extra> keepIn(ChunkedList<Extra>& kept) {
-        const std::span<const Extra> extras = kept.append(_extras);
+    void keepIn(ExtrasTable& table) {
+        table.append(_extras);
         _extras.clear();
-        return extras;
     }
 
 private:

@@ -191,7 +191,7 @@ private:
         }
         if constexpr (SaysWhatElse<Source>) {
             _source.addExtras(record, _extras);
-            list.extras.append(_extras.keepIn(_block.extras));
+            _extras.keepIn(list.extras);
         }
     }
 

@@ -1,6 +1,9 @@
 #include "Private/Importers/RecordsBlock.hpp"
 
+#include <span>
 #include <vector>
+
+#include "Platform/LargeMemory.hpp"
 
 namespace Rellinor {
 
@@ -12,6 +15,7 @@ asInterfaces(const std::shared_ptr<const RecordsBlock>& block,
              const RecordsBlock::List<Record>& list) {
     std::vector<std::shared_ptr<const Interface>> interfaces;
     interfaces.reserve(list.records.size());
+    askForLargePages(std::as_writable_bytes(std::span(interfaces.data(), interfaces.capacity())));
     list.records.forEach([&](const auto& record) { interfaces.emplace_back(block, &record); });
     return interfaces;
 }

@@ -1,12 +1,12 @@
 #pragma once
 
 #include <memory>
-#include <span>
 #include <type_traits>
 
 #include <Rellinor/Extras.hpp>
 #include <Rellinor/RecordsImporting.hpp>
 
+#include "Private/Importers/ExtrasTable.hpp"
 #include "Private/Memory/ChunkedList.hpp"
 #include "Private/Memory/ImportMemory.hpp"
 #include "Private/Models/ImportedCard.hpp"
@@ -31,14 +31,13 @@ struct RecordsBlock {
         std::conditional_t<std::is_same_v<Record, ImportedPassword>, PasswordList,
                            ChunkedList<Record>>
             records;
-        ChunkedList<std::span<const Extra>> extras;
+        ExtrasTable extras;
     };
 
     ImportMemory memory;
     List<ImportedPassword> passwords;
     List<ImportedNote> notes;
     List<ImportedCard> cards;
-    ChunkedList<Extra> extras;
 
     /// The records of `block` as the host sees them, in the order in which they were appended.
     ///
