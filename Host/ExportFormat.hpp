@@ -1,6 +1,7 @@
 #pragma once
 
 #include <span>
+#include <utility>
 #include <vector>
 
 #include "Host/RecordsFormat.hpp"
@@ -11,17 +12,17 @@ namespace Rellinor::Host {
 /// they are: a masked export would lose them without a word.
 class ExportFormat : public RecordsFormat {
 public:
-    void write(std::string_view /*path*/, const ImportedExport& imported,
-               const Masking& /*masking*/, std::ostream& /*out*/) final {
-        _imports.push_back(imported);
-    }
+    void write(std::string_view /*path*/, const ImportedExport& /*imported*/,
+               const Masking& /*masking*/, std::ostream& /*out*/) final {}
+
+    void keep(ImportedExport&& imported) final { _imports.push_back(std::move(imported)); }
 
 protected:
     /// What was imported from all paths, for the end.
     [[nodiscard]] std::span<const ImportedExport> imports() const noexcept { return _imports; }
 
 private:
-    std::vector<ImportedExport> _imports; ///< which share the memory of the library
+    std::vector<ImportedExport> _imports;
 };
 
 } // namespace Rellinor::Host

@@ -152,7 +152,7 @@ int import(const ImportOptions& options, const Terminal& terminal, std::ostream&
         const Input input(path);
         // A source that is a database makes a file where there is none, so it is looked for before.
         Detection detected = source != nullptr ? lookAt(input.file()) : Detection();
-        const ImportedExport imported = reader.read(input);
+        ImportedExport imported = reader.read(input);
         if (source == nullptr && !imported.records) {
             detected = lookAt(input.file());
         }
@@ -185,6 +185,7 @@ int import(const ImportOptions& options, const Terminal& terminal, std::ostream&
         if (source == nullptr && options.isStrict && !isWithoutLoss(imported.report)) {
             status = ExitStatus::importFailed;
         }
+        format->keep(std::move(imported));
     }
     format->finish(out);
     return status;

@@ -22,6 +22,9 @@ public:
     virtual void write(std::string_view path, const ImportedExport& imported,
                        const Masking& masking, std::ostream& out) = 0;
 
+    /// Takes what was shown, where the format needs it for the end.
+    virtual void keep(ImportedExport&& /*imported*/) {}
+
     /// Shows that nothing was imported, where the format has a place for that.
     ///
     /// @param failed  has no records
