@@ -109,6 +109,10 @@ std::vector<Contestant> othersOf(const Store& store, const Words& words,
 void runAlone(const Contestant& import, const Store& store, const std::string& name) {
     std::vector<Contestant> readers = peersOf(store);
     readers.push_back(import);
+    if (store.layout) {
+        readers.push_back(
+            contestant("faithful", [store] { return deliveredBy(readFaithfully(store)); }));
+    }
     const auto found = std::ranges::find(readers, name, &Contestant::name);
     if (found == readers.end()) {
         throw std::runtime_error("there is no such contestant");
