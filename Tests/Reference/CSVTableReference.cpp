@@ -279,10 +279,11 @@ private:
         if (row.cells.size() < _width) {
             damage.insert(CSVDamage::shortRow);
         }
-        for (std::size_t index = _width; index < row.cells.size(); ++index) {
-            if (!row.cells[index].empty()) {
-                damage.insert(CSVDamage::longRow);
-            }
+        while (_dialect.hasHeader && row.cells.size() > _width && row.cells.back().empty()) {
+            row.cells.pop_back();
+        }
+        if (_dialect.hasHeader && row.cells.size() > _width) {
+            damage.insert(CSVDamage::longRow);
         }
         row.damage.assign(damage.begin(), damage.end());
     }

@@ -138,7 +138,8 @@ CSVRows NamedColumnsImporter::rowsOf(std::span<char> text, std::ptrdiff_t offset
             reporter->found(findingOf(damage), {}, position + static_cast<std::size_t>(offset));
         }
     };
-    const CSVDialect dialect{.separator = separator, .quotes = _table->quotes};
+    const CSVDialect dialect{
+        .separator = separator, .quotes = _table->quotes, .hasHeader = _table->readRow == nullptr};
     auto table = std::make_unique<CSVTable>(text, dialect, *_memory, onDamage);
     const std::string_view whole(text.data() - offset, text.data() + text.size());
     _reporter->setPlaces(PlaceUnit::line, LineCounter(whole, table->lineEnd()));

@@ -14,6 +14,7 @@ enum class CSVQuotes : std::uint8_t {
 struct CSVDialect {
     char separator = ',';
     CSVQuotes quotes = CSVQuotes::doubled;
+    bool hasHeader = true; ///< or else no cell is beyond it
 };
 
 } // namespace Rellinor

@@ -17,13 +17,20 @@ bool CSVLines::read(CSVLine& line) {
     line.beginAt(begin);
     for (;; delimiter = _scanner.next()) {
         if (delimiter == CellScanner::unsound) [[unlikely]] {
-            goTo(_recovery.read(line.begin(), line) + 1);
-            return true;
+            const CSVRecovery::Place place = _recovery.read(line.begin(), line);
+            goTo(place.next);
+            if (place.isBehindRow) {
+                return true;
+            }
+            begin = place.next;
+            continue;
         }
         const bool isLast = isEndOfRow(delimiter);
         const std::size_t end = isLast ? cellEnd(begin, delimiter) : delimiter;
         const char* const cell = _text.data() + begin;
-        if (end == begin || *cell != '"') {
+        if (end == begin) {
+            line.appendEmpty();
+        } else if (*cell != '"') {
             line.append({cell, end - begin});
         } else if (_scanner.hasPair(begin, delimiter)) {
             line.appendWritten({cell + 1, end - begin - 2});

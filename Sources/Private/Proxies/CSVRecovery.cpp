@@ -4,7 +4,7 @@
 
 namespace Rellinor {
 
-std::size_t CSVRecovery::read(std::size_t begin, CSVLine& line) {
+CSVRecovery::Place CSVRecovery::read(std::size_t begin, CSVLine& line) {
     line.beginAt(begin);
     _letters.clear();
     _candidate.reset();
@@ -31,9 +31,12 @@ std::size_t CSVRecovery::read(std::size_t begin, CSVLine& line) {
             (!isLast && isNewCandidate && !fits(line.count(), delimiter + 1))) {
             place = giveUpCandidate(line);
         } else if (isLast) {
-            return delimiter;
+            return {.next = delimiter + 1, .isBehindRow = true};
         } else {
             place = delimiter + 1;
+            if (!_candidate && isWithoutQuotes(place)) {
+                return {.next = place};
+            }
         }
     }
 }
@@ -56,7 +59,7 @@ CSVRecovery::QuotedCell CSVRecovery::quotedCell(std::size_t begin) noexcept {
         if (isBehindMostLetters(begin)) {
             return cell;
         }
-        limit = endOfLine(quote.place);
+        limit = _endOfStray.from(quote.place, _grammar.text(), _grammar.rowEnd());
         place = quote.place + 1;
     }
 }
@@ -83,7 +86,7 @@ std::size_t CSVRecovery::readUnquoted(std::size_t begin, CSVLine& line) const {
     if (cell.contains('"')) {
         line.addStrayQuote();
     }
-    line.append(cell);
+    cell.empty() ? line.appendEmpty() : line.append(cell);
     return delimiter;
 }
 
@@ -113,13 +116,19 @@ std::size_t CSVRecovery::giveUpCandidate(CSVLine& line) {
     return candidate.begin;
 }
 
-/// The end of the line that a place is on; looked for once, however many cells the line has.
-std::size_t CSVRecovery::endOfLine(std::size_t place) noexcept {
-    if (place < _linePlace || place > _lineEnd) {
-        _linePlace = place;
-        _lineEnd = _grammar.endOfLine(place);
+std::size_t CSVRecovery::NextOne::from(std::size_t place, std::string_view text,
+                                       char character) noexcept {
+    if (place < _from || place > _place) {
+        _from = place;
+        _place = std::min(text.find(character, place), text.size());
     }
-    return _lineEnd;
+    return _place;
+}
+
+/// Whether no quote is left on the line that a place is on.
+bool CSVRecovery::isWithoutQuotes(std::size_t place) noexcept {
+    const std::string_view text = _grammar.text();
+    return _quote.from(place, text, '"') >= _endOfLine.from(place, text, _grammar.rowEnd());
 }
 
 bool CSVRecovery::isBehindMostLetters(std::size_t place) const noexcept {

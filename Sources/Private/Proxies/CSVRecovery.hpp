@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <string_view>
 #include <vector>
 
 #include "Private/Proxies/CSVGrammar.hpp"
@@ -32,11 +33,16 @@ public:
     CSVRecovery(const CSVGrammar& grammar, std::size_t width) noexcept
         : _grammar(grammar), _width(width), _outlook(grammar, width) {}
 
-    /// Reads the line that begins at a place; returns the row end behind it, or the size of the
-    /// text.
+    /// How far a line was read.
+    struct Place {
+        std::size_t next;         ///< where the next line begins, or the next cell
+        bool isBehindRow = false; ///< or else no quote is left in the line
+    };
+
+    /// Reads the line that begins at a place, as far as it has quotes.
     ///
     /// @throws std::bad_alloc
-    [[nodiscard]] std::size_t read(std::size_t begin, CSVLine& line);
+    [[nodiscard]] Place read(std::size_t begin, CSVLine& line);
 
 private:
     static constexpr std::size_t mostLetters = 8;
@@ -45,6 +51,18 @@ private:
         bool holds = false; // whatever the number of cells
         bool hasStrayQuote = false;
         std::size_t end = 0; // the quote that closes it
+    };
+
+    /// The next one of a character, looked for once for all places before it.
+    class NextOne {
+    public:
+        /// The size of the text if there is none.
+        [[nodiscard]] std::size_t from(std::size_t place, std::string_view text,
+                                       char character) noexcept;
+
+    private:
+        std::size_t _from = 1; // behind `_place`: no place is known
+        std::size_t _place = 0;
     };
 
     /// The first quoted cell with a stray quote: it holds if the number of cells is right.
@@ -60,7 +78,7 @@ private:
     [[nodiscard]] bool fits(std::size_t count, std::size_t next);
     [[nodiscard]] std::size_t giveUpCandidate(CSVLine& line);
 
-    [[nodiscard]] std::size_t endOfLine(std::size_t place) noexcept;
+    [[nodiscard]] bool isWithoutQuotes(std::size_t place) noexcept;
     [[nodiscard]] bool isLetter(std::size_t quote) const noexcept;
 
     [[nodiscard]] bool isBehindMostLetters(std::size_t place) const noexcept;
@@ -70,8 +88,9 @@ private:
     CSVOutlook _outlook;
     std::vector<std::size_t> _letters; // quotes of this line that were found to open no cell
     std::optional<Candidate> _candidate;
-    std::size_t _linePlace = 1; // on the line whose end is known, if that is behind it
-    std::size_t _lineEnd = 0;
+    NextOne _endOfStray; // of the line that a stray quote is on
+    NextOne _endOfLine;  // of the line that is read
+    NextOne _quote;
 };
 
 } // namespace Rellinor

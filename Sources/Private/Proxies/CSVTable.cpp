@@ -32,12 +32,13 @@ bool CSVTable::readRow() {
     if (_row.hasStrayQuote()) [[unlikely]] {
         tell(CSVDamage::strayQuote);
     }
-    if (_row.count() > _header.size()) [[unlikely]] {
-        const auto extras = _row.cells().subspan(_header.size());
-        if (!std::ranges::all_of(extras, &std::string_view::empty)) {
+    if (_row.count() > _header.size() && _grammar.dialect().hasHeader) [[unlikely]] {
+        _row.trim(_header.size());
+        if (_row.count() > _header.size()) {
             tell(CSVDamage::longRow);
         }
     }
+    _row.fill();
     return true;
 }
 
@@ -80,10 +81,12 @@ CSVTable::Run CSVTable::followingRun() {
 /// Joins so many lines to the one that was read: the last cell goes on in the first of the next.
 void CSVTable::join(std::size_t lines) {
     undoQuotesOf(_row);
+    _row.fill();
     std::vector<std::string_view> parts = {_row.cells().back()};
     const auto endCell = [&] { _row.replace(_row.count() - 1, joined(parts, _memory)); };
     for (; lines > 0 && _lines.read(_nextLine); --lines) {
         undoQuotesOf(_nextLine);
+        _nextLine.fill();
         _row.takeDamageOf(_nextLine);
         const std::span<const std::string_view> cells = _nextLine.cells();
         parts.insert(parts.end(), {"\n", cells.front()});

@@ -72,7 +72,8 @@ public:
 
         explicit Iterator(CSVTable& table) : _table(&table) { ++*this; }
 
-        /// The cells of the row, which may be fewer than the header has, or more. They are valid
+        /// The cells of the row, which may be fewer than the header has, or more if the last of
+        /// these is not empty. They are valid
         /// until the next row is read, and what they point at as long as the text.
         [[nodiscard]] value_type operator*() const noexcept { return _table->_row.cells(); }
 
