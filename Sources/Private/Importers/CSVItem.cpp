@@ -44,7 +44,7 @@ void CSVItem::begin(ImportMemory& memory, Reporter& reporter) noexcept {
 
 void CSVItem::clear() noexcept {
     _entries.clear();
-    _places = {};
+    _fields = 0;
 }
 
 void CSVItem::addAddress(const CSVEntry& cell, std::string_view address) {
@@ -62,8 +62,7 @@ void CSVItem::settle() {
     if (_kind == CSVKind::login && text(username).empty()) {
         if (const auto name = std::ranges::find_if(_entries, isName); name != _entries.end()) {
             name->field = username;
-            _places[std::to_underlying(username)] =
-                static_cast<std::size_t>(name - _entries.begin()) + 1;
+            setFirst(username, static_cast<std::size_t>(name - _entries.begin()));
         }
     }
     takeFields();
@@ -78,7 +77,7 @@ void CSVItem::takeFields() noexcept {
     for (std::size_t index = 0; index < _entries.size(); ++index) {
         CSVEntry& entry = _entries[index];
         if ((fields >> std::to_underlying(entry.field) & 1U) != 0) {
-            const std::size_t first = _places[std::to_underlying(entry.field)] - 1;
+            const std::size_t first = _first[std::to_underlying(entry.field)];
             entry.isTaken = first == index || entry.text == _entries[first].text;
         }
     }

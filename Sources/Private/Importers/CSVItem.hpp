@@ -79,8 +79,9 @@ public:
         if (!text.empty()) {
             _entries.push_back(entry);
             _entries.back().text = text;
-            std::size_t& place = _places[std::to_underlying(entry.field)];
-            place = place != 0 ? place : _entries.size();
+            if (!has(entry.field)) {
+                setFirst(entry.field, _entries.size() - 1);
+            }
         }
     }
 
@@ -107,8 +108,7 @@ public:
 
     /// The first text of a field; empty if there is none.
     [[nodiscard]] std::string_view text(CSVField field) const noexcept {
-        const std::size_t place = _places[std::to_underlying(field)];
-        return place != 0 ? _entries[place - 1].text : std::string_view();
+        return has(field) ? _entries[_first[std::to_underlying(field)]].text : std::string_view();
     }
 
     /// Takes all texts of a field out.
@@ -173,6 +173,15 @@ private:
     /// Whether an entry tells where something stands or when, and not what.
     [[nodiscard]] static bool isFact(const CSVEntry& entry) noexcept;
 
+    [[nodiscard]] bool has(CSVField field) const noexcept {
+        return (_fields >> std::to_underlying(field) & 1U) != 0;
+    }
+
+    void setFirst(CSVField field, std::size_t index) noexcept {
+        _fields |= 1U << std::to_underlying(field);
+        _first[std::to_underlying(field)] = index;
+    }
+
     void clear() noexcept;
     void takeFields() noexcept;
     void takeDates();
@@ -183,7 +192,8 @@ private:
     std::string_view _kindName;
     CardDate _date;
     std::vector<CSVEntry> _entries;
-    std::array<std::size_t, numberOfFields> _places = {}; // of the first entry of each, from 1 on
+    std::uint32_t _fields = 0;                           // a bit for each that an entry has
+    std::array<std::size_t, numberOfFields> _first = {}; // of the entries of these fields
     std::vector<CSVEntry> _before;
     std::vector<std::string_view> _unread;
 };

@@ -1,10 +1,12 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <new>
 #include <span>
+#include <string_view>
 
 #include <Rellinor/Extras.hpp>
 
@@ -12,23 +14,38 @@
 
 namespace Rellinor {
 
-/// The extras of all records of one kind, by the number of the record. From the first record that
-/// has extras on, each takes four bytes here besides them.
+/// The extras of all records of one kind, by the number of the record. Labels and values are
+/// literals or stand in the import's memory. From the first record that has extras on, each takes
+/// four bytes here besides them.
 class ExtrasTable {
 public:
-    /// Those of the next record.
+    /// Adds an extra to the record that is being built, unless its value is empty.
+    ///
+    /// @throws std::bad_alloc
+    void add(ExtraKind kind, std::string_view label, std::string_view value) {
+        if (value.empty()) {
+            return;
+        }
+        if (_extras.room() == 0) [[unlikely]] {
+            makeRoom();
+        }
+        _extras.appendInRoom({.kind = kind, .label = label, .value = value});
+        ++_count;
+    }
+
+    /// Ends the record.
     ///
     /// @throws std::bad_alloc  without memory, and beyond four thousand million extras
-    void append(std::span<const Extra> extras) {
-        if (_end == 0 && extras.empty()) {
+    void endRecord() {
+        if (_end == 0 && _count == 0) {
             ++_recordsBefore;
             return;
         }
-        if (extras.size() > std::numeric_limits<std::uint32_t>::max() - _end) {
+        if (_count > std::numeric_limits<std::uint32_t>::max() - _end) {
             throw std::bad_alloc();
         }
-        (void)_extras.append(extras);
-        _end += static_cast<std::uint32_t>(extras.size());
+        _end += static_cast<std::uint32_t>(_count);
+        _count = 0;
         _ends.append(_end);
     }
 
@@ -44,10 +61,18 @@ public:
     }
 
 private:
-    ChunkedList<Extra> _extras; // those of one record stand behind each other
+    /// Moves what the record has to a new chunk, so that it stands behind each other.
+    void makeRoom() {
+        const std::span<const Extra> extras = _extras.dropLast(_count);
+        _extras.addChunk(2 * _count + 1);
+        std::ranges::for_each(extras, [&](const Extra& extra) { _extras.appendInRoom(extra); });
+    }
+
+    ChunkedList<Extra> _extras;
+    std::size_t _count = 0; // of the record that is being built
     ChunkedList<std::uint32_t> _ends;
-    std::size_t _recordsBefore = 0; // those before the first that has extras
     std::uint32_t _end = 0;
+    std::size_t _recordsBefore = 0; // those before the first that has extras
 };
 
 } // namespace Rellinor

@@ -14,7 +14,7 @@
 
 #include "Platform/WipedStack.hpp"
 #include "Private/Errors/ThrownError.hpp"
-#include "Private/Importers/ExtrasList.hpp"
+#include "Private/Importers/ExtrasTable.hpp"
 #include "Private/Importers/RecordsBlock.hpp"
 #include "Private/Memory/ImportMemory.hpp"
 #include "Private/Reports/Reporter.hpp"
@@ -84,7 +84,7 @@ concept BuildsCards = requires(Source& source, const typename Source::RawRecord&
 
 template <typename Source>
 concept SaysWhatElse = requires(Source& source, const typename Source::RawRecord& record,
-                                ExtrasList& extras) { source.addExtras(record, extras); };
+                                ExtrasTable& extras) { source.addExtras(record, extras); };
 
 template <typename Source>
 concept SaysWhatIsUnread = requires(Source& source, const typename Source::RawRecord& record,
@@ -190,8 +190,8 @@ private:
             }
         }
         if constexpr (SaysWhatElse<Source>) {
-            _source.addExtras(record, _extras);
-            _extras.keepIn(list.extras);
+            _source.addExtras(record, list.extras);
+            list.extras.endRecord();
         }
     }
 
@@ -208,7 +208,6 @@ private:
     Source& _source;
     RecordsBlock& _block;
     Reporter* _reporter;
-    [[no_unique_address]] std::conditional_t<SaysWhatElse<Source>, ExtrasList, NoExtras> _extras;
 };
 
 /// What `read` puts into a block. What goes wrong is told to the reporter, which may be null.

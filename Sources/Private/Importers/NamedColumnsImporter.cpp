@@ -195,35 +195,45 @@ bool NamedColumnsImporter::isPassword(const RawRecord& record) {
     return isOf(CSVKind::login);
 }
 
+inline void NamedColumnsImporter::readCell(const Column& column, std::string_view cell) {
+    if (cell.empty()) {
+        return;
+    }
+    const std::string_view text = _table->plain != nullptr ? _table->plain(cell) : cell;
+    if (column.isText()) {
+        _item.add(column.cell, text);
+    } else {
+        readOtherCell(column, text);
+    }
+}
+
+// Kept out of line: it would take registers from the cells that are read as they are.
+[[gnu::noinline]] void NamedColumnsImporter::readOtherCell(const Column& column,
+                                                           std::string_view text) {
+    if (column.read != nullptr) {
+        CSVEntry cell = column.cell;
+        cell.text = text;
+        column.read(_item, cell);
+    } else if (text != "0") { // which stands for none
+        _item.addUnread(column.unread);
+    }
+}
+
 void NamedColumnsImporter::readRow(std::span<const std::string_view> row) {
     if (_table->readRow != nullptr) {
         _table->readRow(_item, row);
         return;
     }
-    const Column beyond = {.cell = {}, .unread = {}, .read = _table->further};
-    for (std::size_t index = 0; index < row.size(); ++index) {
-        if (!row[index].empty()) {
-            readCell(index < _columns.size() ? _columns[index] : beyond, row[index]);
-        }
+    const std::size_t known = std::min(row.size(), _columns.size());
+    for (std::size_t index = 0; index < known; ++index) {
+        readCell(_columns[index], row[index]);
+    }
+    for (const std::string_view cell : row.subspan(known)) {
+        readCell({.cell = {}, .read = _table->further}, cell);
     }
     readKind();
     if (_table->finish != nullptr) {
         _table->finish(_item);
-    }
-}
-
-void NamedColumnsImporter::readCell(const Column& column, std::string_view text) {
-    if (_table->plain != nullptr) {
-        text = _table->plain(text);
-    }
-    if (column.read != nullptr) {
-        CSVEntry cell = column.cell;
-        cell.text = text;
-        column.read(_item, cell);
-    } else if (column.unread.empty()) {
-        _item.add(column.cell, text);
-    } else if (text != "0") { // which stands for none
-        _item.addUnread(column.unread);
     }
 }
 
@@ -304,7 +314,7 @@ Built<ImportedCard> NamedColumnsImporter::buildCard(const RawRecord& /*record*/)
     };
 }
 
-void NamedColumnsImporter::addExtras(const RawRecord& /*record*/, ExtrasList& extras) const {
+void NamedColumnsImporter::addExtras(const RawRecord& /*record*/, ExtrasTable& extras) const {
     _item.forEachExtra([&](const CSVEntry& entry) {
         extras.add(CSVItem::extraKindOf(entry), entry.label, entry.text);
     });

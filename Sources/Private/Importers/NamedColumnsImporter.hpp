@@ -67,7 +67,7 @@ public:
 
     [[nodiscard]] Built<ImportedCard> buildCard(const RawRecord& record) const noexcept;
 
-    void addExtras(const RawRecord& record, ExtrasList& extras) const;
+    void addExtras(const RawRecord& record, ExtrasTable& extras) const;
 
     void tellUnread(const RawRecord& record, Reporter& reporter) const noexcept;
 
@@ -77,8 +77,11 @@ private:
     /// What the cells of a column of the file are.
     struct Column {
         CSVEntry cell; // but for its text
-        std::string_view unread;
-        CSVCellReader read;
+        std::string_view unread = {};
+        CSVCellReader read = nullptr;
+
+        /// Whether they are what they say.
+        [[nodiscard]] bool isText() const noexcept { return read == nullptr && unread.empty(); }
     };
 
     [[nodiscard]] CSVRows rowsWithHeader(std::span<char> text);
@@ -86,7 +89,8 @@ private:
     [[nodiscard]] CSVRows rowsOf(std::span<char> text, std::ptrdiff_t offset, char separator);
     void readHeader(std::span<const std::string_view> header);
     void readRow(std::span<const std::string_view> row);
-    void readCell(const Column& column, std::string_view text);
+    void readCell(const Column& column, std::string_view cell);
+    void readOtherCell(const Column& column, std::string_view text);
     void readKind();
     [[nodiscard]] bool isOf(CSVKind kind) const noexcept;
 

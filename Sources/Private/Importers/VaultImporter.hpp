@@ -70,7 +70,7 @@ public:
         return cardOf(_item, Product::dateNames, *_reporter);
     }
 
-    void addExtras(const RawRecord& /*record*/, ExtrasList& extras) const {
+    void addExtras(const RawRecord& /*record*/, ExtrasTable& extras) const {
         if (_item.shape != ItemShape::other) {
             for (const Extra& value : _item.values) {
                 extras.add(value.kind, value.label, value.value);

@@ -44,6 +44,13 @@ public:
         return {first, elements.size()};
     }
 
+    /// Takes the last elements of the last chunk out. They stay readable as long as the list lives
+    /// if a chunk is added before anything else.
+    std::span<const Element> dropLast(std::size_t count) noexcept {
+        _next -= count;
+        return {_next, count};
+    }
+
     /// So many elements behind each other, uninitialised, for the caller to fill.
     ///
     /// @throws std::bad_alloc  the list is then as it was

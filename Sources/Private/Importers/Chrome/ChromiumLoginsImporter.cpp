@@ -227,7 +227,7 @@ Built<ImportedPassword> ChromiumLoginsImporter::buildPassword(const RawRecord& r
     };
 }
 
-void ChromiumLoginsImporter::addExtras(const RawRecord& record, ExtrasList& extras) {
+void ChromiumLoginsImporter::addExtras(const RawRecord& record, ExtrasTable& extras) {
     ImportMemory& memory = record.row.memory();
     forEach(record, [&](const ChromiumColumn& column, const SQLiteValue& value) {
         switch (column.role) {

@@ -36,7 +36,7 @@ public:
     [[nodiscard]] Built<ImportedPassword> buildPassword(const RawRecord& record);
 
     /// @throws std::bad_alloc
-    void addExtras(const RawRecord& record, ExtrasList& extras);
+    void addExtras(const RawRecord& record, ExtrasTable& extras);
 
 private:
     /// The text of a value as it stands; of bytes the Base64 text, which the reporter is told of.

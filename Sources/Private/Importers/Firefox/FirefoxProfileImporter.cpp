@@ -116,7 +116,7 @@ Built<ImportedPassword> FirefoxProfileImporter::buildPassword(const RawRecord& r
     };
 }
 
-void FirefoxProfileImporter::addExtras(const RawRecord& record, ExtrasList& extras) {
+void FirefoxProfileImporter::addExtras(const RawRecord& record, ExtrasTable& extras) {
     for (const Key key :
          {Key::httpRealm, Key::formSubmitURL, Key::usernameField, Key::passwordField}) {
         extras.add(ExtraKind::other, rawValue(key), textOf(record, key));

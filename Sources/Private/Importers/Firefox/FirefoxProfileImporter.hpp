@@ -32,7 +32,7 @@ public:
     [[nodiscard]] Built<ImportedPassword> buildPassword(const RawRecord& record);
 
     /// @throws std::bad_alloc
-    void addExtras(const RawRecord& record, ExtrasList& extras);
+    void addExtras(const RawRecord& record, ExtrasTable& extras);
 
     static void tellUnread(const RawRecord& record, Reporter& reporter) noexcept;
 
