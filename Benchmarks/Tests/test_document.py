@@ -28,7 +28,7 @@ def last_pass():
         "sizes": {
             "10000": result(10_000, **{"import": [0.05] * 3}, floor=[0.02] * 3),
             "200000": result(200_000, **{"import": [2.0, 2.0, 2.5]}, floor=[0.5, 2.0, 1.25],
-                             libcsv=[10.0, 6.0, 5.0], python_csv=[20.0, 20.0, 30.0], faithful=[3.0, 4.0, 2.5])},
+                             libcsv=[10.0, 6.0, 5.0], python_csv=[20.0, 20.0, 30.0], faithful=[0.75, 3.0, 2.5])},
         "hostile": {"quotes": result(1, **{"import": [1.0]}, floor=[0.5], faithful=[5.5]),
                     "line feeds": result(1, **{"import": [6.0]}, floor=[0.5])},
         "warm": result(500, **{"import": [0.003]}, floor=[0.001]),
@@ -60,7 +60,7 @@ class BoundsTest(unittest.TestCase):
             ("time ÷ floor", at): (2.0, "≤ 2", True),               # 4, 1, 2
             ("libcsv ÷ time", at): (3.0, "≥ 3", True),              # 5, 3, 2
             ("Python's csv ÷ time", at): (10.0, "≥ 10", True),      # 10, 10, 12
-            ("faithfully ÷ time", at): (1.5, "≤ 1.5", True),        # 1.5, 2, 1
+            ("faithfully ÷ floor", at): (1.5, "≤ 1.5", True),       # 1.5, 1.5, 2
             ("peak memory ÷ file", at): (1.5, "≤ 2.5", True),
             ("time a record, growth", grown): (2.0, "≤ 1.2", False),
             ("memory a record, growth", grown): (1.0, "≤ 1.2", True),
@@ -86,19 +86,19 @@ class PageTest(unittest.TestCase):
         self.assertNotEqual(page.rewritten(text, "new\n"), text)
 
     def test_what_is_measured(self):
-        keepassxc = {"sizes": {"200000": result(200_000, **{"import": [1.0]}, faithful=[1.5])},
+        keepassxc = {"sizes": {"200000": result(200_000, **{"import": [1.0]}, floor=[1.0], faithful=[1.5])},
                      "hostile": {"quotes": result(1, **{"import": [1.5]}, floor=[0.5])}}
         text = page.measured(DESCRIPTION, {"lastPass": within_bounds(), "keePassXC": keepassxc})
         for line in (
                 "## 2031-02-03, a machine",
                 "With g++ 1, Python 2.",
                 "| time ÷ floor | ≤ 2 | 2.00, LastPass, 200,000 records |",
-                "| faithfully ÷ time | ≤ 1.5 | 1.50, LastPass, 200,000 records |",
+                "| faithfully ÷ floor | ≤ 1.5 | 1.50, LastPass, 200,000 records |",
                 "| hostile: time ÷ floor | ≤ 10 | 9.00, LastPass, line feeds |",
                 "### 10,000 records",
                 "### 200,000 records",
-                "| LastPass | 20.0 MB | 2,000 ms | 2.00 | 3.00 (libcsv) | 10.0 | 1.50 | 1.50 |",
-                "| KeePassXC | 20.0 MB | 1,000 ms |  |  |  | 1.50 | 1.50 |",
+                "| LastPass | 20.0 MB | 2,000 ms | 2.00 | 3.00 (libcsv) | 10.0 | 1.00 | 1.50 |",
+                "| KeePassXC | 20.0 MB | 1,000 ms | 1.00 |  |  | 1.50 | 1.50 |",
                 "Everybody's time against size: [LastPass](benchmarks/lastPass.svg), "
                 "[KeePassXC](benchmarks/keePassXC.svg).",
                 "| quotes | 3.00, KeePassXC | 9.00, LastPass |",

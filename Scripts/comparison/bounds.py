@@ -77,7 +77,7 @@ def _by_size(store, results):
                 yield Verdict(f"{title} ÷ time", where, ratio(seconds, peer.name, "import"), peer.faster,
                               is_least=True)
         if "faithful" in seconds:
-            yield Verdict("faithfully ÷ time", where, ratio(seconds, "faithful", "import"), FAITHFUL)
+            yield Verdict("faithfully ÷ floor", where, ratio(seconds, "faithful", "floor"), FAITHFUL)
         if store.format in _PEAK:
             yield Verdict("peak memory ÷ file", where, _peak(sizes[size]) / sizes[size]["bytes"],
                           _PEAK[store.format])
