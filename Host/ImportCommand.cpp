@@ -44,7 +44,7 @@ std::unique_ptr<RecordsFormat> makeFormat(const ImportOptions& options, const Te
     case Format::summary:
         return std::make_unique<SummaryFormat>();
     case Format::table:
-        return std::make_unique<TableFormat>(terminal);
+        return std::make_unique<TableFormat>(terminal, doorOf(options));
     case Format::json:
         return std::make_unique<JSONFormat>(doorOf(options));
     case Format::tirel:

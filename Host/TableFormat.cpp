@@ -1,6 +1,7 @@
 #include "Host/TableFormat.hpp"
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <ostream>
 #include <span>
@@ -25,11 +26,24 @@ constexpr Column noteColumns[] = {{"TITLE"}, {"CONTENT"}};
 constexpr Column cardColumns[] = {{"NAME"},      {"HOLDER"},        {"NUMBER", true}, {"CVV", true},
                                   {"PIN", true}, {"EXPIRES", true}, {"NOTE"}};
 
+/// When a card expires, without the parts that are not known; through the first door as the source
+/// has all three.
+std::string expiryOf(const ImportedCardInfoProviding& card, Door door) {
+    std::string date;
+    for (const std::int64_t part :
+         {card.expirationDay(), card.expirationMonth(), card.expirationYear()}) {
+        if (part != 0 || door == Door::first) {
+            date += (date.empty() ? "" : ".") + std::to_string(part);
+        }
+    }
+    return date;
+}
+
 /// Makes the cells of records.
 class Cells {
 public:
-    Cells(const Masking& masking, std::size_t widest) noexcept
-        : _masking(masking), _widest(widest) {}
+    Cells(const Masking& masking, Door door, std::size_t widest) noexcept
+        : _masking(masking), _door(door), _widest(widest) {}
 
     [[nodiscard]] Row row(const ImportedPasswordInfoProviding& password) const {
         return {cell(loginService, password.service()), cell(loginUsername, password.username()),
@@ -42,14 +56,9 @@ public:
     }
 
     [[nodiscard]] Row row(const ImportedCardInfoProviding& card) const {
-        return {cell(cardName, card.custName()),
-                cell(cardHolder, card.holderName()),
-                cell(cardNumber, card.cardNumber()),
-                cell(cardCVV, card.cvv()),
-                cell(cardPIN, card.pin()),
-                {.text = std::to_string(card.expirationDay()) + '.' +
-                         std::to_string(card.expirationMonth()) + '.' +
-                         std::to_string(card.expirationYear())},
+        return {cell(cardName, card.custName()),     cell(cardHolder, card.holderName()),
+                cell(cardNumber, card.cardNumber()), cell(cardCVV, card.cvv()),
+                cell(cardPIN, card.pin()),           {.text = expiryOf(card, _door)},
                 cell(cardNote, card.note())};
     }
 
@@ -66,16 +75,17 @@ private:
     }
 
     const Masking& _masking;
+    Door _door;
     std::size_t _widest;
 };
 
 void writeTable(std::string_view title, std::span<const Column> columns, const auto& records,
-                const Masking& masking, const Terminal& terminal, std::ostream& out) {
+                const Masking& masking, Door door, const Terminal& terminal, std::ostream& out) {
     if (records.empty()) {
         return;
     }
     TextTable table(columns, terminal);
-    const Cells cells(masking, table.widest());
+    const Cells cells(masking, door, table.widest());
     for (const auto& record : records) {
         table.measure(cells.row(*record));
     }
@@ -93,9 +103,9 @@ void TableFormat::write(std::string_view path, const ImportedExport& imported,
                         const Masking& masking, std::ostream& out) {
     const ImportedRecords& records = *imported.records;
     out << styled(displayText(path), Style::bold, _terminal) << '\n';
-    writeTable("Passwords", passwordColumns, records.passwords, masking, _terminal, out);
-    writeTable("Notes", noteColumns, records.notes, masking, _terminal, out);
-    writeTable("Cards", cardColumns, records.cards, masking, _terminal, out);
+    writeTable("Passwords", passwordColumns, records.passwords, masking, _door, _terminal, out);
+    writeTable("Notes", noteColumns, records.notes, masking, _door, _terminal, out);
+    writeTable("Cards", cardColumns, records.cards, masking, _door, _terminal, out);
     if (records.passwords.empty() && records.notes.empty() && records.cards.empty()) {
         out << "\nno records\n";
     }

@@ -10,13 +10,14 @@ namespace Rellinor::Host {
 /// control character of theirs reaches either.
 class TableFormat final : public RecordsFormat {
 public:
-    explicit TableFormat(const Terminal& terminal) noexcept : _terminal(terminal) {}
+    TableFormat(const Terminal& terminal, Door door) noexcept : _terminal(terminal), _door(door) {}
 
     void write(std::string_view path, const ImportedExport& imported, const Masking& masking,
                std::ostream& out) override;
 
 private:
     Terminal _terminal;
+    Door _door;
 };
 
 } // namespace Rellinor::Host
