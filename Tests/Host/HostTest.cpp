@@ -173,6 +173,16 @@ TEST_F(HostTest, alignsATableByDisplayWidth) {
                                 "\n");
 }
 
+TEST_F(HostTest, showsOfAnExpiryWhatIsKnown) {
+    const std::string path = file(
+        "export.json",
+        R"({"logins":[],"notes":[],"cards":[{"cardNumber":"4","custName":"a","holderName":"b",)"
+        R"("cvv":"1","pin":"2","note":"","expirationDate":{"day":0,"month":3,"year":2027}}]})");
+    EXPECT_TRUE(rellinor({"import", "--format", "table", path}).out.contains(" 3.2027"));
+    EXPECT_TRUE(rellinor({"import", "--source", "tirel", "--format", "table", path})
+                    .out.contains(" 0.3.2027"));
+}
+
 TEST_F(HostTest, saysSoInATableWithoutRecords) {
     const std::string path = lastPassExport("");
     EXPECT_EQ(rellinor({"import", "--source", "lastPass", "--format", "table", path}).out,
