@@ -36,7 +36,7 @@ function(rellinor_test_program target)
 
     # To optimise what runs once took most of the time of building everything.
     target_compile_options(${target} PRIVATE -O0 -U_FORTIFY_SOURCE)
-    rellinor_precompile_headers(${target} <filesystem> <gtest/gtest.h>)
+    rellinor_precompile_headers(${target} UNOPTIMISED <gtest/gtest.h>)
     rellinor_unite(${target} ALONE ${arg_ALONE})
 
     if(NOT RELLINOR_SANITIZERS OR NOT arg_STATEMENTS)
