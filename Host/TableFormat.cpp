@@ -33,7 +33,8 @@ std::string expiryOf(const ImportedCardInfoProviding& card, Door door) {
     for (const std::int64_t part :
          {card.expirationDay(), card.expirationMonth(), card.expirationYear()}) {
         if (part != 0 || door == Door::first) {
-            date += (date.empty() ? "" : ".") + std::to_string(part);
+            date += date.empty() ? "" : ".";
+            date += std::to_string(part);
         }
     }
     return date;
