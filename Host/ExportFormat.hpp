@@ -15,7 +15,7 @@ public:
     void write(std::string_view /*path*/, const ImportedExport& /*imported*/,
                const Masking& /*masking*/, std::ostream& /*out*/) final {}
 
-    void keep(ImportedExport&& imported) final { _imports.push_back(std::move(imported)); }
+    void keep(ImportedExport imported) final { _imports.push_back(std::move(imported)); }
 
 protected:
     /// What was imported from all paths, for the end.

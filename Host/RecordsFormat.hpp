@@ -23,7 +23,7 @@ public:
                        const Masking& masking, std::ostream& out) = 0;
 
     /// Takes what was shown, where the format needs it for the end.
-    virtual void keep(ImportedExport&& /*imported*/) {}
+    virtual void keep(ImportedExport /*imported*/) {}
 
     /// Shows that nothing was imported, where the format has a place for that.
     ///

@@ -15,6 +15,7 @@ struct LayoutName {
     std::string_view description;
 };
 
+// NOLINTNEXTLINE(cppcoreguidelines-macro-usage): the list is one
 #define RELLINOR_LAYOUT_NAME(number, name, nameInC, ...) LayoutName{Layout::name, __VA_ARGS__},
 
 /// In the order of the numbers.

@@ -2,10 +2,13 @@
 
 namespace Rellinor {
 
+// NOLINTBEGIN(cppcoreguidelines-macro-usage): the list is one
 #define RELLINOR_NOTHING(...)
 #define RELLINOR_CASE(number, name, ...)                                                           \
     case Layout::name:                                                                             \
         return name;
+
+// NOLINTEND(cppcoreguidelines-macro-usage)
 
 CSVTables csvTablesOf(Layout layout) noexcept {
     switch (layout) {

@@ -30,13 +30,10 @@ CSVRecovery::Place CSVRecovery::read(std::size_t begin, CSVLine& line) {
         if ((isLast && _candidate && line.count() != _width) ||
             (!isLast && isNewCandidate && !fits(line.count(), delimiter + 1))) {
             place = giveUpCandidate(line);
-        } else if (isLast) {
-            return {.next = delimiter + 1, .isBehindRow = true};
+        } else if (isLast || (!_candidate && isWithoutQuotes(delimiter + 1))) {
+            return {.next = delimiter + 1, .isBehindRow = isLast};
         } else {
             place = delimiter + 1;
-            if (!_candidate && isWithoutQuotes(place)) {
-                return {.next = place};
-            }
         }
     }
 }

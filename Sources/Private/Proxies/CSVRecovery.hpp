@@ -35,7 +35,7 @@ public:
 
     /// How far a line was read.
     struct Place {
-        std::size_t next;         ///< where the next line begins, or the next cell
+        std::size_t next = 0;     ///< where the next line begins, or the next cell
         bool isBehindRow = false; ///< or else no quote is left in the line
     };
 
