@@ -45,13 +45,15 @@ std::expected<std::optional<FileContents>, FailureReason> contentsBeside(const s
     }
 }
 
+constexpr std::size_t sizeOfHeader = 100;
+
 /// How many bytes of a file SQLite would read: none but its beginning if the file is no database,
 /// and nothing behind its pages. The file's size if the header does not tell.
 std::uint64_t usedSizeOf(std::string_view header, std::uint64_t size) noexcept {
     using namespace std::string_view_literals;
     constexpr std::uint64_t largestPage = 65536;
 
-    if (!header.starts_with("SQLite format 3\0"sv)) {
+    if (header.size() < sizeOfHeader || !header.starts_with("SQLite format 3\0"sv)) {
         return header.size();
     }
     const auto numberAt = [&](std::size_t place, std::size_t digits) {
@@ -70,8 +72,6 @@ std::uint64_t usedSizeOf(std::string_view header, std::uint64_t size) noexcept {
 /// The bytes of a database beside which nothing lies.
 std::expected<FileContents, FailureReason> usedContentsOf(const std::string& path,
                                                           std::uint64_t mostBytes) {
-    constexpr std::size_t sizeOfHeader = 100;
-
     const auto file = OpenFile::at(path);
     if (!file) {
         return std::unexpected(reasonOf(file.error()));

@@ -215,6 +215,17 @@ TEST_F(SQLiteSnapshotTest, isMadeOfBytesInMemoryToo) {
         oneAndTwo);
 }
 
+TEST_F(SQLiteSnapshotTest, isMadeOfADatabaseThatEndsInItsHeader) {
+    leave(someRows);
+    const std::string bytes = contentsOf(path());
+    for (std::size_t size = 0; size <= 101; ++size) {
+        const std::string part = folder().file("part", bytes.substr(0, size));
+        EXPECT_EQ(copyOf(readAs(ImportSource::chrome, part).records), Outcome{}) << size;
+        const ReadOptions options{.as = Layout::chromiumLogins, .onProgress = {}, .limits = {}};
+        EXPECT_FALSE(readExport(ExportFile::atPath(part), options).records) << size;
+    }
+}
+
 TEST_F(SQLiteSnapshotTest, isNotMadeOfMoreBytesThanItMayHave) {
     leave({"PRAGMA journal_mode = WAL", "PRAGMA wal_autocheckpoint = 0", someRows[0], someRows[1]});
     const ExportFile file = ExportFile::atPath(path());
