@@ -23,6 +23,7 @@ public:
                        const Masking& masking, std::ostream& out) = 0;
 
     /// Takes what was shown, where the format needs it for the end.
+    // NOLINTNEXTLINE(performance-unnecessary-value-param): who keeps it takes it over
     virtual void keep(ImportedExport /*imported*/) {}
 
     /// Shows that nothing was imported, where the format has a place for that.
