@@ -37,6 +37,13 @@ std::uint32_t numberAt(std::string_view bytes, std::size_t place) noexcept {
     return number;
 }
 
+std::uint32_t pageSizeOf(std::string_view database) noexcept {
+    constexpr std::size_t placeOfPageSize = 16;
+
+    const std::uint32_t size = numberAt(database, placeOfPageSize) >> 16U;
+    return size == 1 ? largestPageOfDatabase : size;
+}
+
 JournalPart JournalPart::at(std::string_view journal, std::size_t place) noexcept {
     return {.pages = numberAt(journal, place + 8),
             .seed = numberAt(journal, place + 12),

@@ -20,6 +20,9 @@ inline constexpr std::string_view magicOfJournal = "\xD9\xD5\x05\xF9\x20\xA1\x63
 /// Four bytes, the high one first; 0 if they are not all there.
 [[nodiscard]] std::uint32_t numberAt(std::string_view bytes, std::size_t place) noexcept;
 
+/// How large the header of a database says that its pages are; 0 if the header is cut short.
+[[nodiscard]] std::uint32_t pageSizeOf(std::string_view database) noexcept;
+
 /// A part of a journal: a header that takes a sector, and pages as they were.
 struct JournalPart {
     static constexpr std::size_t sizeOfHeader = 28;

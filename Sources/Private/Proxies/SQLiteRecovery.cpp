@@ -12,8 +12,6 @@ namespace Rellinor {
 
 namespace {
 
-constexpr std::size_t placeOfPageSize = 16; // in a database
-
 bool isPowerOfTwoFrom(std::uint32_t least, std::uint32_t number) noexcept {
     return number >= least && number <= largestPageOfDatabase && std::has_single_bit(number);
 }
@@ -167,11 +165,6 @@ LogFrames framesOf(std::string_view log, std::size_t sizeOfFrame, LogSum sum) no
         }
     }
     return frames;
-}
-
-std::uint32_t pageSizeOf(std::string_view database) noexcept {
-    const std::uint32_t size = numberAt(database, placeOfPageSize) >> 16U;
-    return size == 1 ? largestPageOfDatabase : size;
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "Private/Proxies/ExportContents.hpp"
+#include "Private/Proxies/SQLiteJournal.hpp"
 #include "Private/Proxies/SQLiteRecovery.hpp"
 
 namespace Rellinor {
@@ -51,22 +52,13 @@ constexpr std::size_t sizeOfHeader = 100;
 /// and nothing behind its pages. The file's size if the header does not tell.
 std::uint64_t usedSizeOf(std::string_view header, std::uint64_t size) noexcept {
     using namespace std::string_view_literals;
-    constexpr std::uint64_t largestPage = 65536;
 
     if (header.size() < sizeOfHeader || !header.starts_with("SQLite format 3\0"sv)) {
         return header.size();
     }
-    const auto numberAt = [&](std::size_t place, std::size_t digits) {
-        std::uint64_t number = 0;
-        for (const char byte : header.substr(place, digits)) {
-            number = number << 8U | static_cast<unsigned char>(byte);
-        }
-        return number;
-    };
-    const std::uint64_t pageSize = numberAt(16, 2) == 1 ? largestPage : numberAt(16, 2);
-    const std::uint64_t pages = numberAt(28, 4);
-    const bool isTold = pages > 0 && numberAt(24, 4) == numberAt(92, 4);
-    return isTold ? std::min(size, pages * pageSize) : size;
+    const std::uint64_t pages = numberAt(header, 28);
+    const bool isTold = pages > 0 && numberAt(header, 24) == numberAt(header, 92);
+    return isTold ? std::min(size, pages * pageSizeOf(header)) : size;
 }
 
 /// The bytes of a database beside which nothing lies.
